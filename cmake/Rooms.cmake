@@ -1,0 +1,61 @@
+# Rooms: the program's layers, one static library each. A room may include and call what it uses,
+# directly or through others, and nothing else; the configure step refuses an arrow back.
+
+# paramgen_room(<directory> [USES <directory>...] [EXCEPT <file>...])
+# Makes the library of a room from the sources of its directory.
+function(paramgen_room directory)
+  cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})
+  string(REPLACE "/" "_" target "${directory}")
+  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.cpp")
+  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.h")
+  foreach(file IN LISTS ROOM_EXCEPT)
+    list(REMOVE_ITEM sources "${PROJECT_SOURCE_DIR}/${directory}/${file}")
+  endforeach()
+
+  add_library(${target} STATIC ${sources} ${headers})
+  target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${target} PRIVATE paramgen_program_flags)
+
+  set(visible "${directory}")
+  foreach(used IN LISTS ROOM_USES)
+    string(REPLACE "/" "_" used_target "${used}")
+    target_link_libraries(${target} PUBLIC ${used_target})
+    get_target_property(behind ${used_target} PARAMGEN_VISIBLE)
+    list(APPEND visible ${behind})
+  endforeach()
+  list(REMOVE_DUPLICATES visible)
+  set_target_properties(${target} PROPERTIES PARAMGEN_VISIBLE "${visible}")
+  paramgen_check_includes("${visible}" ${sources} ${headers})
+endfunction()
+
+# Fails when a file includes a header from a directory that is not in `visible`.
+function(paramgen_check_includes visible)
+  foreach(file IN LISTS ARGN)
+    set_property(DIRECTORY "${PROJECT_SOURCE_DIR}" APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${file}")
+    file(STRINGS "${file}" includes REGEX "^#include \"")
+    foreach(include IN LISTS includes)
+      string(REGEX REPLACE "^#include \"(.*)/[^/]*\".*" "\\1" room "${include}")
+      if(NOT room IN_LIST visible)
+        message(FATAL_ERROR "${file}: ${include}: not below this room (sees: ${visible})")
+      endif()
+    endforeach()
+  endforeach()
+endfunction()
+
+# paramgen_program(<name> <source>... USES <directory>...)
+# Makes a program that needs nothing but libc: it is linked as a C program is.
+function(paramgen_program name)
+  cmake_parse_arguments(PROGRAM "" "" "USES" ${ARGN})
+  add_executable(${name} ${PROGRAM_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE paramgen_program_flags)
+  foreach(used IN LISTS PROGRAM_USES)
+    string(REPLACE "/" "_" used_target "${used}")
+    target_link_libraries(${name} PRIVATE ${used_target})
+  endforeach()
+  target_link_options(${name} PRIVATE -Wl,--gc-sections -Wl,--as-needed)
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE C)
+endfunction()
+
+# Linking with the C compiler must not bring the C++ libraries back.
+set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")
+set(CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES "")

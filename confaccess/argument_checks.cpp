@@ -1,0 +1,65 @@
+#include "confaccess/argument_checks.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "confaccess/confaccess.h"
+
+namespace paramgen {
+namespace {
+
+bool IsShorter(const char* text, std::size_t limit) {
+    return strnlen(text, limit) < limit;
+}
+
+}  // namespace
+
+bool IsNullArgument(const void* pointer, const char* function, CheckLine line,
+                    const char* argument) {
+    if (pointer == nullptr) {
+        std::printf("func:%s,line:%d,pointer[%s] is null\n", function, line, argument);
+    }
+    return pointer == nullptr;
+}
+
+bool IsFalseExpression(bool holds, const char* function, CheckLine line, const char* expression) {
+    if (!holds) {
+        std::printf("func:%s,line:%d,expr[%s] false\n", function, line, expression);
+    }
+    return !holds;
+}
+
+bool IsLongConfigName(const char* cfgName, const char* function, CheckLine line) {
+    return IsFalseExpression(
+        IsShorter(cfgName, QX_CONFACCESS_NAME_MAX_LEN), function, line,
+        "strnlen(cfgName, QX_CONFACCESS_NAME_MAX_LEN) < QX_CONFACCESS_NAME_MAX_LEN");
+}
+
+bool IsLongModuleName(const char* module, const char* function, CheckLine line) {
+    return IsFalseExpression(
+        IsShorter(module, QX_CONFACCESS_NAME_MAX_LEN), function, line,
+        "strnlen(module, QX_CONFACCESS_NAME_MAX_LEN) < QX_CONFACCESS_NAME_MAX_LEN");
+}
+
+bool IsLongKey(const char* confItem, const char* function, CheckLine line) {
+    return IsFalseExpression(
+        IsShorter(confItem, QX_CONFACCESS_KEY_MAX_LEN), function, line,
+        "strnlen(confItem, QX_CONFACCESS_KEY_MAX_LEN) < QX_CONFACCESS_KEY_MAX_LEN");
+}
+
+bool IsLongPath(const char* cfgPath, const char* function, CheckLine line) {
+    return IsFalseExpression(
+        IsShorter(cfgPath, QX_CONFACCESS_PATH_MAX_LEN), function, line,
+        "strnlen(cfgPath, QX_CONFACCESS_PATH_MAX_LEN) < QX_CONFACCESS_PATH_MAX_LEN");
+}
+
+void TellFormatFailed(const char* function, CheckLine line) {
+    std::printf("[%s]%d: %s\n", function, line, "snprintf_s");
+}
+
+void TellErrorCode(const char* function, CheckLine line, Status code) {
+    std::printf("func:%s,line:%d,Error Code: [0x%08X]\n\n", function, line,
+                static_cast<std::uint32_t>(code));
+}
+
+}  // namespace paramgen

@@ -1,0 +1,33 @@
+/// Argument checks of configuration access, told on standard output.
+#pragma once
+
+#include <cstddef>
+
+#include "confaccess/status.h"
+
+namespace paramgen {
+
+/// Where a check stands: the line that its message names.
+using CheckLine = int;
+
+/// Whether `pointer` is null; tells so, naming the argument.
+bool IsNullArgument(const void* pointer, const char* function, CheckLine line,
+                    const char* argument);
+
+/// Whether a check has failed; tells so, quoting the expression that should hold.
+bool IsFalseExpression(bool holds, const char* function, CheckLine line, const char* expression);
+
+/// Whether the name of a configuration, the name of a module, a key or a path has too many
+/// characters for its buffer; tells so.
+bool IsLongConfigName(const char* cfgName, const char* function, CheckLine line);
+bool IsLongModuleName(const char* module, const char* function, CheckLine line);
+bool IsLongKey(const char* confItem, const char* function, CheckLine line);
+bool IsLongPath(const char* cfgPath, const char* function, CheckLine line);
+
+/// Tells that a text did not fit its buffer.
+void TellFormatFailed(const char* function, CheckLine line);
+
+/// Tells that an inner step failed with `code`.
+void TellErrorCode(const char* function, CheckLine line, Status code);
+
+}  // namespace paramgen

@@ -1,0 +1,52 @@
+/// INI reader: one file into one dictionary.
+///
+/// The grammar, line by line (at most 1022 characters and a newline each):
+/// - a ';' anywhere cuts the line; what remains is stripped of white space; an empty line and one
+///   that begins with '#' count for nothing;
+/// - "[name]" makes `name` the current section (none at first) and a key of its own, without value;
+/// - "key = value" gives "section:key" its value. A value in single or double quotes is kept as it
+///   stands between them; any other ends before a '#' and is stripped, and a pair of quotes alone
+///   is the empty value, as is nothing at all;
+/// - any other line is a syntax error, and a file with one yields no dictionary.
+/// Section and key names are stored in lower case. Where a key comes twice, the last one counts.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "confaccess/dictionary.h"
+
+namespace paramgen {
+
+/// What went wrong last in this reader. Kept for the eye of a debugger; nothing depends on it. (3
+/// and 4, a dictionary that cannot grow or take a key, end in 7 at once.)
+enum class IniError : std::int32_t {
+    kNone = 0,
+    kNullArgument = 1,
+    kNoDictionary = 2,
+    kSyntax = 6,  ///< or an over-long line
+    kLoadNotInserted = 7,
+};
+
+/// The last error of the INI reader in this process.
+IniError LastIniError();
+
+/// Destroys a dictionary made by `LoadIniFile`.
+struct DictionaryDeleter {
+    void operator()(Dictionary* dictionary) const;
+};
+using DictionaryPtr = std::unique_ptr<Dictionary, DictionaryDeleter>;
+
+/// Reads the file at `path`. Returns its dictionary, or null when the file cannot be opened or
+/// read, a line is too long or no valid line, or memory runs out. A directory reads as an empty
+/// file.
+DictionaryPtr LoadIniFile(const char* path);
+
+/// The value of `key` ("section:key", in any case; only its first 1024 characters count), or
+/// `defaultValue` when there is no such key. The key of a section has a null value.
+const char* FindText(const Dictionary& dictionary, const char* key, const char* defaultValue);
+
+/// The value of `key` as an integer in prefixed notation, or `defaultValue` when it has none.
+std::int32_t FindInteger(const Dictionary& dictionary, const char* key, std::int32_t defaultValue);
+
+}  // namespace paramgen

@@ -1,0 +1,23 @@
+/// Loads the modules of a configuration, as its entry file lists them.
+#pragma once
+
+#include "confaccess/registry.h"
+
+namespace paramgen {
+
+/// Reads the number of modules from the entry dictionary of `config` and loads each into its module
+/// list; called under the configuration's lock. A module that cannot be read is left out.
+/// Returns `kNoModuleCount`, or the code of the module that makes the configuration invalid:
+/// `kOutOfMemory`, `kModuleIncomplete` or `kModuleRepeated`; the modules before it stay in the
+/// list.
+[[nodiscard]] Status CONFACCESS_ModuleInfo(ConfigEntry* config);
+
+/// Stores the directory part of `path`, as POSIX dirname gives it, in `directory`, which holds
+/// `size` bytes. Returns `kBadArgument` when it has more than 254 characters, `kFailed` when it
+/// does not fit `directory`; both are logged.
+[[nodiscard]] Status CONFACCESS_GetDirName(const char* path, char* directory, std::size_t size);
+
+/// Frees every module of `config`.
+void CONFACCESS_DelModuleList(ConfigEntry* config);
+
+}  // namespace paramgen

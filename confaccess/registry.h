@@ -1,0 +1,49 @@
+/// What is registered: configurations, and the modules of each.
+#pragma once
+
+#include <pthread.h>
+
+#include <cstdint>
+
+#include "confaccess/confaccess.h"
+#include "confaccess/ini_reader.h"
+#include "confaccess/list.h"
+
+namespace paramgen {
+
+/// The module tag of configuration access in the library log.
+inline constexpr char kConfAccessTag[] = "QXCONFACCE";
+
+/// One module of a configuration: an INI file and what it holds.
+struct ModuleEntry : ListLink {
+    char name[QX_CONFACCESS_NAME_MAX_LEN];
+    char path[QX_CONFACCESS_PATH_MAX_LEN];  ///< its directory, without '/' at the end unless "/"
+    char file[QX_CONFACCESS_PATH_MAX_LEN];  ///< its INI file: path, '/' and file name
+    DictionaryPtr dictionary;
+};
+
+/// One registered configuration.
+struct ConfigEntry : ListLink {
+    char cfgName[QX_CONFACCESS_NAME_MAX_LEN];
+    char configPath[QX_CONFACCESS_PATH_MAX_LEN];  ///< canonical absolute path of the entry file
+    ListLink modules;                             ///< `ModuleEntry`s, newest first
+    char entryFile[QX_CONFACCESS_PATH_MAX_LEN];   ///< the path that was parsed
+    DictionaryPtr entryDictionary;
+    pthread_mutex_t lock;  ///< guards the modules and the dictionaries
+};
+
+/// The registered configuration of that name (at most 128 characters are compared), or null. The
+/// registry keeps owning it.
+ConfigEntry* FindConfig(const char* cfgName);
+
+/// The module of that name (at most 128 characters are compared) in `config`, or null; called under
+/// the configuration's lock.
+ModuleEntry* FindModule(ConfigEntry* config, const char* module);
+
+/// The number of registered configurations.
+extern std::int32_t g_confAccessCount;
+
+/// The list of the registered `ConfigEntry`s, newest first.
+extern ListLink g_configs;
+
+}  // namespace paramgen

@@ -1,0 +1,47 @@
+#include "generator/image.h"
+
+#include "param/common/modules.h"
+#include "safestr/safestr.h"
+
+namespace paramgen {
+namespace {
+
+constexpr Field kHeaderFields[] = {
+    CONSTANT(ImageHeader, magic, kImageMagic),
+    CONSTANT(ImageHeader, totalSize, sizeof(ParamImage)),
+    RESERVED(ImageHeader, reserved),
+};
+constexpr TableOf<ImageHeader> kHeaderTable{nullptr, kHeaderFields};
+
+constexpr Field kTailFields[] = {
+    CONSTANT(ImageTail, mark, kTailMark),
+    CONSTANT(ImageTail, zero, 0),
+};
+constexpr TableOf<ImageTail> kTailTable{nullptr, kTailFields};
+
+constexpr Field kImageFields[] = {
+    RECORD(ParamImage, header, kHeaderTable),
+    RECORD(ParamImage, tail, kTailTable),
+    RECORD(ParamImage, devMng, kDevMngTable).From(kDevMngModule),
+    RECORD(ParamImage, fileMng, kFileMngTable).From(kFileMngModule),
+    RESERVED(ParamImage, mediaComm),
+    RESERVED(ParamImage, workMode),
+    RESERVED(ParamImage, valueSet),
+    RESERVED(ParamImage, cam),
+    RESERVED(ParamImage, gap),
+};
+
+}  // namespace
+
+constexpr TableOf<ParamImage> kImageTable{nullptr, kImageFields};
+
+ParamImage g_image;
+
+void BuildFrame(ParamImage* image) {
+    static_cast<void>(memset_s(image, sizeof *image, 0, sizeof *image));
+    image->header.magic = kImageMagic;
+    image->header.totalSize = sizeof *image;
+    image->tail.mark = kTailMark;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,70 @@
+#include "log/console_log.h"
+
+#include <cstdarg>
+#include <cstdio>
+
+#include "log/wall_clock.h"
+
+namespace paramgen {
+namespace {
+
+constexpr std::uint32_t kLevelMax = kConsoleDebug;
+
+constexpr const char* kLevelTexts[kLevelMax + 1] = {
+    "\033[1;35mFATAL\033[m",  // bold magenta
+    "",                       // level 1 has no name
+    "\033[1;31mERROR\033[m",  // bold red
+    "\033[1;33mWARN\033[m",   // bold yellow
+    "\033[1;32mINFO\033[m",   // bold green
+    "DEBUG",
+};
+
+struct Settings {
+    std::uint32_t level;
+    bool enabled;
+    bool timeStamps;
+};
+
+Settings g_settings = {.level = kConsoleInfo, .enabled = true, .timeStamps = true};
+
+const char* OrEmpty(const char* text) {
+    return text == nullptr ? "" : text;
+}
+
+void PrintPrefix(std::uint32_t level, const char* module, const char* function,
+                 std::uint32_t line) {
+    if (!g_settings.timeStamps) {
+        std::printf("\033[m[%s-%s]:%s[%u]:", kLevelTexts[level], module, function, line);
+        return;
+    }
+    const WallClock now = ReadWallClock();
+    std::printf("\033[m[%02d:%02d:%02d:%03lld %s-%s]:%s[%u]:", now.hour, now.minute, now.second,
+                now.millisecond, kLevelTexts[level], module, function, line);
+}
+
+}  // namespace
+
+void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint32_t level) {
+    if (level > kLevelMax) {
+        std::puts("level is invalid");
+        return;
+    }
+    g_settings = {.level = level, .enabled = enabled != 0, .timeStamps = timeStamps != 0};
+}
+
+void ConsoleLogPrint(std::uint32_t level, const char* module, const char* function,
+                     std::uint32_t line, const char* format, ...) {
+    if (level > g_settings.level || !g_settings.enabled) {
+        return;
+    }
+    PrintPrefix(level, OrEmpty(module), OrEmpty(function), line);
+    if (format == nullptr) {
+        return;
+    }
+    std::va_list args;
+    va_start(args, format);
+    std::vprintf(format, args);
+    va_end(args);
+}
+
+}  // namespace paramgen

@@ -1,0 +1,251 @@
+#include "param/common/field.h"
+
+#include <cstring>
+#include <limits>
+
+#include "confaccess/confaccess.h"
+#include "param/common/key.h"
+#include "param/common/param_log.h"
+#include "param/common/readers.h"
+
+namespace paramgen {
+namespace {
+
+/// One row on its way into a record.
+struct Load {
+    const CallSite& site;
+    const char* module;
+    const char* node;  ///< the row's own, or the loader's
+    const char* item;  ///< the row's key, its number in place
+    const Field& field;
+    std::byte* dest;
+};
+
+void LogNotFormatted(const CallSite& site) {
+    ConsoleLogPrint(kConsoleError, kParamTag, site.function, site.line, "[%s] failed\n",
+                    "sprintf_s");
+}
+
+Status LogFailed(const CallSite& site, const char* label, Status status) {
+    ConsoleLogPrint(kConsoleError, kParamTag, site.function, site.line, "[%s] failed[0x%08X]\n",
+                    label, static_cast<std::uint32_t>(status));
+    return status;
+}
+
+template <typename Value>
+void Store(std::byte* dest, Value value) {
+    std::memcpy(dest, &value, sizeof value);
+}
+
+/// Stores a number in the width of the row's member.
+void StoreNumber(const Field& field, std::byte* dest, std::int32_t number) {
+    switch (field.kind) {
+        case FieldKind::kUint8:
+            Store(dest, static_cast<std::uint8_t>(number));
+            break;
+        case FieldKind::kInt16:
+            Store(dest, static_cast<std::int16_t>(number));
+            break;
+        case FieldKind::kUint64:
+            Store(dest, static_cast<std::int64_t>(number));
+            break;
+        default:
+            Store(dest, number);
+            break;
+    }
+}
+
+bool FitsInt16(std::int32_t number) {
+    return number >= std::numeric_limits<std::int16_t>::min() &&
+           number <= std::numeric_limits<std::int16_t>::max();
+}
+
+Status LogOutOfRange(const CallSite& site) {
+    ConsoleLogPrint(kConsoleError, kParamTag, site.function, site.line, "value is out of range");
+    return kFailed;
+}
+
+Status ReadBool(const Load& load) {
+    Bool32 value = kFalse;
+    const Status status = PDT_INIPARAM_LoadBoolValueByNodePrefix(
+        load.module, load.node, load.item, static_cast<Bool32>(load.field.defaultValue), &value);
+    if (status == kOk) {
+        Store(load.dest, value);
+    }
+    return status;
+}
+
+Status ReadUint(const Load& load) {
+    std::uint32_t value = 0;
+    const Status status = PDT_INIPARAM_LoadUintValueByNodePrefix(load.module, load.node, load.item,
+                                                                 load.field.defaultValue, &value);
+    if (status == kOk) {
+        Store(load.dest, value);
+    }
+    return status;
+}
+
+/// Reads a text under its complete key, which the loader puts together.
+Status ReadText(const Load& load, const char* fullKey) {
+    return PDT_INIPARAM_LoadStringValue(load.module, fullKey, reinterpret_cast<char*>(load.dest),
+                                        load.field.size);
+}
+
+/// Reads one row through its typed reader, and labels a failure as the row says.
+Status LoadThroughReader(const Load& load) {
+    Key fullKey;
+    const int length = fullKey.Format("%s:%s", load.node, load.item);
+    std::int32_t number = 0;
+    Status status = kOk;
+    switch (load.field.kind) {
+        case FieldKind::kText:
+            if (length == -1) {
+                LogNotFormatted(load.site);
+                return kFailed;
+            }
+            status = ReadText(load, fullKey.c_str());
+            break;
+        case FieldKind::kBool:
+            status = ReadBool(load);
+            break;
+        case FieldKind::kUint32:
+            status = ReadUint(load);
+            break;
+        default:
+            status = PDT_INIPARAM_LoadIntValueByNodePrefix(load.module, load.node, load.item,
+                                                           load.field.defaultValue, &number);
+            if (status == kOk && load.field.kind == FieldKind::kInt16 && !FitsInt16(number)) {
+                return LogOutOfRange(load.site);
+            }
+            if (status == kOk) {
+                StoreNumber(load.field, load.dest, number);
+            }
+            break;
+    }
+    if (status == kOk) {
+        return kOk;
+    }
+    const char* label = load.field.fullLabel ? fullKey.c_str() : load.item;
+    return LogFailed(load.site, load.field.label != nullptr ? load.field.label : label, status);
+}
+
+/// Queries a name and stores its number; an absent key leaves the member as it is.
+Status QueryName(const Load& load, const char* fullKey) {
+    QueriedText name;
+    Status status = QueryText(load.module, fullKey, &name);
+    std::int32_t number = 0;
+    if (status == kOk && name != nullptr) {
+        status = load.field.lookup(name.get(), &number);
+        if (status == kOk) {
+            Store(load.dest, number);
+        }
+    }
+    return status;
+}
+
+Status QueryFloat(const Load& load, const char* fullKey) {
+    double value = 0.0;
+    const Status status = ZV_CONFACCESS_GetDouble(kProductConfig, load.module, fullKey,
+                                                  load.field.defaultValue, &value);
+    if (status == kOk) {
+        Store(load.dest, static_cast<float>(value));
+    }
+    return status;
+}
+
+Status QueryNumber(const Load& load, const char* fullKey) {
+    const auto query =
+        load.field.kind == FieldKind::kBool ? ZV_CONFACCESS_GetBool : ZV_CONFACCESS_GetInt;
+    std::int32_t number = 0;
+    const Status status =
+        query(kProductConfig, load.module, fullKey, load.field.defaultValue, &number);
+    if (status == kOk) {
+        StoreNumber(load.field, load.dest, number);
+    }
+    return status;
+}
+
+/// Queries one row directly; its failure is labelled with the full key.
+Status LoadThroughQuery(const Load& load) {
+    Key fullKey;
+    if (fullKey.Format("%s:%s", load.node, load.item) == -1) {
+        LogNotFormatted(load.site);
+        return kFailed;
+    }
+    Status status = kOk;
+    switch (load.field.kind) {
+        case FieldKind::kName:
+            status = QueryName(load, fullKey.c_str());
+            break;
+        case FieldKind::kFloat:
+            status = QueryFloat(load, fullKey.c_str());
+            break;
+        default:
+            status = QueryNumber(load, fullKey.c_str());
+            break;
+    }
+    return status == kOk ? kOk : LogFailed(load.site, fullKey.c_str(), status);
+}
+
+/// Puts an element's number into a key template.
+int FormatItem(Key* item, const char* key, std::uint32_t index) {
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+    // A row's template takes one number at most, which the row's construction checks.
+    return item->Format(key, index);
+#pragma GCC diagnostic pop
+}
+
+}  // namespace
+
+Status LoadField(const CallSite& site, const char* module, const char* node, const Field& field,
+                 std::uint32_t index, void* record) {
+    std::byte* start = static_cast<std::byte*>(record);
+    std::byte* dest = start + field.offset;
+    switch (field.source) {
+        case FieldSource::kConstant:
+            StoreNumber(field, dest, field.defaultValue);
+            return kOk;
+        case FieldSource::kCopy:
+            std::memcpy(dest, start + field.defaultValue, field.size);
+            return kOk;
+        case FieldSource::kReader:
+        case FieldSource::kQuery:
+            break;
+        default:
+            return kOk;
+    }
+    Key item;
+    if (FormatItem(&item, field.key, index) == -1) {
+        LogNotFormatted(site);
+        return kFailed;
+    }
+    const Load load = {.site = site,
+                       .module = module,
+                       .node = field.ownNode ? field.node : node,
+                       .item = item.c_str(),
+                       .field = field,
+                       .dest = field.isArray ? dest + std::size_t{index} * field.size : dest};
+    return field.source == FieldSource::kReader ? LoadThroughReader(load) : LoadThroughQuery(load);
+}
+
+int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t index) {
+    Key item;
+    if (FormatItem(&item, field.key, index) == -1) {
+        return -1;
+    }
+    return key->Format("%s:%s", field.ownNode ? field.node : node, item.c_str());
+}
+
+Status LoadFields(const CallSite& site, const char* module, const char* node,
+                  std::span<const Field> fields, void* record) {
+    for (const Field& field : fields) {
+        const Status status = LoadField(site, module, node, field, 0, record);
+        if (status != kOk) {
+            return status;
+        }
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

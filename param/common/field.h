@@ -1,0 +1,329 @@
+/// Field tables: what every byte of the image is, and where it comes from.
+///
+/// The table of a record lists its rows in reading order. A row binds a member to its key, its
+/// default and, where that is not the key, the label of its failures; offset, width and reader
+/// follow from the member and its type. Members without a key have rows too: constants, copies,
+/// reserved bytes and nested records. A table whose rows do not cover every byte of its record
+/// exactly once does not compile.
+///
+/// Rows are written with the macros at the end of this file, each of which may be followed by:
+/// - `.At(node)`: the key stands under this very node, wherever the loader is; its label is then
+///   "node:key";
+/// - `.Label(text)`: the label is `text`; `.FullLabel()`: it is the key with its node;
+/// - `.Under(node)`: the loader reads the row under this node template, not under the record's;
+///   for a nested record: the prefix that it is given;
+/// - `.From(module)`: the loader reads the row, or the nested record, from this module.
+///
+/// In the templates of keys, nodes and modules, "%s" is the prefix that the record was given, and
+/// "%d" and "%u" are the numbers of the array elements that lead to the value, the innermost last.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <type_traits>
+
+#include "param/common/field_traits.h"
+#include "param/common/key.h"
+
+namespace paramgen {
+
+/// Who gives a member its value.
+enum class FieldSource : std::uint8_t {
+    kReader,    ///< a typed reader: it logs a failure, then the loader does with the row's label
+    kQuery,     ///< a query of its own: a failure is logged once, with the full key
+    kLoader,    ///< the loader, in its own way
+    kConstant,  ///< always the row's default
+    kCopy,      ///< another member
+    kTable,     ///< the rows of a nested table
+    kNobody,    ///< reserved: stays zero
+};
+
+struct RecordTable;
+
+/// One row.
+struct Field {
+    const char* key;     ///< item name or its template; null when there is none
+    const char* node;    ///< where it stands, if not under the record's node; see `ownNode`
+    const char* module;  ///< where it comes from, if not from the record's module
+    const char* label;   ///< failure label; null: the item name, after its node if `fullLabel`
+    union {
+        NameLookup lookup;         ///< kName
+        const RecordTable* table;  ///< kRecord
+    };
+    std::int32_t defaultValue;  ///< of an absent key; kConstant: the value; kCopy: the offset of
+                                ///< what is copied
+    std::uint16_t offset;       ///< of the first element, in bytes from the record's start
+    std::uint16_t size;         ///< of one element, in bytes
+    std::uint16_t count;        ///< number of elements, 1 when the member is no array
+    FieldKind kind;
+    FieldSource source;
+    bool isArray;  ///< an element's number belongs to the numbers that templates take
+    bool ownNode;  ///< `node` is the very node, whatever node the loader is at
+    bool fullLabel;
+
+    constexpr Field At(const char* veryNode) const {
+        Field row = *this;
+        row.node = veryNode;
+        row.ownNode = true;
+        row.fullLabel = true;
+        return row;
+    }
+    constexpr Field Label(const char* text) const {
+        Field row = *this;
+        row.label = text;
+        return row;
+    }
+    constexpr Field FullLabel() const {
+        Field row = *this;
+        row.fullLabel = true;
+        return row;
+    }
+    constexpr Field Under(const char* nodeTemplate) const {
+        Field row = *this;
+        row.node = nodeTemplate;
+        return row;
+    }
+    constexpr Field From(const char* moduleTemplate) const {
+        Field row = *this;
+        row.module = moduleTemplate;
+        return row;
+    }
+};
+
+/// The rows of one record.
+struct RecordTable {
+    const char* node;               ///< template of the record's node; null: the prefix it is given
+    std::span<const Field> fields;  ///< in reading order
+    std::uint32_t size;             ///< of the record, in bytes
+};
+
+namespace field_detail {
+
+// Never defined: a compiler that has to evaluate one of these names the mistake in a table.
+void ARowOverlapsAnother();
+void TheRowsLeaveBytesOut();
+void NoSuchRowsInThisOrder();
+void TheKeyTakesMoreThanOneNumber();
+void ThisKindHasNoDefault();
+void NoReaderStoresThisKind();
+void NoQueryStoresThisKind();
+
+/// A member element by element; a text is one element.
+template <typename Member>
+struct Shape {
+    using Element = Member;
+    static constexpr std::uint16_t kCount = 1;
+    static constexpr bool kIsArray = false;
+};
+template <typename T, std::size_t N>
+requires(!std::is_same_v<T, char> && !std::is_same_v<T, std::byte>) struct Shape<T[N]> {
+    using Element = T;
+    static constexpr std::uint16_t kCount = N;
+    static constexpr bool kIsArray = true;
+};
+
+template <typename Member>
+constexpr Field Row(std::size_t offset, FieldKind kind, FieldSource source) {
+    return {.key = nullptr,
+            .node = nullptr,
+            .module = nullptr,
+            .label = nullptr,
+            .lookup = nullptr,
+            .defaultValue = 0,
+            .offset = static_cast<std::uint16_t>(offset),
+            .size = sizeof(typename Shape<Member>::Element),
+            .count = Shape<Member>::kCount,
+            .kind = kind,
+            .source = source,
+            .isArray = Shape<Member>::kIsArray,
+            .ownNode = false,
+            .fullLabel = false};
+}
+
+constexpr int CountNumbers(const char* key) {
+    int count = 0;
+    for (; *key != '\0'; ++key) {
+        count += *key == '%' ? 1 : 0;
+    }
+    return count;
+}
+
+template <typename Member>
+constexpr Field KeyRow(FieldSource source, std::size_t offset, const char* key,
+                       std::int32_t defaultValue = 0) {
+    using Traits = FieldTraits<typename Shape<Member>::Element>;
+    if (CountNumbers(key) > 1) {
+        TheKeyTakesMoreThanOneNumber();
+    }
+    if (defaultValue != 0 &&
+        (Traits::kKind == FieldKind::kText || Traits::kKind == FieldKind::kName)) {
+        ThisKindHasNoDefault();
+    }
+    if (source == FieldSource::kReader &&
+        (Traits::kKind == FieldKind::kUint64 || Traits::kKind == FieldKind::kFloat ||
+         Traits::kKind == FieldKind::kName)) {
+        NoReaderStoresThisKind();
+    }
+    if (source == FieldSource::kQuery &&
+        (Traits::kKind == FieldKind::kText || Traits::kKind == FieldKind::kInt16)) {
+        NoQueryStoresThisKind();
+    }
+    Field row = Row<Member>(offset, Traits::kKind, source);
+    row.key = key;
+    row.lookup = Traits::Lookup;
+    row.defaultValue = defaultValue;
+    return row;
+}
+
+template <typename Member>
+constexpr Field ConstantRow(std::size_t offset, std::int32_t value) {
+    Field row = Row<Member>(offset, FieldTraits<Member>::kKind, FieldSource::kConstant);
+    row.defaultValue = value;
+    return row;
+}
+
+template <typename Member, typename From>
+constexpr Field CopyRow(std::size_t offset, std::size_t from) {
+    static_assert(std::is_same_v<Member, From>, "a copy has the type of what it copies");
+    Field row = Row<Member>(offset, FieldTraits<Member>::kKind, FieldSource::kCopy);
+    row.defaultValue = static_cast<std::int32_t>(from);
+    return row;
+}
+
+/// The table of a record type; it refuses rows that do not fit the type.
+template <typename RecordType>
+struct TableOf : RecordTable {
+    using Record = RecordType;
+
+    constexpr TableOf(const char* nodeTemplate, std::span<const Field> rows)
+        : RecordTable{.node = nodeTemplate, .fields = rows, .size = sizeof(Record)} {
+        static_assert(std::is_standard_layout_v<Record> && std::is_trivially_copyable_v<Record>);
+        std::uint32_t covered = 0;
+        for (const Field& row : rows) {
+            covered += std::uint32_t{row.size} * row.count;
+            for (const Field& other : rows) {
+                if (&row != &other && row.offset < End(other) && other.offset < End(row)) {
+                    ARowOverlapsAnother();
+                }
+            }
+        }
+        if (covered != size) {
+            TheRowsLeaveBytesOut();
+        }
+    }
+
+    /// The rows from the one of the member at offset `first` through the one of that at `last`.
+    consteval std::span<const Field> Rows(std::size_t first, std::size_t last) const {
+        std::size_t from = 0;
+        while (from < fields.size() && fields[from].offset != first) {
+            ++from;
+        }
+        std::size_t to = from;
+        while (to < fields.size() && fields[to].offset != last) {
+            ++to;
+        }
+        if (to == fields.size()) {
+            NoSuchRowsInThisOrder();
+        }
+        return fields.subspan(from, to - from + 1);
+    }
+
+private:
+    static constexpr int End(const Field& row) { return row.offset + row.size * row.count; }
+};
+
+template <typename Member>
+constexpr Field RecordRow(std::size_t offset,
+                          const TableOf<typename Shape<Member>::Element>& table) {
+    Field row = Row<Member>(offset, FieldKind::kRecord, FieldSource::kTable);
+    row.table = &table;
+    return row;
+}
+
+}  // namespace field_detail
+
+/// The table of record type `Record`. Declared `extern const` in the record's header, and defined
+/// `constexpr` beside its rows.
+template <typename Record>
+using TableOf = field_detail::TableOf<Record>;
+
+/// Where a record of the log comes from.
+struct CallSite {
+    const char* function;
+    std::uint32_t line;
+};
+
+/// Gives the member of `field` in `record` its value: from its key under `node` in `module`, or as
+/// the row says. `index` is the number that the key's template takes and, for an array, the element
+/// that is filled. A failure has been logged when this returns, under `site` as the loader's, and
+/// its code is returned. Rows of nested records, of reserved bytes and those that the loader reads
+/// itself are passed over.
+[[nodiscard]] Status LoadField(const CallSite& site, const char* module, const char* node,
+                               const Field& field, std::uint32_t index, void* record);
+
+/// Loads each of `fields` in turn, up to the first failure; of arrays the element 0. `node` may be
+/// null when every row has its own.
+[[nodiscard]] Status LoadFields(const CallSite& site, const char* module, const char* node,
+                                std::span<const Field> fields, void* record);
+
+/// The same for one row, and for all rows of a table.
+[[nodiscard]] inline Status LoadFields(const CallSite& site, const char* module, const char* node,
+                                       const Field& field, void* record) {
+    return LoadField(site, module, node, field, 0, record);
+}
+[[nodiscard]] inline Status LoadFields(const CallSite& site, const char* module, const char* node,
+                                       const RecordTable& table, void* record) {
+    return LoadFields(site, module, node, table.fields, record);
+}
+
+/// Formats the full key, "node:item", of `field` for element `index`. Returns the number of
+/// characters, or -1 when they do not fit.
+[[nodiscard]] int FormatFullKey(Key* key, const char* node, const Field& field,
+                                std::uint32_t index);
+
+}  // namespace paramgen
+
+// Slices of a table, for loaders that log between rows: the rows from member `first` through member
+// `last`, in reading order, or the row of one member.
+
+#define ROWS(table, first, last) \
+    (table).Rows(offsetof(decltype(table)::Record, first), offsetof(decltype(table)::Record, last))
+
+#define ROW(table, member) (ROWS(table, member, member).front())
+
+// Rows. `Record` is the record's type, `member` its member. Keys may be followed by the default of
+// an absent key, which is 0 when not given; texts and names have none.
+
+/// A key that a typed reader reads.
+#define FIELD(Record, member, ...)                              \
+    ::paramgen::field_detail::KeyRow<decltype(Record::member)>( \
+        ::paramgen::FieldSource::kReader, offsetof(Record, member), __VA_ARGS__)
+
+/// A key that is queried directly.
+#define QUERY(Record, member, ...)                              \
+    ::paramgen::field_detail::KeyRow<decltype(Record::member)>( \
+        ::paramgen::FieldSource::kQuery, offsetof(Record, member), __VA_ARGS__)
+
+/// A key that the loader reads in its own way, not through `LoadField`.
+#define LOADED(Record, member, ...)                             \
+    ::paramgen::field_detail::KeyRow<decltype(Record::member)>( \
+        ::paramgen::FieldSource::kLoader, offsetof(Record, member), __VA_ARGS__)
+
+/// A member that always gets the same value.
+#define CONSTANT(Record, member, value) \
+    ::paramgen::field_detail::ConstantRow<decltype(Record::member)>(offsetof(Record, member), value)
+
+/// A member that repeats an earlier one.
+#define COPY(Record, member, from)                                                       \
+    ::paramgen::field_detail::CopyRow<decltype(Record::member), decltype(Record::from)>( \
+        offsetof(Record, member), offsetof(Record, from))
+
+/// A member that nobody writes.
+#define RESERVED(Record, member)                             \
+    ::paramgen::field_detail::Row<decltype(Record::member)>( \
+        offsetof(Record, member), ::paramgen::FieldKind::kBytes, ::paramgen::FieldSource::kNobody)
+
+/// A nested record, or an array of them, with its table.
+#define RECORD(Record, member, table) \
+    ::paramgen::field_detail::RecordRow<decltype(Record::member)>(offsetof(Record, member), table)

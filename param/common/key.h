@@ -1,0 +1,24 @@
+/// Keys, node prefixes and module names, built from templates.
+#pragma once
+
+#include <cstddef>
+
+namespace paramgen {
+
+/// A text of at most 127 characters in a buffer that knows its size.
+class Key {
+public:
+    static constexpr std::size_t kSize = 128;
+
+    /// Formats the text. Returns the number of characters, or -1 when they do not fit; the key is
+    /// then empty.
+    [[gnu::format(printf, 2, 3), nodiscard]] int Format(const char* format, ...);
+
+    /// The text, valid as long as the key.
+    const char* c_str() const { return text_; }
+
+private:
+    char text_[kSize] = "";
+};
+
+}  // namespace paramgen

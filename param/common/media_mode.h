@@ -1,0 +1,28 @@
+/// Media modes: a capture resolution and frame rate, for video, photo and playback. INI files name
+/// them, the image numbers them.
+#pragma once
+
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field_traits.h"
+
+namespace paramgen {
+
+/// A media mode number, 0 to 53; the numbers are part of the image's format.
+enum MediaMode : std::int32_t {
+    kMediaModeNone = 54,  ///< not in any image: a number that no name has
+};
+
+/// Stores the number of the media mode called `name`, and echoes it. Returns -1, logging so and
+/// storing nothing, for an unknown name. Names are compared as they are, to the letter.
+[[nodiscard]] Status PARAM_INIPARAM_GetMediaModeEnum(const char* name, MediaMode* mode);
+
+/// A media mode member is read by name.
+template <>
+struct FieldTraits<MediaMode> {
+    static constexpr FieldKind kKind = FieldKind::kName;
+    static Status Lookup(const char* name, std::int32_t* number);
+};
+
+}  // namespace paramgen

@@ -1,0 +1,71 @@
+/// How failures travel. A loader stops at its first failing step, logs one ERROR record with the
+/// step's label under its own name and line, and returns the code unchanged.
+///
+/// The macros of this file are the only ones that return from the function they stand in; their
+/// names say so. Each is a whole statement.
+#pragma once
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/param_log.h"
+
+/// Runs a step. When it fails, logs `label` with its code and returns the code.
+#define CALL_OR_RETURN(step, label)                                                         \
+    do {                                                                                    \
+        const ::paramgen::Status status_ = (step);                                          \
+        if (status_ != ::paramgen::kOk) {                                                   \
+            LOG_ERROR("[%s] failed[0x%08X]\n", label, static_cast<std::uint32_t>(status_)); \
+            return status_;                                                                 \
+        }                                                                                   \
+    } while (false)
+
+/// Formats `key` (a `Key`) from a template and its arguments. When the text does not fit, logs
+/// `label` and returns -1.
+#define FORMAT_OR_RETURN(key, label, ...)      \
+    do {                                       \
+        if ((key).Format(__VA_ARGS__) == -1) { \
+            LOG_ERROR("[%s] failed\n", label); \
+            return ::paramgen::kFailed;        \
+        }                                      \
+    } while (false)
+
+/// Formats `key` as the full key of the row `field` for element `index`, under `node` where the row
+/// has no node of its own. When it does not fit, logs "sprintf_s" and returns -1.
+#define FORMAT_KEY_OR_RETURN(key, node, field, index)                      \
+    do {                                                                   \
+        if (::paramgen::FormatFullKey(&(key), node, field, index) == -1) { \
+            LOG_ERROR("[%s] failed\n", "sprintf_s");                       \
+            return ::paramgen::kFailed;                                    \
+        }                                                                  \
+    } while (false)
+
+/// Loads the rows of `fields` (a row, a slice or a table) into `record`, each looked up under
+/// `node` in `module`. When a row fails, what it logged stands under this function's name, and its
+/// code is returned.
+#define LOAD_OR_RETURN(module, node, fields, record)                                         \
+    do {                                                                                     \
+        const ::paramgen::Status status_ = ::paramgen::LoadFields(                           \
+            {__func__, static_cast<std::uint32_t>(__LINE__)}, module, node, fields, record); \
+        if (status_ != ::paramgen::kOk) {                                                    \
+            return status_;                                                                  \
+        }                                                                                    \
+    } while (false)
+
+/// Loads one row, `field`, for element `index` of what it stands for.
+#define LOAD_ELEMENT_OR_RETURN(module, node, field, index, record)                                 \
+    do {                                                                                           \
+        const ::paramgen::Status status_ = ::paramgen::LoadField(                                  \
+            {__func__, static_cast<std::uint32_t>(__LINE__)}, module, node, field, index, record); \
+        if (status_ != ::paramgen::kOk) {                                                          \
+            return status_;                                                                        \
+        }                                                                                          \
+    } while (false)
+
+/// Returns -1, logging so, when a loader is given no record.
+#define REQUIRE_RECORD_OR_RETURN(record)                 \
+    do {                                                 \
+        if ((record) == nullptr) {                       \
+            LOG_ERROR("pointer[%s] is null\n", "param"); \
+            return ::paramgen::kFailed;                  \
+        }                                                \
+    } while (false)

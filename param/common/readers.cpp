@@ -1,0 +1,70 @@
+#include "param/common/readers.h"
+
+#include <cstdlib>
+
+#include "confaccess/confaccess.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+#include "safestr/safestr.h"
+
+namespace paramgen {
+
+void QueriedTextDeleter::operator()(char* text) const {
+    std::free(text);
+}
+
+Status QueryText(const char* module, const char* key, QueriedText* text) {
+    char* found = nullptr;
+    const Status status = ZV_CONFACCESS_GetString(kProductConfig, module, key, nullptr, &found);
+    text->reset(found);
+    return status;
+}
+
+Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* prefix,
+                                             const char* key, std::int32_t defaultValue,
+                                             std::int32_t* value) {
+    Key item;
+    FORMAT_OR_RETURN(item, "sprintf_s", "%s:%s", prefix, key);
+    CALL_OR_RETURN(ZV_CONFACCESS_GetInt(kProductConfig, module, item.c_str(), defaultValue, value),
+                   item.c_str());
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* prefix,
+                                              const char* key, std::int32_t defaultValue,
+                                              std::uint32_t* value) {
+    Key item;
+    FORMAT_OR_RETURN(item, "sprintf_s", "%s:%s", prefix, key);
+    std::int32_t number = 0;
+    CALL_OR_RETURN(
+        ZV_CONFACCESS_GetInt(kProductConfig, module, item.c_str(), defaultValue, &number),
+        item.c_str());
+    *value = static_cast<std::uint32_t>(number);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* prefix,
+                                              const char* key, Bool32 defaultValue, Bool32* value) {
+    Key item;
+    FORMAT_OR_RETURN(item, "sprintf_s", "%s:%s", prefix, key);
+    std::int32_t truth = static_cast<std::int32_t>(*value);
+    CALL_OR_RETURN(ZV_CONFACCESS_GetBool(kProductConfig, module, item.c_str(),
+                                         static_cast<std::int32_t>(defaultValue), &truth),
+                   item.c_str());
+    *value = truth == 0 ? kFalse : kTrue;
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, char* text,
+                                    std::size_t size) {
+    QueriedText value;
+    CALL_OR_RETURN(QueryText(module, key, &value), key);
+    if (value != nullptr && sprintf_s(text, size, "%s", value.get()) == -1) {
+        LOG_ERROR("[%s] failed\n", "sprintf_s");
+        return kFailed;
+    }
+    LOG_DEBUG("%s [%s]\n", key, text);
+    return kOk;
+}
+
+}  // namespace paramgen

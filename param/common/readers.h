@@ -1,0 +1,55 @@
+/// Typed value readers: one value of the configuration "productini" each.
+///
+/// A reader returns 0, the code of the configuration query that failed, or -1 when the key or the
+/// value does not fit; it has logged the failure then, naming the full key. A key that is absent is
+/// no failure.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "confaccess/status.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+/// The configuration that every value comes from.
+inline constexpr char kProductConfig[] = "productini";
+
+/// Reads the integer "prefix:key" of `module` into `value`; `defaultValue` when absent. After a
+/// failure `value` holds what the query left there.
+[[nodiscard]] Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* prefix,
+                                                           const char* key,
+                                                           std::int32_t defaultValue,
+                                                           std::int32_t* value);
+
+/// As the integer reader, and stores the 32 bits as an unsigned number. After a failure `value` is
+/// untouched.
+[[nodiscard]] Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* prefix,
+                                                            const char* key,
+                                                            std::int32_t defaultValue,
+                                                            std::uint32_t* value);
+
+/// Reads the boolean "prefix:key" of `module` into `value`; `defaultValue` when absent or neither
+/// true nor false.
+[[nodiscard]] Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* prefix,
+                                                            const char* key, Bool32 defaultValue,
+                                                            Bool32* value);
+
+/// Copies the string `key` (complete: "section:key") of `module` into `text`, which holds `size`
+/// bytes, and echoes it. An absent key leaves `text` as it is; a value of more than `size` - 1
+/// characters fails with -1.
+[[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, char* text,
+                                                  std::size_t size);
+
+/// Frees a text that a query handed out.
+struct QueriedTextDeleter {
+    void operator()(char* text) const;
+};
+using QueriedText = std::unique_ptr<char, QueriedTextDeleter>;
+
+/// Asks for the string `key` of `module`; logs nothing. `text` becomes null when it is absent.
+[[nodiscard]] Status QueryText(const char* module, const char* key, QueriedText* text);
+
+}  // namespace paramgen

@@ -1,0 +1,113 @@
+#include "param/filemng/filemng.h"
+
+#include <cstring>
+
+#include "param/common/modules.h"
+#include "param/common/propagate.h"
+#include "param/common/readers.h"
+#include "safestr/safestr.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kRepairNode[] = "common.repair";
+constexpr char kDtcfNode[] = "dtcf";
+
+constexpr Field kFileMngCommFields[] = {
+    FIELD(FileMngCommCfg, mountPath, kMountPathKey).At(kStorageNode).From(kDevMngModule),
+    FIELD(FileMngCommCfg, repair, "enable", 0).At(kRepairNode),
+    FIELD(FileMngCommCfg, parseExtraMdat, "parse_extra_mdat", 0).At(kRepairNode),
+    FIELD(FileMngCommCfg, repairRootDir, "repair_rootdir").At(kRepairNode),
+    FIELD(FileMngCommCfg, repairTopDirName, "repair_topdirname").At(kRepairNode),
+};
+
+constexpr Field kDtcfFields[] = {
+    FIELD(DtcfCfg, preAllocCount, "pre_alloc_cnt", 0).At(kDtcfNode),
+    FIELD(DtcfCfg, preAllocUnit, "pre_alloc_unit", 0).At(kDtcfNode),
+    FIELD(DtcfCfg, sharePercent, "share_percent", 0).At(kDtcfNode),
+    FIELD(DtcfCfg, warningStage, "warning_stage", 0).At(kDtcfNode),
+    FIELD(DtcfCfg, guaranteedStage, "guaranteed_stage", 0).At(kDtcfNode),
+    FIELD(DtcfCfg, rootDir, "rootdir").At(kDtcfNode),
+    LOADED(DtcfCfg, dirNames, "dir_name%u").At("dtcf.dir.name"),
+};
+
+}  // namespace
+
+constexpr TableOf<FileMngCommCfg> kFileMngCommTable{nullptr, kFileMngCommFields};
+constexpr TableOf<DtcfCfg> kDtcfTable{nullptr, kDtcfFields};
+
+namespace {
+
+constexpr Field kFileMngFields[] = {
+    RECORD(FileMngCfg, comm, kFileMngCommTable),
+    RECORD(FileMngCfg, dtcf, kDtcfTable),
+};
+
+}  // namespace
+
+constexpr TableOf<FileMngCfg> kFileMngTable{nullptr, kFileMngFields};
+
+Status PDT_INIPARAM_FILEMNG_LoadCommCfg(const char* module, FileMngCommCfg* cfg) {
+    LOAD_OR_RETURN(kDevMngModule, nullptr, ROW(kFileMngCommTable, mountPath), cfg);
+    LOG_DEBUG("mount path[%s] \n", cfg->mountPath);
+    LOAD_OR_RETURN(module, nullptr, ROWS(kFileMngCommTable, repair, repairTopDirName), cfg);
+    LOG_DEBUG("repair enable[%d], parse extra mdat[%d], repair root dir[%s], topdirname[%s]\n",
+              cfg->repair, cfg->parseExtraMdat, cfg->repairRootDir, cfg->repairTopDirName);
+    return kOk;
+}
+
+Status PDT_INIPARAM_FILEMNG_GetDirNames(const char* value, std::uint32_t index, DtcfCfg* cfg) {
+    char(&name)[sizeof cfg->dirNames[0]] = cfg->dirNames[index];
+    if (value == nullptr) {
+        return kOk;
+    }
+    if (std::strcmp(value, "\"\"") == 0) {
+        return memset_s(name, sizeof name, 0, sizeof name) == 0 ? kOk : kFailed;
+    }
+    if (sprintf_s(name, sizeof name, "%s", value) == -1) {
+        LOG_ERROR("[%s] failed\n", "sprintf_s");
+        return kFailed;
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(const char* module, DtcfCfg* cfg) {
+    for (std::uint32_t i = 0; i < kDirNameCount; ++i) {
+        Key item;
+        FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kDtcfTable, dirNames), i);
+        QueriedText value;
+        CALL_OR_RETURN(QueryText(module, item.c_str(), &value), item.c_str());
+        const Status status = PDT_INIPARAM_FILEMNG_GetDirNames(value.get(), i, cfg);
+        if (status != kOk) {
+            LOG_ERROR("get dir name failed!\n");
+            return status;
+        }
+        LOG_DEBUG("dtcf, DirName[%d]:%s \n", i, cfg->dirNames[i]);
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_FILEMNG_LoadDTCFCfg(const char* module, DtcfCfg* cfg) {
+    for (std::uint32_t i = 0; i < kPreAllocCount; ++i) {
+        LOAD_ELEMENT_OR_RETURN(module, nullptr, ROW(kDtcfTable, preAllocCount), i, cfg);
+        LOAD_ELEMENT_OR_RETURN(module, nullptr, ROW(kDtcfTable, preAllocUnit), i, cfg);
+        LOG_DEBUG("dtcf, pre_alloc_cnt[%d],pre_alloc_unit[%d]\n", cfg->preAllocCount[i],
+                  cfg->preAllocUnit[i]);
+    }
+    LOAD_OR_RETURN(module, nullptr, ROWS(kDtcfTable, sharePercent, rootDir), cfg);
+    // A failing directory name goes by the root directory's label.
+    CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(module, cfg), "dtcf:rootdir");
+    LOG_DEBUG("dtcf, share_percent[%d],warning_stage[%d],guaranteed_stage[%d] RootDir[%s]\n",
+              cfg->sharePercent, cfg->warningStage, cfg->guaranteedStage, cfg->rootDir);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadFileMngConf(FileMngCfg* section) {
+    REQUIRE_RECORD_OR_RETURN(section);
+    CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadCommCfg(kFileMngModule, &section->comm),
+                   "filemng comm");
+    CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadDTCFCfg(kFileMngModule, &section->dtcf), "dtcf");
+    return kOk;
+}
+
+}  // namespace paramgen
