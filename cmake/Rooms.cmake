@@ -12,6 +12,7 @@ function(paramgen_room directory)
     list(REMOVE_ITEM sources "${PROJECT_SOURCE_DIR}/${directory}/${file}")
   endforeach()
 
+  set_property(GLOBAL APPEND PROPERTY PARAMGEN_ROOMS "${directory}")
   add_library(${target} STATIC ${sources} ${headers})
   target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${target} PRIVATE paramgen_program_flags)

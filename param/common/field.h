@@ -14,8 +14,9 @@
 ///   for a nested record: the prefix that it is given;
 /// - `.From(module)`: the loader reads the row, or the nested record, from this module.
 ///
-/// In the templates of keys, nodes and modules, "%s" is the prefix that the record was given, and
-/// "%d" and "%u" are the numbers of the array elements that lead to the value, the innermost last.
+/// In the templates of keys, nodes and modules, "%d" and "%u" are the numbers of the array elements
+/// that lead to the value, the innermost last; "%s" is, in a table's node, the prefix that the record
+/// was given and, after `.Under`, the record's own node.
 #pragma once
 
 #include <cstddef>
