@@ -33,4 +33,13 @@ inline void ListRemove(ListLink* entry) {
     ListReset(entry);
 }
 
+/// Takes the first entry out of a list that is not empty.
+inline ListLink* ListTakeFirst(ListLink* head) {
+    ListLink* first = head->next;
+    head->next = first->next;
+    head->next->prev = head;
+    ListReset(first);
+    return first;
+}
+
 }  // namespace paramgen

@@ -188,8 +188,7 @@ Status CONFACCESS_ModuleInfo(ConfigEntry* config) {
 
 void CONFACCESS_DelModuleList(ConfigEntry* config) {
     while (!ListIsEmpty(config->modules)) {
-        const ModulePtr module(static_cast<ModuleEntry*>(config->modules.next));
-        ListRemove(module.get());
+        const ModulePtr module(static_cast<ModuleEntry*>(ListTakeFirst(&config->modules)));
         // Without a module tag, so the library log drops this record.
         ZV_LOG_PrintfInfo(nullptr, kLibraryDebug, __func__, 40, "Module: inifile[%s]\n",
                           module->file);

@@ -15,8 +15,8 @@
 /// - `.From(module)`: the loader reads the row, or the nested record, from this module.
 ///
 /// In the templates of keys, nodes and modules, "%d" and "%u" are the numbers of the array elements
-/// that lead to the value, the innermost last; "%s" is, in a table's node, the prefix that the record
-/// was given and, after `.Under`, the record's own node.
+/// that lead to the value, the innermost last; "%s" is, in a table's node, the prefix that the
+/// record was given and, after `.Under`, the record's own node.
 #pragma once
 
 #include <cstddef>

@@ -1,0 +1,91 @@
+// The example product, run by the real program.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/program.h"
+#include "support/records.h"
+#include "support/temp_dir.h"
+
+namespace paramgen::testing {
+namespace {
+
+/// The example product in a directory of its own, and what running the program there came to.
+class Dashcam : public ::testing::Test {
+protected:
+    Dashcam() {
+        std::filesystem::copy(PARAMGEN_EXAMPLES "/dashcam", directory_.path(),
+                              std::filesystem::copy_options::recursive);
+        run_ = RunProgram(directory_.path());
+        image_ = ReadFile(directory_.path() / "param.bin");
+    }
+
+    /// The bytes of the image from `offset`.
+    std::string Part(std::size_t offset, std::size_t size) const {
+        return image_.size() == 29928 ? image_.substr(offset, size) : "no image";
+    }
+
+    TempDir directory_;
+    ProgramRun run_;
+    std::string image_;
+};
+
+TEST_F(Dashcam, Runs) {
+    EXPECT_EQ(run_.exitStatus, 0);
+    EXPECT_THAT(ErrorsOf(run_.output), ::testing::IsEmpty());
+    EXPECT_EQ(image_.size(), 29928U);
+    EXPECT_EQ(ReadFile(directory_.path() / "paramdef.bin"), image_);
+}
+
+TEST_F(Dashcam, RunsTheSameEveryTime) {
+    const ProgramRun again = RunProgram(directory_.path());
+    EXPECT_EQ(again.output, run_.output);
+    EXPECT_EQ(ReadFile(directory_.path() / "param.bin"), image_);
+}
+
+TEST_F(Dashcam, FrameByHand) {
+    EXPECT_EQ(Part(0, 16), std::string("\x61\x72\x61\x70\xE8\x74\0\0\0\0\0\0\0\0\0\0", 16));
+    EXPECT_EQ(Part(9644, 4), std::string(4, '\0'));
+    EXPECT_EQ(Part(29920, 8), std::string("\x6D\x72\x61\x70\0\0\0\0", 8));
+}
+
+TEST_F(Dashcam, DeviceManagementByHand) {
+    std::string expected(420, '\0');
+    expected.replace(0, 19, "RVX4 2.7.13 release");
+    expected.replace(64, 11, "RoadView X4");
+    expected.replace(128, 11, "/mnt/sdcard");
+    expected.replace(256, 14, "/dev/mmcblk1p1");
+    // medium type, port, g-sensor 2 and 3, its reserved word, key tone, boot sound, English, no
+    // buzzer
+    expected.replace(384, 36,
+                     std::string("\0\0\0\0\0\0\0\0\2\0\0\0\3\0\0\0\0\0\0\0"
+                                 "\1\0\0\0\1\0\0\0\1\0\0\0\0\0\0\0",
+                                 36));
+    EXPECT_EQ(Part(23924, 420), expected);
+}
+
+TEST_F(Dashcam, FileManagementByHand) {
+    std::string expected(1444, '\0');
+    expected.replace(0, 11, "/mnt/sdcard");
+    expected.replace(128, 8, std::string("\1\0\0\0\1\0\0\0", 8));
+    expected.replace(136, 12, "RVX4/.repair");
+    expected.replace(264, 10, "unfinished");
+    // 3 files of 64 MB, twice; 85 percent; warnings at 1024 and 512 MB
+    expected.replace(392, 28,
+                     std::string("\3\0\0\0\3\0\0\0\x40\0\0\0\x40\0\0\0"
+                                 "\x55\0\0\0\0\4\0\0\0\2\0\0",
+                                 28));
+    expected.replace(420, 4, "RVX4");
+    const char* names[14] = {"normal",      "normal_sub", "event", "event_sub", "parking",
+                             "parking_sub", "lapse",      "",      "photo",     "burst",
+                             "photo lapse", ".thumb",     "gps",   ""};
+    for (std::size_t i = 0; i < 14; ++i) {
+        expected.replace(548 + 64 * i, std::string(names[i]).size(), names[i]);
+    }
+    EXPECT_EQ(Part(22480, 1444), expected);
+}
+
+}  // namespace
+}  // namespace paramgen::testing
