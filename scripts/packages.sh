@@ -12,6 +12,6 @@ need_packages() {
   [ "$(id -u)" -eq 0 ] || as_root=(sudo)
   echo "installing: ${missing[*]}" >&2
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c \
-    'apt-get update -qq && apt-get install -y -qq --no-install-recommends "$@"' sh \
+    'apt-get update -qq; apt-get install -y -qq --no-install-recommends "$@"' sh \
     "${missing[@]}" >&2
 }
