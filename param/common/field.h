@@ -325,6 +325,12 @@ struct CallSite {
     ::paramgen::field_detail::Row<decltype(Record::member)>( \
         offsetof(Record, member), ::paramgen::FieldKind::kBytes, ::paramgen::FieldSource::kNobody)
 
+/// A member that the loader works out; it has no key of its own.
+#define COMPUTED(Record, member)                                                            \
+    ::paramgen::field_detail::Row<decltype(Record::member)>(                                \
+        offsetof(Record, member), ::paramgen::FieldTraits<decltype(Record::member)>::kKind, \
+        ::paramgen::FieldSource::kLoader)
+
 /// A nested record, or an array of them, with its table.
 #define RECORD(Record, member, table) \
     ::paramgen::field_detail::RecordRow<decltype(Record::member)>(offsetof(Record, member), table)
