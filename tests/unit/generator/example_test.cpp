@@ -26,16 +26,13 @@ namespace {
 
 using ::testing::ElementsAre;
 
-std::filesystem::path ExamplePath() {
-    const std::filesystem::path here = __FILE__;
-    return here.parent_path().parent_path().parent_path().parent_path() / "examples" / "dashcam";
-}
+const std::filesystem::path kExample = PARAMGEN_EXAMPLES "/dashcam";
 
 /// A copy of the example, which a test may change.
 class ExampleCopy {
 public:
     ExampleCopy() {
-        std::filesystem::copy(ExamplePath(), directory_.path(),
+        std::filesystem::copy(kExample, directory_.path(),
                               std::filesystem::copy_options::recursive);
     }
 
@@ -120,7 +117,7 @@ std::vector<std::string> KeysOf(const std::string& text) {
 /// The file of each module of the example.
 std::map<std::string, std::filesystem::path> ModuleFiles() {
     std::map<std::string, std::filesystem::path> files;
-    std::istringstream lines(ReadFile(ExamplePath() / "config_cfgaccess_entry.ini"));
+    std::istringstream lines(ReadFile(kExample / "config_cfgaccess_entry.ini"));
     std::string module;
     std::filesystem::path directory;
     for (std::string line; std::getline(lines, line);) {
@@ -132,7 +129,7 @@ std::map<std::string, std::filesystem::path> ModuleFiles() {
         } else if (line.starts_with("path=")) {
             directory = value;
         } else if (line.starts_with("cfg_filename=")) {
-            files[module] = ExamplePath() / directory / value;
+            files[module] = kExample / directory / value;
         }
     }
     return files;
