@@ -217,11 +217,16 @@ TEST(Camera, PlaybackAndMediaModesEchoBehindTheirHeadings) {
     EXPECT_EQ(mode2 + 3, static_cast<std::ptrdiff_t>(echo.size()));
 }
 
-/// Two cameras, full of the byte 0x5A.
+/// Two cameras whose numbers, switches and reserved bytes are full of the byte 0x5A; the second one
+/// is so altogether.
 struct TwoCameras {
     std::unique_ptr<std::array<CamMediaCfg, 2>> cams =
         std::make_unique<std::array<CamMediaCfg, 2>>();
-    TwoCameras() { std::memset(cams.get(), 0x5A, 2 * kUnitSize); }
+    TwoCameras() {
+        std::memset(&(*cams)[0], 0x5A, 16);
+        std::memset((*cams)[0].reserved, 0x5A, 4);
+        std::memset(&(*cams)[1], 0x5A, kUnitSize);
+    }
     std::string Bytes(std::size_t camera) const {
         return {reinterpret_cast<const char*>(&(*cams)[camera]), kUnitSize};
     }
@@ -229,12 +234,13 @@ struct TwoCameras {
 
 TEST(Camera, CountOfZeroLoadsNothing) {
     const TwoCameras two;
+    const std::string before = two.Bytes(0);
     Status status = -1;
     const std::string output =
         CaptureStdout([&] { status = PDT_INIPARAM_LoadCamMediaCfg(two.cams->data(), 0); });
     EXPECT_EQ(status, 0);
     EXPECT_EQ(output, "");
-    EXPECT_EQ(two.Bytes(0), std::string(kUnitSize, 0x5A));
+    EXPECT_EQ(two.Bytes(0), before);
 }
 
 TEST(Camera, CountOfMoreLoadsTheFirstOnly) {
