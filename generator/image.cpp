@@ -27,7 +27,7 @@ constexpr Field kImageFields[] = {
     RESERVED(ParamImage, mediaComm),
     RESERVED(ParamImage, workMode),
     RESERVED(ParamImage, valueSet),
-    RESERVED(ParamImage, cam),
+    RECORD(ParamImage, cam, kCamMediaTable),
     RESERVED(ParamImage, gap),
 };
 

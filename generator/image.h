@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "param/camera/camera.h"
 #include "param/common/field.h"
 #include "param/devmng/devmng.h"
 #include "param/filemng/filemng.h"
@@ -24,16 +25,6 @@ struct EmptySection {
 using WorkModeCfg = EmptySection<8912>;
 using MediaCommCfg = EmptySection<716>;
 using ValueSetCfg = EmptySection<5576>;
-
-inline constexpr std::uint32_t kCamMediaModeSpecCount = 5;
-struct CamMediaModeCommCfg : EmptySection<1164> {};
-struct CamMediaModeSpecCfg : EmptySection<1864> {};
-
-/// One camera.
-struct CamMediaCfg {
-    std::byte bytes[12832];
-};
-inline constexpr std::uint32_t kCamCount = 1;
 
 inline constexpr std::uint32_t kImageMagic = 0x70617261;  ///< "arap" in the file
 inline constexpr std::uint32_t kTailMark = 0x7061726D;    ///< "mrap" in the file

@@ -12,7 +12,9 @@
 /// - `.Label(text)`: the label is `text`; `.FullLabel()`: it is the key with its node;
 /// - `.Under(node)`: the loader reads the row under this node template, not under the record's;
 ///   for a nested record: the prefix that it is given;
-/// - `.From(module)`: the loader reads the row, or the nested record, from this module.
+/// - `.From(module)`: the loader reads the row, or the nested record, from this module;
+/// - `.FromMatching(modules)`: the same, from the one of these modules that a search finds; the
+///   numbers in their names are the search's own.
 ///
 /// In the templates of keys, nodes and modules, "%d" and "%u" are the numbers of the array elements
 /// that lead to the value, the innermost last; "%s" is, in a table's node, the prefix that the
@@ -62,6 +64,7 @@ struct Field {
     bool isArray;  ///< an element's number belongs to the numbers that templates take
     bool ownNode;  ///< `node` is the very node, whatever node the loader is at
     bool fullLabel;
+    bool isSearched;  ///< `module` is found by a search
 
     constexpr Field At(const char* veryNode) const {
         Field row = *this;
@@ -88,6 +91,11 @@ struct Field {
     constexpr Field From(const char* moduleTemplate) const {
         Field row = *this;
         row.module = moduleTemplate;
+        return row;
+    }
+    constexpr Field FromMatching(const char* moduleTemplate) const {
+        Field row = From(moduleTemplate);
+        row.isSearched = true;
         return row;
     }
 };
@@ -139,7 +147,8 @@ constexpr Field Row(std::size_t offset, FieldKind kind, FieldSource source) {
             .source = source,
             .isArray = Shape<Member>::kIsArray,
             .ownNode = false,
-            .fullLabel = false};
+            .fullLabel = false,
+            .isSearched = false};
 }
 
 constexpr int CountNumbers(const char* key) {
@@ -324,6 +333,12 @@ struct CallSite {
 #define RESERVED(Record, member)                             \
     ::paramgen::field_detail::Row<decltype(Record::member)>( \
         offsetof(Record, member), ::paramgen::FieldKind::kBytes, ::paramgen::FieldSource::kNobody)
+
+/// A member that the loader works out; it has no key of its own.
+#define COMPUTED(Record, member)                                                            \
+    ::paramgen::field_detail::Row<decltype(Record::member)>(                                \
+        offsetof(Record, member), ::paramgen::FieldTraits<decltype(Record::member)>::kKind, \
+        ::paramgen::FieldSource::kLoader)
 
 /// A nested record, or an array of them, with its table.
 #define RECORD(Record, member, table) \

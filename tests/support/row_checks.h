@@ -32,7 +32,7 @@ struct RowSubject {
 
 /// With only `base`, every key's bytes are those of its default, every constant's its value, every
 /// copy's those of what it repeats, and reserved bytes are zero. Keys that `base` sets are left
-/// out.
+/// out, and so are members that the loader works out.
 void CheckAbsentKeys(const RowSubject& subject);
 
 /// Every key, set alone on top of `base`, changes its own bytes (and those of its copies) to what

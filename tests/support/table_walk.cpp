@@ -1,6 +1,7 @@
 #include "support/table_walk.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace paramgen::testing {
 namespace {
@@ -37,7 +38,9 @@ void WalkElement(const Field& field, const std::string& node, const Place& place
                  std::vector<WalkedField>* found) {
     Place inner = place;
     if (field.module != nullptr) {
-        inner.module = Expand(field.module, "", place.numbers);
+        // Of the modules of a search the walk takes the one numbered 0.
+        const std::vector<unsigned> zeros(std::strlen(field.module));
+        inner.module = Expand(field.module, "", field.isSearched ? zeros : place.numbers);
     }
     std::string under = node;
     if (field.node != nullptr) {

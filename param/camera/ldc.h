@@ -1,0 +1,87 @@
+/// Lens-distortion correction. Its values stand in modules of their own, each of which serves one
+/// media mode; a capture channel and a processing group take those of the module that serves
+/// theirs.
+///
+/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
+/// before a failure stays.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/media_mode.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+inline constexpr std::size_t kLdcCalibrationCount = 9;
+
+/// The first model: one distortion figure. 28 bytes.
+struct LdcV1Attr {
+    Bool32 aspect;  ///< keep the aspect ratio
+    std::int32_t xRatio;
+    std::int32_t yRatio;
+    std::int32_t xyRatio;  ///< of both directions together
+    std::int32_t centerXOffset;
+    std::int32_t centerYOffset;
+    std::int32_t distortionRatio;
+};
+static_assert(sizeof(LdcV1Attr) == 28);
+
+/// The third model: a full calibration. 108 bytes.
+struct LdcV3Attr {
+    Bool32 aspect;  ///< keep the aspect ratio
+    std::int32_t xRatio;
+    std::int32_t yRatio;
+    std::int32_t xyRatio;  ///< of both directions together
+    std::int32_t focalLenX;
+    std::int32_t focalLenY;
+    std::int32_t coordShiftX;
+    std::int32_t coordShiftY;
+    std::int32_t srcCalibrationRatio[kLdcCalibrationCount];
+    std::int32_t srcCalibrationRatioNext[kLdcCalibrationCount];
+    std::uint32_t coefIntpRatio;  ///< interpolation between the two calibrations
+};
+static_assert(sizeof(LdcV3Attr) == 108);
+static_assert(offsetof(LdcV3Attr, srcCalibrationRatio) == 32);
+static_assert(offsetof(LdcV3Attr, coefIntpRatio) == 104);
+
+/// Both models, each with its switch. 144 bytes.
+struct VcapLDCAttr {
+    Bool32 v1Enable;
+    LdcV1Attr v1;
+    Bool32 v3Enable;
+    LdcV3Attr v3;
+};
+static_assert(sizeof(VcapLDCAttr) == 144);
+static_assert(offsetof(VcapLDCAttr, v3Enable) == 32);
+static_assert(offsetof(VcapLDCAttr, v3) == 36);
+
+/// The modules: camera 0, configurations 0 and 1.
+inline constexpr char kLdcModule[] = "cam%d_ldccfg_%d";
+
+extern const TableOf<LdcV1Attr> kLdcV1Table;
+extern const TableOf<LdcV3Attr> kLdcV3Table;
+extern const TableOf<VcapLDCAttr> kVcapLDCTable;
+
+[[nodiscard]] Status PDT_INIPARAM_LoadLDCV1Attr(const char* module, LdcV1Attr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadLDCV3Attr(const char* module, LdcV3Attr* attr);
+
+/// Loads the two calibrations of the third model.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamLDCV3MatrixCfg(const char* module, LdcV3Attr* attr);
+
+/// Loads both models of a capture channel from `module`.
+[[nodiscard]] Status PDT_INITPARAM_LoadVcapLDCAttr(const char* module, VcapLDCAttr* attr);
+
+/// Loads both models of a capture channel from the first module that serves `mode`; without one,
+/// `attr` stays as it is. A module that names no media mode serves the one that the module before
+/// it named or, when there was none, `kMediaModeNone`. Returns -1 when a module names an unknown
+/// media mode.
+[[nodiscard]] Status PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(MediaMode mode, VcapLDCAttr* attr);
+
+/// The same for a processing group.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVportSpecLDCCfg(MediaMode mode, VcapLDCAttr* attr);
+
+}  // namespace paramgen

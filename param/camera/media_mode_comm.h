@@ -1,0 +1,52 @@
+/// Media-mode common block: what all media modes of a camera's use (recording, photo, playback)
+/// have in common.
+///
+/// Every loader takes the module to read, and the record to fill; it returns 0 or the code of its
+/// first failing step, having logged it. What was loaded before a failure stays.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/camera/vcap_comm.h"
+#include "param/camera/venc_comm.h"
+#include "param/camera/vproc_comm.h"
+#include "param/common/field.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+inline constexpr std::int32_t kVprocCommCount = 1;
+
+/// Crop of the display window. 16 bytes.
+struct DispCropCfg {
+    Bool32 enable;
+    std::uint32_t maxHeight;      ///< lines
+    std::uint32_t currentHeight;  ///< lines
+    std::int32_t mode;            ///< number of the crop mode
+};
+static_assert(sizeof(DispCropCfg) == 16);
+
+/// The block. 1164 bytes.
+struct CamMediaModeCommCfg {
+    VcapCommCfg vcap;
+    VprocCommCfg vproc[kVprocCommCount];
+    VencCommCfg venc;
+    DispCropCfg dispCrop;
+};
+static_assert(sizeof(CamMediaModeCommCfg) == 1164);
+static_assert(offsetof(CamMediaModeCommCfg, vproc) == 440);
+static_assert(offsetof(CamMediaModeCommCfg, venc) == 744);
+static_assert(offsetof(CamMediaModeCommCfg, dispCrop) == 1148);
+
+extern const TableOf<DispCropCfg> kDispCropTable;
+extern const TableOf<CamMediaModeCommCfg> kCamMediaModeCommTable;
+
+[[nodiscard]] Status PDT_INIPARAM_LoadCamDispCropCfg(const char* module, DispCropCfg* cfg);
+
+/// Loads the whole block.
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaModeCommCfg(const char* module,
+                                                       CamMediaModeCommCfg* cfg);
+
+}  // namespace paramgen

@@ -1,0 +1,60 @@
+#include "param/camera/media_mode_spec.h"
+
+#include "param/camera/module_mode.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kVcapPipeModeNode[] = "common.vcap.pipe.%d";
+
+constexpr Field kVcapPipeModeFields[] = {
+    QUERY(VcapPipeModeCfg, vcapPipeHdl, "vcappipe_hdl", 0),
+    QUERY(VcapPipeModeCfg, viVpssMode, "vivpssmode", 6),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapPipeModeCfg> kVcapPipeModeTable{kVcapPipeModeNode, kVcapPipeModeFields};
+
+namespace {
+
+constexpr Field kCamMediaModeSpecFields[] = {
+    LOADED(CamMediaModeSpecCfg, mediaMode, "mediamode").At("common"),
+    RECORD(CamMediaModeSpecCfg, vcapPipes, kVcapPipeModeTable),
+    RESERVED(CamMediaModeSpecCfg, reserved),
+    RECORD(CamMediaModeSpecCfg, vb, kVBSpecTable),
+    RECORD(CamMediaModeSpecCfg, vcap, kVcapSpecTable),
+    RECORD(CamMediaModeSpecCfg, vpss, kVpssSpecTable),
+    RECORD(CamMediaModeSpecCfg, venc, kVencSpecTable),
+};
+
+}  // namespace
+
+constexpr TableOf<CamMediaModeSpecCfg> kCamMediaModeSpecTable{nullptr, kCamMediaModeSpecFields};
+
+Status PDT_INIPARAM_LoadMediaModeSpecCfg(const char* module, CamMediaModeSpecCfg* cfg) {
+    Key modeKey;
+    FORMAT_KEY_OR_RETURN(modeKey, nullptr, ROW(kCamMediaModeSpecTable, mediaMode), 0);
+    CALL_OR_RETURN(ReadModuleMode(module, modeKey.c_str(), &cfg->mediaMode), modeKey.c_str());
+    for (std::uint32_t i = 0; i < kVcapPipeSpecCount; ++i) {
+        VcapPipeModeCfg& pipe = cfg->vcapPipes[i];
+        Key node;
+        FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeModeNode, i);
+        LOAD_OR_RETURN(module, node.c_str(), kVcapPipeModeTable, &pipe);
+        LOG_DEBUG("vcap.pipe[%d] vivpssmode, vcappipe_hdl[%d], vivpssmode[%d] \n", i,
+                  pipe.vcapPipeHdl, pipe.viVpssMode);
+    }
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVBSpecCfg(module, &cfg->vb), "VB config");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapSpecCfg(module, cfg->mediaMode, &cfg->vcap),
+                   "vcap attr");
+    for (std::uint32_t i = 0; i < kVpssSpecCount; ++i) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamVpssSpecAttr(module, i, cfg->mediaMode, &cfg->vpss[i]),
+                       "vproc config");
+    }
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVencSpecCfg(module, &cfg->venc), "venc config");
+    return kOk;
+}
+
+}  // namespace paramgen

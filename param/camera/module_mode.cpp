@@ -1,0 +1,15 @@
+#include "param/camera/module_mode.h"
+
+#include "param/common/readers.h"
+
+namespace paramgen {
+
+Status ReadModuleMode(const char* module, const char* key, MediaMode* mode) {
+    QueriedText name;
+    if (QueryText(module, key, &name) != kOk || name == nullptr) {
+        return kOk;
+    }
+    return PARAM_INIPARAM_GetMediaModeEnum(name.get(), mode);
+}
+
+}  // namespace paramgen

@@ -1,0 +1,51 @@
+#include "param/camera/vb_spec.h"
+
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kVBNode[] = "vb";
+constexpr char kVBPoolNode[] = "%s.pool.%u";
+
+constexpr Field kVBPoolFields[] = {
+    QUERY(VBPoolCfg, blkSize, "blk_size", 0),
+    QUERY(VBPoolCfg, blkCount, "blk_count", 0),
+    RESERVED(VBPoolCfg, reserved),
+};
+
+}  // namespace
+
+constexpr TableOf<VBPoolCfg> kVBPoolTable{kVBPoolNode, kVBPoolFields};
+
+namespace {
+
+constexpr Field kVBSpecFields[] = {
+    FIELD(VBSpecCfg, maxPoolCnt, "max_poolcnt", 0).FullLabel(),
+    RESERVED(VBSpecCfg, reserved),
+    RECORD(VBSpecCfg, pools, kVBPoolTable).Under(kVBNode),
+};
+
+}  // namespace
+
+constexpr TableOf<VBSpecCfg> kVBSpecTable{kVBNode, kVBSpecFields};
+
+Status PDT_INIPARAM_LoadCamVBSpecCfg(const char* module, VBSpecCfg* cfg) {
+    LOAD_OR_RETURN(module, kVBNode, ROW(kVBSpecTable, maxPoolCnt), cfg);
+    if (cfg->maxPoolCnt > kVBPoolCount) {
+        LOG_ERROR("Invalid VB MaxPoolCnt[%u beyond %u]\n", cfg->maxPoolCnt, kVBPoolCount);
+        return kFailed;
+    }
+    for (std::uint32_t i = 0; i < cfg->maxPoolCnt; ++i) {
+        VBPoolCfg& pool = cfg->pools[i];
+        Key node;
+        FORMAT_OR_RETURN(node, "sprintf_s", kVBPoolNode, kVBNode, i);
+        LOAD_OR_RETURN(module, node.c_str(), kVBPoolTable, &pool);
+        LOG_DEBUG("Pool[%u] BlkSize[%lluBytes] Count[%u]\n", i,
+                  static_cast<unsigned long long>(pool.blkSize), pool.blkCount);
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,148 @@
+#include "param/camera/vcap_comm.h"
+
+#include "param/camera/nodes.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chn.%d";
+
+constexpr Field kVcapPipeChnCommFields[] = {
+    FIELD(VcapPipeChnCommCfg, enable, "enable", 0),
+    FIELD(VcapPipeChnCommCfg, handle, "pipechnhdl", 0),
+    FIELD(VcapPipeChnCommCfg, pixelFormat, "pixelformat", 0),
+    FIELD(VcapPipeChnCommCfg, rotate, "rotate", 0),
+    FIELD(VcapPipeChnCommCfg, mirror, "mirror", 0),  // read before flip, stored after it
+    FIELD(VcapPipeChnCommCfg, flip, "flip", 0),
+    FIELD(VcapPipeChnCommCfg, brightness, "brightness", 0),
+    FIELD(VcapPipeChnCommCfg, saturation, "saturation", 0),
+    FIELD(VcapPipeChnCommCfg, lowDelayEnable, "lowdelayenable", 0),
+    FIELD(VcapPipeChnCommCfg, lowDelayLine, "lowdelayline", 0),
+    FIELD(VcapPipeChnCommCfg, isLdcV1, "isLdcV1", 0),
+    FIELD(VcapPipeChnCommCfg, ldcEnable, "ldcEnable", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapPipeChnCommCfg> kVcapPipeChnCommTable{kVcapPipeChnNode,
+                                                            kVcapPipeChnCommFields};
+
+namespace {
+
+constexpr Field kVcapPipeCommFields[] = {
+    FIELD(VcapPipeCommCfg, handle, "vcappipehdl", 0),
+    FIELD(VcapPipeCommCfg, type, "pipetype", 0),
+    FIELD(VcapPipeCommCfg, lowDelayEnable, "lowdelayenable", 0),
+    FIELD(VcapPipeCommCfg, lowDelayLine, "lowdelayline", 0),
+    RECORD(VcapPipeCommCfg, chns, kVcapPipeChnCommTable),
+};
+
+constexpr Field kVcapAibnrFields[] = {
+    RESERVED(VcapAibnrAttr, enable),     RESERVED(VcapAibnrAttr, reserved1),
+    RESERVED(VcapAibnrAttr, masterPipe), RESERVED(VcapAibnrAttr, reserved2),
+    RESERVED(VcapAibnrAttr, modelPath),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapPipeCommCfg> kVcapPipeCommTable{kVcapPipeNode, kVcapPipeCommFields};
+constexpr TableOf<VcapAibnrAttr> kVcapAibnrTable{nullptr, kVcapAibnrFields};
+
+namespace {
+
+constexpr Field kVcapCommFields[] = {
+    FIELD(VcapCommCfg, enable, "enable", 0).At(kVcapDevNode),
+    FIELD(VcapCommCfg, handle, "vcapdevhdl", 0).At(kVcapDevNode),
+    FIELD(VcapCommCfg, wdrMode, "wdr_mode", 0).At(kVcapDevNode),
+    FIELD(VcapCommCfg, inputMode, "input_mode", 0).At(kVcapDevNode),
+    FIELD(VcapCommCfg, interfaceMode, "interface_mode", 0).At(kVcapDevNode),
+    FIELD(VcapCommCfg, dataSequence, "datasequce", 0).At(kVcapDevNode),
+    FIELD(VcapCommCfg, inputDataType, "inputdatatype", 0).At(kVcapDevNode),
+    RECORD(VcapCommCfg, aibnr, kVcapAibnrTable),
+    RECORD(VcapCommCfg, pipes, kVcapPipeCommTable),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapCommCfg> kVcapCommTable{nullptr, kVcapCommFields};
+
+Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne(const char* module, std::int32_t pipe,
+                                                  std::int32_t chn, VcapPipeChnCommCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeChnNode, pipe, chn);
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeChnCommTable, enable, saturation), cfg);
+    LOG_DEBUG(
+        "pipe[%d]  chn[%d] comm attr, enable[%d], pipechnhdl[%d], "
+        "pixelformat[%d, 0-yuv420,1-yuv422] \n",
+        pipe, chn, cfg->enable, cfg->handle, cfg->pixelFormat);
+    LOG_DEBUG("rotate[%d],isMirror[%d],isFlip[%d],brightness[%d],saturation[%d] \n", cfg->rotate,
+              cfg->mirror, cfg->flip, cfg->brightness, cfg->saturation);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo(const char* module, std::int32_t pipe,
+                                                  std::int32_t chn, VcapPipeChnCommCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeChnNode, pipe, chn);
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeChnCommTable, lowDelayEnable, ldcEnable),
+                   cfg);
+    LOG_DEBUG("lowdelayenable[%d] lowdelayline[%d] isLdcV1[%d] ldcEnable[%d]\n",
+              cfg->lowDelayEnable, cfg->lowDelayLine, cfg->isLdcV1, cfg->ldcEnable);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapPipeChnCommCfg(const char* module, std::int32_t pipe,
+                                              std::int32_t chn, VcapPipeChnCommCfg* cfg) {
+    CALL_OR_RETURN(PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne(module, pipe, chn, cfg),
+                   "PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo(module, pipe, chn, cfg),
+                   "PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapPipeCommCfg(const char* module, std::int32_t pipe,
+                                           VcapPipeCommCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeCommTable, handle, lowDelayLine), cfg);
+    LOG_DEBUG(
+        "pipe[%d] comm attr, vcappipehdl[%d], pipetype[%d], lowdelayenable[%d], "
+        "lowdelayline[%d]\n",
+        pipe, cfg->handle, cfg->type, cfg->lowDelayEnable, cfg->lowDelayLine);
+    for (std::int32_t chn = 0; chn < kVcapPipeChnCount; ++chn) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapPipeChnCommCfg(module, pipe, chn, &cfg->chns[chn]),
+                       "VcapPipeChnComm");
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapAibnrAttr(const char*, VcapCommCfg*) {
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapAibnrModelAttr(const char*, VcapCommCfg*) {
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapCommCfg(const char* module, VcapCommCfg* cfg) {
+    LOAD_OR_RETURN(module, nullptr, ROWS(kVcapCommTable, enable, inputDataType), cfg);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapAibnrAttr(module, cfg), "VcapPipeComm");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapAibnrModelAttr(module, cfg), "VcapPipeComm");
+    LOG_DEBUG("vcap dev comm attr  enable[%d],vcapdevhdl[%d] wdr_mode[%d]\n", cfg->enable,
+              cfg->handle, cfg->wdrMode);
+    LOG_DEBUG(
+        "vcap dev comm attr  input_mode[%d] interface_mode[%d] datasequce[%d] "
+        "inputdatatype[%d]\n",
+        cfg->inputMode, cfg->interfaceMode, cfg->dataSequence, cfg->inputDataType);
+    LOG_DEBUG("vcap dev AIBNR attr  enable[%d]  masterpipe[%d] modelpath[%s]\n", cfg->aibnr.enable,
+              cfg->aibnr.masterPipe, cfg->aibnr.modelPath);
+    for (std::int32_t pipe = 0; pipe < kVcapPipeCount; ++pipe) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapPipeCommCfg(module, pipe, &cfg->pipes[pipe]),
+                       "VcapPipeComm");
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,110 @@
+/// Capture settings that all modes of a media-mode common block share: the capture device, its
+/// pipes and their channels.
+///
+/// Every loader takes the module to read, the numbers that its node names, and the record to fill;
+/// it returns 0 or the code of its first failing step, having logged it. What was loaded before a
+/// failure stays.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+inline constexpr std::int32_t kVcapPipeCount = 4;
+inline constexpr std::int32_t kVcapPipeChnCount = 1;
+
+/// One channel of a capture pipe. 48 bytes.
+struct VcapPipeChnCommCfg {
+    Bool32 enable;
+    std::int32_t handle;
+    std::int32_t pixelFormat;  ///< 0 YUV 4:2:0, 1 YUV 4:2:2
+    std::int32_t rotate;       ///< number of the rotation
+    Bool32 flip;               ///< upside down
+    Bool32 mirror;             ///< left to right
+    std::int32_t brightness;
+    std::int32_t saturation;
+    Bool32 lowDelayEnable;
+    std::uint32_t lowDelayLine;  ///< lines
+    Bool32 isLdcV1;              ///< lens distortion is corrected by the first model
+    Bool32 ldcEnable;            ///< lens distortion is corrected
+};
+static_assert(sizeof(VcapPipeChnCommCfg) == 48);
+static_assert(offsetof(VcapPipeChnCommCfg, flip) == 16);
+static_assert(offsetof(VcapPipeChnCommCfg, mirror) == 20);
+static_assert(offsetof(VcapPipeChnCommCfg, lowDelayEnable) == 32);
+
+/// One capture pipe. 64 bytes.
+struct VcapPipeCommCfg {
+    std::int32_t handle;
+    std::int32_t type;  ///< number of the pipe's type
+    Bool32 lowDelayEnable;
+    std::uint32_t lowDelayLine;  ///< lines
+    VcapPipeChnCommCfg chns[kVcapPipeChnCount];
+};
+static_assert(sizeof(VcapPipeCommCfg) == 64);
+static_assert(offsetof(VcapPipeCommCfg, chns) == 16);
+
+/// Noise reduction by a trained model. No key fills it yet. 156 bytes.
+struct VcapAibnrAttr {
+    std::int32_t enable;
+    std::byte reserved1[4];
+    std::int32_t masterPipe;
+    std::byte reserved2[12];
+    char modelPath[132];
+};
+static_assert(sizeof(VcapAibnrAttr) == 156);
+static_assert(offsetof(VcapAibnrAttr, masterPipe) == 8);
+static_assert(offsetof(VcapAibnrAttr, modelPath) == 24);
+
+/// The capture device with its pipes. 440 bytes.
+struct VcapCommCfg {
+    Bool32 enable;
+    std::int32_t handle;
+    std::int32_t wdrMode;        ///< number of the wide-dynamic-range mode
+    std::int32_t inputMode;      ///< number
+    std::int32_t interfaceMode;  ///< number
+    std::int32_t dataSequence;   ///< number
+    std::int32_t inputDataType;  ///< number
+    VcapPipeCommCfg pipes[kVcapPipeCount];
+    VcapAibnrAttr aibnr;
+};
+static_assert(sizeof(VcapCommCfg) == 440);
+static_assert(offsetof(VcapCommCfg, inputDataType) == 24);
+static_assert(offsetof(VcapCommCfg, pipes) == 28);
+static_assert(offsetof(VcapCommCfg, aibnr) == 284);
+
+extern const TableOf<VcapPipeChnCommCfg> kVcapPipeChnCommTable;
+extern const TableOf<VcapPipeCommCfg> kVcapPipeCommTable;
+extern const TableOf<VcapAibnrAttr> kVcapAibnrTable;
+extern const TableOf<VcapCommCfg> kVcapCommTable;
+
+/// A channel's members up to its colours, and those from its low delay on.
+[[nodiscard]] Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne(const char* module,
+                                                                std::int32_t pipe, std::int32_t chn,
+                                                                VcapPipeChnCommCfg* cfg);
+[[nodiscard]] Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo(const char* module,
+                                                                std::int32_t pipe, std::int32_t chn,
+                                                                VcapPipeChnCommCfg* cfg);
+
+/// Both parts of a channel.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeChnCommCfg(const char* module, std::int32_t pipe,
+                                                            std::int32_t chn,
+                                                            VcapPipeChnCommCfg* cfg);
+
+/// A pipe with its channels.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeCommCfg(const char* module, std::int32_t pipe,
+                                                         VcapPipeCommCfg* cfg);
+
+/// The two places where the model's noise reduction will be read: nothing yet.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapAibnrAttr(const char* module, VcapCommCfg* cfg);
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapAibnrModelAttr(const char* module, VcapCommCfg* cfg);
+
+/// The device with all its pipes.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapCommCfg(const char* module, VcapCommCfg* cfg);
+
+}  // namespace paramgen

@@ -1,0 +1,134 @@
+#include "param/camera/vcap_pipe_spec.h"
+
+#include "param/camera/nodes.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+// Not the node of what is common to all media modes, which spells it "chn".
+constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chl.%d";
+
+constexpr Field kVcapFrameRateFields[] = {
+    FIELD(VcapFrameRateCfg, src, "src_framerate", 0),
+    FIELD(VcapFrameRateCfg, dst, "dst_framerate", 0),
+};
+
+constexpr Field kVcapIspPubFields[] = {
+    QUERY(VcapIspPubAttr, frameRate, "isp_framerate", 0),
+    FIELD(VcapIspPubAttr, width, "isp_width", 0),
+    FIELD(VcapIspPubAttr, height, "isp_height", 0),
+    RESERVED(VcapIspPubAttr, reserved),
+    FIELD(VcapIspPubAttr, mirrorFlip, "isp_mirrorflip", 0),
+};
+
+constexpr Field kVcapPipeChnSpecFields[] = {
+    FIELD(VcapPipeChnSpecCfg, dstWidth, "dst_width", 0),
+    FIELD(VcapPipeChnSpecCfg, dstHeight, "dst_height", 0),
+    FIELD(VcapPipeChnSpecCfg, srcFrameRate, "src_framerate", 0),
+    FIELD(VcapPipeChnSpecCfg, dstFrameRate, "dst_framerate", 0),
+    FIELD(VcapPipeChnSpecCfg, motionDenoise, "MotionDenoiseEnable", 0),
+    FIELD(VcapPipeChnSpecCfg, motionDenoiseIsoThresh, "MotionDenoiseIsoThresh", 200),
+    RECORD(VcapPipeChnSpecCfg, ldc, kVcapLDCTable).FromMatching(kLdcModule),
+    CONSTANT(VcapPipeChnSpecCfg, zero, 0),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapFrameRateCfg> kVcapFrameRateTable{kVcapPipeNode, kVcapFrameRateFields};
+constexpr TableOf<VcapIspPubAttr> kVcapIspPubTable{nullptr, kVcapIspPubFields};
+constexpr TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable{kVcapPipeChnNode,
+                                                            kVcapPipeChnSpecFields};
+
+namespace {
+
+constexpr Field kVcapPipeSpecFields[] = {
+    FIELD(VcapPipeSpecCfg, enable, "enable", 0),
+    RECORD(VcapPipeSpecCfg, frameRate, kVcapFrameRateTable),
+    FIELD(VcapPipeSpecCfg, ispBypass, "isp_bypass", 0).Label("isp_Bypass"),
+    FIELD(VcapPipeSpecCfg, bypassMode, "pipe_bypassmode", 0),
+    RECORD(VcapPipeSpecCfg, ispPub, kVcapIspPubTable).Under(kVcapPipeNode),
+    FIELD(VcapPipeSpecCfg, frameInterruptType, "frameinterrupt_type", 0),
+    FIELD(VcapPipeSpecCfg, aibnrSupport, "aibnr_support", 0),
+    FIELD(VcapPipeSpecCfg, ai3dnrSupport, "ai3dnr_support", 0),
+    FIELD(VcapPipeSpecCfg, bnrBufferNum, "bnr_buffer_num", 0),
+    FIELD(VcapPipeSpecCfg, earlyLine, "earlyline", 0),
+    FIELD(VcapPipeSpecCfg, sceneParamIdx, "scene_param_idx", 0),
+    CONSTANT(VcapPipeSpecCfg, zero, 0),
+    RECORD(VcapPipeSpecCfg, chn, kVcapPipeChnSpecTable),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapPipeSpecCfg> kVcapPipeSpecTable{kVcapPipeNode, kVcapPipeSpecFields};
+
+Status PDT_INIPARAM_LoadCamVcapPipeFrameRateCfg(const char* module, std::uint32_t pipe,
+                                                VcapFrameRateCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
+    LOAD_OR_RETURN(module, node.c_str(), kVcapFrameRateTable, cfg);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapIspPubAttr(const char* module, const char* node,
+                                          VcapIspPubAttr* attr) {
+    LOAD_OR_RETURN(module, node, kVcapIspPubTable, attr);
+    LOG_DEBUG("isp pub attr, isp_framerate[%f], isp_width[%d], isp_height[%d] isp_mirrorflip[%d]\n",
+              static_cast<double>(attr->frameRate), attr->width, attr->height, attr->mirrorFlip);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapSingleValue(const char* module, std::uint32_t pipe,
+                                           VcapPipeSpecCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
+    LOAD_OR_RETURN(module, node.c_str(),
+                   ROWS(kVcapPipeSpecTable, frameInterruptType, sceneParamIdx), cfg);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapPipeChnSpecCfg(const char* module, std::uint32_t pipe,
+                                              std::uint32_t chn, MediaMode mode,
+                                              VcapPipeChnSpecCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeChnNode, pipe, chn);
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeChnSpecTable, dstWidth, dstHeight), cfg);
+    LOG_DEBUG("pipe[%d] chn[%d] dest resolution , dst_width[%d],dst_height[%d] \n", pipe, chn,
+              cfg->dstWidth, cfg->dstHeight);
+    LOAD_OR_RETURN(module, node.c_str(),
+                   ROWS(kVcapPipeChnSpecTable, srcFrameRate, motionDenoiseIsoThresh), cfg);
+    LOG_DEBUG(
+        "pipe[%d] chn[%d] src_framerate[%d],dst_framerate[%d] motionDenoiseEnable[%d] "
+        "isotresh[%d\n",
+        pipe, chn, cfg->srcFrameRate, cfg->dstFrameRate, cfg->motionDenoise,
+        cfg->motionDenoiseIsoThresh);
+    CALL_OR_RETURN(PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(mode, &cfg->ldc), "LDC total attr");
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kVcapPipeChnSpecTable, zero), cfg);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapPipeSpecCfg(const char* module, std::uint32_t pipe, MediaMode mode,
+                                           VcapPipeSpecCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kVcapPipeSpecTable, enable), cfg);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapPipeFrameRateCfg(module, pipe, &cfg->frameRate),
+                   "framerate");
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeSpecTable, ispBypass, bypassMode), cfg);
+    LOG_DEBUG("vcap pipe[%d] ,enable[%d],src_framerate[%d], dst_framerate[%d], isp_Bypass[%d] \n",
+              pipe, cfg->enable, cfg->frameRate.src, cfg->frameRate.dst, cfg->ispBypass);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapIspPubAttr(module, node.c_str(), &cfg->ispPub),
+                   "IspPubAttr");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapSingleValue(module, pipe, cfg), "Vcap Single value");
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kVcapPipeSpecTable, zero), cfg);
+    LOG_DEBUG("vcap pipe[%d] , sceneParamIdx[%d] \n", pipe, cfg->sceneParamIdx);
+    for (std::uint32_t chn = 0; chn < kVcapPipeSpecChnCount; ++chn) {
+        CALL_OR_RETURN(
+            PDT_INIPARAM_LoadCamVcapPipeChnSpecCfg(module, pipe, chn, mode, &cfg->chn[chn]),
+            "VcapPipeChnSpec");
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

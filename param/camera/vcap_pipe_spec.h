@@ -1,0 +1,100 @@
+/// The capture pipes of one media mode, each with its channel.
+///
+/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
+/// before a failure stays.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/camera/ldc.h"
+#include "param/common/field.h"
+#include "param/common/media_mode.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+inline constexpr std::uint32_t kVcapPipeSpecChnCount = 1;
+
+/// Frames a second that come in and go out; -1 as they come. 8 bytes.
+struct VcapFrameRateCfg {
+    std::int32_t src;
+    std::int32_t dst;
+};
+static_assert(sizeof(VcapFrameRateCfg) == 8);
+
+/// What the image processor puts out. 20 bytes.
+struct VcapIspPubAttr {
+    float frameRate;  ///< frames a second, may have a fraction
+    std::uint32_t width;
+    std::uint32_t height;
+    std::byte reserved[4];
+    std::int32_t mirrorFlip;  ///< number of the mirror and flip mode
+};
+static_assert(sizeof(VcapIspPubAttr) == 20);
+
+/// A channel. 172 bytes.
+struct VcapPipeChnSpecCfg {
+    std::uint32_t dstWidth;
+    std::uint32_t dstHeight;
+    std::int32_t srcFrameRate;
+    std::int32_t dstFrameRate;
+    VcapLDCAttr ldc;  ///< of the lens-distortion module that serves the media mode
+    Bool32 motionDenoise;
+    std::uint32_t motionDenoiseIsoThresh;  ///< ISO value above which moving parts are denoised
+    std::uint32_t zero;                    ///< always 0
+};
+static_assert(sizeof(VcapPipeChnSpecCfg) == 172);
+static_assert(offsetof(VcapPipeChnSpecCfg, ldc) == 16);
+static_assert(offsetof(VcapPipeChnSpecCfg, motionDenoise) == 160);
+
+/// A pipe. 240 bytes.
+struct VcapPipeSpecCfg {
+    Bool32 enable;
+    VcapFrameRateCfg frameRate;
+    Bool32 ispBypass;
+    std::int32_t bypassMode;
+    VcapIspPubAttr ispPub;
+    std::int32_t sceneParamIdx;
+    std::int32_t frameInterruptType;
+    std::uint32_t earlyLine;  ///< line at which the early interrupt comes
+    VcapPipeChnSpecCfg chn[kVcapPipeSpecChnCount];
+    Bool32 aibnrSupport;   ///< AI noise reduction of the raw picture
+    Bool32 ai3dnrSupport;  ///< AI noise reduction over time
+    std::uint32_t zero;    ///< always 0
+    std::uint32_t bnrBufferNum;
+};
+static_assert(sizeof(VcapPipeSpecCfg) == 240);
+static_assert(offsetof(VcapPipeSpecCfg, ispPub) == 20);
+static_assert(offsetof(VcapPipeSpecCfg, sceneParamIdx) == 40);
+static_assert(offsetof(VcapPipeSpecCfg, chn) == 52);
+static_assert(offsetof(VcapPipeSpecCfg, aibnrSupport) == 224);
+
+extern const TableOf<VcapFrameRateCfg> kVcapFrameRateTable;
+extern const TableOf<VcapIspPubAttr> kVcapIspPubTable;
+extern const TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable;
+extern const TableOf<VcapPipeSpecCfg> kVcapPipeSpecTable;
+
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeFrameRateCfg(const char* module,
+                                                              std::uint32_t pipe,
+                                                              VcapFrameRateCfg* cfg);
+
+/// Loads what stands under the pipe's `node`.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapIspPubAttr(const char* module, const char* node,
+                                                        VcapIspPubAttr* attr);
+
+/// Loads the interrupt, noise reduction and tuning values of a pipe.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapSingleValue(const char* module, std::uint32_t pipe,
+                                                         VcapPipeSpecCfg* cfg);
+
+/// Loads a channel; its lens-distortion correction from the module that serves `mode`.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeChnSpecCfg(const char* module, std::uint32_t pipe,
+                                                            std::uint32_t chn, MediaMode mode,
+                                                            VcapPipeChnSpecCfg* cfg);
+
+/// Loads a whole pipe with its channel.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeSpecCfg(const char* module, std::uint32_t pipe,
+                                                         MediaMode mode, VcapPipeSpecCfg* cfg);
+
+}  // namespace paramgen

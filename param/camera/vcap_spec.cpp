@@ -1,0 +1,80 @@
+#include "param/camera/vcap_spec.h"
+
+#include "confaccess/number.h"
+#include "param/camera/nodes.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+#include "param/common/readers.h"
+
+namespace paramgen {
+namespace {
+
+constexpr Field kVcapSnsFields[] = {
+    FIELD(VcapSnsAttr, sensorType, "sensor_type", 0).At(kVcapDevNode),
+    FIELD(VcapSnsAttr, sensorMode, "sensor_mode", 0).At(kVcapDevNode),
+    FIELD(VcapSnsAttr, sensorWidth, "sensor_width", 0).At(kVcapDevNode),
+    FIELD(VcapSnsAttr, sensorHeight, "sensor_height", 0).At(kVcapDevNode),
+    RESERVED(VcapSnsAttr, reserved),
+    FIELD(VcapSnsAttr, dataType, "data_type", 0).At(kVcapDevNode),
+    FIELD(VcapSnsAttr, wdrMode, "wdr_mode", 0).At(kVcapDevNode),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapSnsAttr> kVcapSnsTable{nullptr, kVcapSnsFields};
+
+namespace {
+
+constexpr Field kVcapSpecFields[] = {
+    RECORD(VcapSpecCfg, sns, kVcapSnsTable),
+    COPY(VcapSpecCfg, wdrMode, sns.wdrMode),
+    FIELD(VcapSpecCfg, cacheLine, "cacheLine", 0).At(kVcapDevNode),
+    FIELD(VcapSpecCfg, basWidth, "bas_width", 0).At(kVcapDevNode),
+    FIELD(VcapSpecCfg, basHeight, "bas_height", 0).At(kVcapDevNode),
+    LOADED(VcapSpecCfg, componentMask, "componentmask%u", 0).At(kVcapDevNode),
+    RECORD(VcapSpecCfg, pipes, kVcapPipeSpecTable),
+    RESERVED(VcapSpecCfg, reserved1),
+    RESERVED(VcapSpecCfg, reserved2),
+    RESERVED(VcapSpecCfg, reserved3),
+};
+
+}  // namespace
+
+constexpr TableOf<VcapSpecCfg> kVcapSpecTable{nullptr, kVcapSpecFields};
+
+Status PDT_INIPARAM_LoadCamVcapSnsCfg(const char* module, VcapSnsAttr* attr) {
+    LOAD_OR_RETURN(module, nullptr, kVcapSnsTable, attr);
+    LOG_DEBUG(
+        "vcapdev  sensor attr, sensor_mode[%d],sensor_width[%d],sensor_height[%d],data_type[%d] "
+        "wdr_mode[%d] \n",
+        attr->sensorMode, attr->sensorWidth, attr->sensorHeight, attr->dataType, attr->wdrMode);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapSpecCfg* cfg) {
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapSnsCfg(module, &cfg->sns), "VcapSnsAttr");
+    LOAD_OR_RETURN(module, nullptr, ROWS(kVcapSpecTable, wdrMode, basHeight), cfg);
+    LOG_DEBUG("vcap dev attr,bas_width[%u],bas_height[%u] wdr_mode[%d]\n", cfg->basWidth,
+              cfg->basHeight, cfg->wdrMode);
+    for (std::uint32_t i = 0; i < kVcapComponentMaskCount; ++i) {
+        Key item;
+        FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kVcapSpecTable, componentMask), i);
+        QueriedText text;
+        const Status status = QueryText(module, item.c_str(), &text);
+        const std::int32_t mask = text == nullptr ? 0 : ParseInteger(text.get(), 10);
+        if (mask < 0) {
+            LOG_ERROR("componentmask error, out of range");
+            return kFailed;
+        }
+        cfg->componentMask[i] = static_cast<std::uint32_t>(mask);  // also when the query failed
+        CALL_OR_RETURN(status, item.c_str());
+        LOG_DEBUG("vcap dev attr,componentmask%u[%u] \n", i, cfg->componentMask[i]);
+    }
+    for (std::uint32_t i = 0; i < kVcapPipeSpecCount; ++i) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapPipeSpecCfg(module, i, mode, &cfg->pipes[i]),
+                       "VcapPipeSpec");
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,122 @@
+#include "param/camera/venc_comm.h"
+
+#include "confaccess/confaccess.h"
+#include "param/camera/nodes.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+#include "param/common/readers.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kIntraRefreshNode[] = "venc.%d.intraRefresh";
+
+constexpr Field kVencBindSrcFields[] = {
+    FIELD(VencBindSrcAttr, module, "bindedmod", 0),
+    FIELD(VencBindSrcAttr, count, "bindcnt", 0),
+    FIELD(VencBindSrcAttr, moduleHandles, "modhdl_%u", 0),
+    FIELD(VencBindSrcAttr, chnHandles, "chnhdl_%u", 0),
+};
+
+constexpr Field kVencIntraRefreshFields[] = {
+    FIELD(VencIntraRefreshCfg, enable, "refreshEnable", 0),
+    FIELD(VencIntraRefreshCfg, mode, "intraRefreshMode", 0),
+    FIELD(VencIntraRefreshCfg, refreshNum, "refreshNum", 0),
+    FIELD(VencIntraRefreshCfg, reqIQp, "reqIQp", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<VencBindSrcAttr> kVencBindSrcTable{kVencNode, kVencBindSrcFields};
+constexpr TableOf<VencIntraRefreshCfg> kVencIntraRefreshTable{kIntraRefreshNode,
+                                                              kVencIntraRefreshFields};
+
+namespace {
+
+constexpr Field kVencCommAttrFields[] = {
+    QUERY(VencCommAttr, enable, "enable", 0),
+    FIELD(VencCommAttr, handle, "venchdl", 0),
+    RECORD(VencCommAttr, bindSrc, kVencBindSrcTable),
+    FIELD(VencCommAttr, payload, "payload", 0),
+    FIELD(VencCommAttr, isByFrame, "isByFrame", 0),  // stored before the binding
+    FIELD(VencCommAttr, rcMode, "rcmode", 0),
+    FIELD(VencCommAttr, type, "type", 0),
+    RECORD(VencCommAttr, intraRefresh, kVencIntraRefreshTable),
+};
+
+}  // namespace
+
+constexpr TableOf<VencCommAttr> kVencCommAttrTable{kVencNode, kVencCommAttrFields};
+
+namespace {
+
+constexpr Field kVencCommFields[] = {
+    COMPUTED(VencCommCfg, count),
+    RECORD(VencCommCfg, vencs, kVencCommAttrTable),
+};
+
+}  // namespace
+
+constexpr TableOf<VencCommCfg> kVencCommTable{nullptr, kVencCommFields};
+
+Status PDT_PARAM_LoadCamVencBindSrcAttr(const char* module, std::int32_t venc,
+                                        VencBindSrcAttr* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVencBindSrcTable, module, count), cfg);
+    LOG_DEBUG("bindMod[%d] bindCnt[%d]\n", cfg->module, cfg->count);
+    for (std::uint32_t i = 0; i < cfg->count && i < kVencBindCount; ++i) {
+        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kVencBindSrcTable, moduleHandles), i, cfg);
+        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kVencBindSrcTable, chnHandles), i, cfg);
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadVencChnIntraFreshCfg(const char* module, std::int32_t venc,
+                                             VencIntraRefreshCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kIntraRefreshNode, venc);
+    LOAD_OR_RETURN(module, node.c_str(), kVencIntraRefreshTable, cfg);
+    LOG_DEBUG(
+        "venc[%d] intraRefresh attr, refreshEnable[%d],intraRefreshMode[%d,0-row,1-col],"
+        "refreshNum[%d],reqIQp[%d] \n",
+        venc, cfg->enable, cfg->mode, cfg->refreshNum, cfg->reqIQp);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVencCommAttr(const char* module, std::int32_t venc, VencCommAttr* cfg,
+                                        std::int32_t* isExist) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
+    Key enable;
+    FORMAT_KEY_OR_RETURN(enable, node.c_str(), ROW(kVencCommAttrTable, enable), 0);
+    CALL_OR_RETURN(ZV_CONFACCESS_IsConfItemExist(kProductConfig, module, enable.c_str(), isExist),
+                   enable.c_str());
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVencCommAttrTable, enable, handle), cfg);
+    CALL_OR_RETURN(PDT_PARAM_LoadCamVencBindSrcAttr(module, venc, &cfg->bindSrc), "bindSrc");
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVencCommAttrTable, payload, type), cfg);
+    LOG_DEBUG("venc[%d] attr, enable[%d],venchdl[%d]\n", venc, cfg->enable, cfg->handle);
+    LOG_DEBUG("payload[%d,0-h264,1-h265,2-mjpeg,3-jpeg,4-aac] \n", cfg->payload);
+    LOG_DEBUG("rcmode[%d,0-cbr,1-vbr] \n", cfg->rcMode);
+    LOG_DEBUG("type[%d,0-main video,1-sub video,2-single snap,3-sub snap] \n", cfg->type);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadVencChnIntraFreshCfg(module, venc, &cfg->intraRefresh),
+                   "intraRefresh");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVencCommCfg(const char* module, VencCommCfg* cfg) {
+    cfg->count = 0;
+    std::int32_t isExist = 1;
+    for (std::int32_t venc = 0; venc < kVencCount; ++venc) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamVencCommAttr(module, venc, &cfg->vencs[venc], &isExist),
+                       "venc comm");
+        if (isExist != 1) {
+            break;
+        }
+        ++cfg->count;
+    }
+    LOG_DEBUG("\033[1;33mvenc comm  venccnt[%u] \n\033[m", cfg->count);
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,74 @@
+#include "param/camera/venc_spec.h"
+
+#include "confaccess/confaccess.h"
+#include "param/camera/nodes.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+#include "param/common/readers.h"
+
+namespace paramgen {
+namespace {
+
+constexpr Field kVencSpecAttrFields[] = {
+    QUERY(VencSpecAttr, resWidth, "res_width", 0),
+    FIELD(VencSpecAttr, resHeight, "res_height", 0),
+    FIELD(VencSpecAttr, bufSize, "bufsize", 0),
+    FIELD(VencSpecAttr, gop, "gop", 0),
+    FIELD(VencSpecAttr, srcFrameRate, "src_framerate", 0),
+    FIELD(VencSpecAttr, dstFrameRate, "dst_framerate", 0),
+    FIELD(VencSpecAttr, h265BitRate, "h265bitrate", 0),  // read before h264's, stored after it
+    FIELD(VencSpecAttr, h264BitRate, "h264bitrate", 0),
+    FIELD(VencSpecAttr, statTime, "stat_time", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<VencSpecAttr> kVencSpecAttrTable{kVencNode, kVencSpecAttrFields};
+
+namespace {
+
+constexpr Field kVencSpecFields[] = {
+    RECORD(VencSpecCfg, vencs, kVencSpecAttrTable),
+    COMPUTED(VencSpecCfg, count),
+    RESERVED(VencSpecCfg, reserved),
+};
+
+}  // namespace
+
+constexpr TableOf<VencSpecCfg> kVencSpecTable{nullptr, kVencSpecFields};
+
+Status PDT_INIPARAM_LoadCamVencSpecAttr(const char* module, std::uint32_t venc, VencSpecAttr* attr,
+                                        std::int32_t* exists) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
+    Key width;
+    FORMAT_KEY_OR_RETURN(width, node.c_str(), ROW(kVencSpecAttrTable, resWidth), 0);
+    CALL_OR_RETURN(ZV_CONFACCESS_IsConfItemExist(kProductConfig, module, width.c_str(), exists),
+                   width.c_str());
+    LOAD_OR_RETURN(module, node.c_str(), kVencSpecAttrTable, attr);
+    LOG_DEBUG("venc[%d] spec attr, res_width[%u],res_height[%u],bufsize[%u]\n", venc,
+              attr->resWidth, attr->resHeight, attr->bufSize);
+    LOG_DEBUG(
+        "gop[%u],src_framerate[%u],dst_framerate[%u],h265bitrate[%u],h264bitrate[%u] "
+        "statTime[%uS]\n",
+        attr->gop, attr->srcFrameRate, attr->dstFrameRate, attr->h265BitRate, attr->h264BitRate,
+        attr->statTime);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVencSpecCfg(const char* module, VencSpecCfg* cfg) {
+    cfg->count = 0;
+    for (std::uint32_t i = 0; i < kVencSpecCount; ++i) {
+        std::int32_t exists = 1;
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamVencSpecAttr(module, i, &cfg->vencs[i], &exists),
+                       "venc spec");
+        if (exists != 1) {
+            break;
+        }
+        ++cfg->count;
+    }
+    LOG_DEBUG("\033[1;33mvenc comm  cnt[%u] \n\033[m", cfg->count);
+    return kOk;
+}
+
+}  // namespace paramgen

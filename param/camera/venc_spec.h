@@ -1,0 +1,52 @@
+/// The encoders of one media mode.
+///
+/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
+/// before a failure stays.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+
+namespace paramgen {
+
+inline constexpr std::uint32_t kVencSpecCount = 5;
+
+/// An encoder. 36 bytes.
+struct VencSpecAttr {
+    std::uint32_t resWidth;  ///< an encoder without this key, and those after it, do not count
+    std::uint32_t resHeight;
+    std::uint32_t bufSize;  ///< of the stream buffer, in bytes
+    std::uint32_t gop;      ///< in frames
+    std::int32_t srcFrameRate;
+    std::int32_t dstFrameRate;
+    std::uint32_t h264BitRate;  ///< in kbit/s
+    std::uint32_t h265BitRate;  ///< in kbit/s
+    std::uint32_t statTime;     ///< time over which the bit rate is held, in seconds
+};
+static_assert(sizeof(VencSpecAttr) == 36);
+static_assert(offsetof(VencSpecAttr, h264BitRate) == 24);
+
+/// All encoders. 188 bytes.
+struct VencSpecCfg {
+    std::uint32_t count;  ///< leading encoders that have a width, 0 to 5
+    VencSpecAttr vencs[kVencSpecCount];
+    std::byte reserved[4];
+};
+static_assert(sizeof(VencSpecCfg) == 188);
+static_assert(offsetof(VencSpecCfg, vencs) == 4);
+
+extern const TableOf<VencSpecAttr> kVencSpecAttrTable;
+extern const TableOf<VencSpecCfg> kVencSpecTable;
+
+/// Loads encoder `venc` from `module`, keys that are absent from their defaults; `exists` becomes 1
+/// when it has a width, else 0.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVencSpecAttr(const char* module, std::uint32_t venc,
+                                                      VencSpecAttr* attr, std::int32_t* exists);
+
+/// Loads encoders up to and including the first that does not exist, and counts those that do.
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVencSpecCfg(const char* module, VencSpecCfg* cfg);
+
+}  // namespace paramgen

@@ -1,0 +1,149 @@
+#include "param/camera/vproc_comm.h"
+
+#include "param/camera/nodes.h"
+#include "param/common/key.h"
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr Field kVprocNrFields[] = {
+    FIELD(VprocNrAttr, type, "type", 0).Label("nrType"),
+    FIELD(VprocNrAttr, compressMode, "nrcompressmode", 0),
+    FIELD(VprocNrAttr, motionMode, "nrmotionmode", 0),
+};
+
+constexpr Field kVportLowDelayFields[] = {
+    FIELD(VportLowDelayInfo, enable, "lowdelayenable", 0),
+    FIELD(VportLowDelayInfo, lineCount, "lowdelayline", 0),
+};
+
+constexpr Field kExtVportCommFields[] = {
+    FIELD(ExtVportCommCfg, enable, "enable", 0),
+    FIELD(ExtVportCommCfg, handle, "vporthdl", 0),
+    FIELD(ExtVportCommCfg, bindHandle, "bindvporthdl", 0),
+    FIELD(ExtVportCommCfg, videoFormat, "video_format", 0),
+    FIELD(ExtVportCommCfg, pixelFormat, "pixelformat", 0),
+    FIELD(ExtVportCommCfg, cropEnable, "cropenable", 0),  // stored before the formats
+    FIELD(ExtVportCommCfg, lowDelayEnable, "lowdelayenable", 0),
+    FIELD(ExtVportCommCfg, lowDelayLine, "lowdelayline", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<VprocNrAttr> kVprocNrTable{kVpssNode, kVprocNrFields};
+constexpr TableOf<VportLowDelayInfo> kVportLowDelayTable{kVportNode, kVportLowDelayFields};
+constexpr TableOf<ExtVportCommCfg> kExtVportCommTable{kExtVportNode, kExtVportCommFields};
+
+namespace {
+
+constexpr Field kVportCommFields[] = {
+    FIELD(VportCommCfg, enable, "enable", 0),
+    FIELD(VportCommCfg, handle, "vporthdl", 0),
+    FIELD(VportCommCfg, rotate, "rotate", 0),
+    FIELD(VportCommCfg, mirror, "mirror", 0),  // read before flip, stored after it
+    FIELD(VportCommCfg, flip, "flip", 0),
+    FIELD(VportCommCfg, cropEnable, "cropenable", 0),
+    FIELD(VportCommCfg, videoFormat, "video_format", 0),  // stored after the two that follow
+    FIELD(VportCommCfg, bufferShare, "buffershare", 0),
+    FIELD(VportCommCfg, ctrlByDisp, "ctrlbydisp", 0),
+    FIELD(VportCommCfg, pixelFormat, "pixelformat", 0),
+    RECORD(VportCommCfg, lowDelay, kVportLowDelayTable),
+};
+
+}  // namespace
+
+constexpr TableOf<VportCommCfg> kVportCommTable{kVportNode, kVportCommFields};
+
+namespace {
+
+constexpr Field kVprocCommFields[] = {
+    FIELD(VprocCommCfg, enable, "enable", 0),
+    FIELD(VprocCommCfg, handle, "vpsshdl", 0),
+    FIELD(VprocCommCfg, vcapPipeHandle, "vcappipehdl", 0),
+    FIELD(VprocCommCfg, vcapPipeChnHandle, "pipechnhdl", 0),
+    FIELD(VprocCommCfg, pixelFormat, "pixelformat", 0),
+    FIELD(VprocCommCfg, isLdcV1, "isLdcV1", 0),  // the lens keys are stored behind noise reduction
+    FIELD(VprocCommCfg, ldcEnable, "ldcEnable", 0),
+    FIELD(VprocCommCfg, nrEnable, "nrenable", 0),
+    RECORD(VprocCommCfg, nr, kVprocNrTable),
+    RECORD(VprocCommCfg, vports, kVportCommTable),
+    RECORD(VprocCommCfg, extVports, kExtVportCommTable),
+    RESERVED(VprocCommCfg, reserved),
+};
+
+}  // namespace
+
+constexpr TableOf<VprocCommCfg> kVprocCommTable{kVpssNode, kVprocCommFields};
+
+Status PDT_INIPARAM_LoadCamVprocNrAttr(const char* module, std::int32_t group, VprocNrAttr* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVpssNode, group);
+    LOAD_OR_RETURN(module, node.c_str(), kVprocNrTable, cfg);
+    LOG_DEBUG("nr attr, nrmotionmode[%d],nrcompressmode[%d],nrType[%d] \n", cfg->motionMode,
+              cfg->compressMode, cfg->type);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVportLowDelayInfo(const char* module, std::int32_t group,
+                                             std::int32_t port, VportLowDelayInfo* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVportNode, group, port);
+    LOAD_OR_RETURN(module, node.c_str(), kVportLowDelayTable, cfg);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVportCommCfg(const char* module, std::int32_t group, std::int32_t port,
+                                        VportCommCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVportNode, group, port);
+    LOAD_OR_RETURN(module, node.c_str(), kVportCommTable, cfg);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportLowDelayInfo(module, group, port, &cfg->lowDelay),
+                   "lowdelayinfo");
+    LOG_DEBUG("vpss[%d]vport[%d] attr,enable[%d],vporthdl[%d],rotate[%d],isMirror[%d]\n", group,
+              port, cfg->enable, cfg->handle, cfg->rotate, cfg->mirror);
+    LOG_DEBUG("vpss[%d]vport[%d] attr,isFlip[%d], buffershare[%d], cropenable[%d]\n", group, port,
+              cfg->flip, cfg->bufferShare, cfg->cropEnable);
+    LOG_DEBUG("video_format[%d,0-LINEAR,1-TILE,2-TILE64], pixelformat[%d,0-yuv420,1-yuv422] \n",
+              cfg->videoFormat, cfg->pixelFormat);
+    LOG_DEBUG("lowdelayenable[%d] lineCnt[%u]\n", cfg->lowDelay.enable, cfg->lowDelay.lineCount);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadExtVportCommCfg(const char* module, std::int32_t group, std::int32_t port,
+                                        ExtVportCommCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "snprintf_s", kExtVportNode, group, port);
+    LOAD_OR_RETURN(module, node.c_str(), kExtVportCommTable, cfg);
+    LOG_DEBUG("vpss[%d]vport[%d] attr,enable[%d],vporthdl[%d],bindvporthdl[%d], cropenable[%d]\n",
+              group, port, cfg->enable, cfg->handle, cfg->bindHandle, cfg->cropEnable);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVprocCommArg(const char* module, std::int32_t group, VprocCommCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVpssNode, group);
+    LOAD_OR_RETURN(module, node.c_str(), kVprocCommTable, cfg);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVprocNrAttr(module, group, &cfg->nr), "VprocNrAttr");
+    LOG_DEBUG(
+        "vpss[%d] attr, enable[%d],vpsshdl[%d],vcappipehdl[%d],pipeChnHdl[%d],pixelformat[%d] "
+        "nrEnable[%d]\n",
+        group, cfg->enable, cfg->handle, cfg->vcapPipeHandle, cfg->vcapPipeChnHandle,
+        cfg->pixelFormat, cfg->nrEnable);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadCamVprocCommCfg(const char* module, std::int32_t group, VprocCommCfg* cfg) {
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamVprocCommArg(module, group, cfg), "VprocCommArg");
+    for (std::int32_t port = 0; port < kVportCount; ++port) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportCommCfg(module, group, port, &cfg->vports[port]),
+                       "vport config");
+    }
+    for (std::int32_t port = 0; port < kExtVportCount; ++port) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadExtVportCommCfg(module, group, port, &cfg->extVports[port]),
+                       "extport config");
+    }
+    return kOk;
+}
+
+}  // namespace paramgen
