@@ -38,7 +38,7 @@ constexpr Field kAcapFields[] = {
     FIELD(AcapCfg, enable, "enable", 0),
     FIELD(AcapCfg, handle, "handle", 0),
     FIELD(AcapCfg, audioGain, "audiogain", 0),
-    RECORD(AcapCfg, attr, kAcapAttrTable).Under(kAcapNode),
+    RECORD(AcapCfg, attr, kAcapAttrTable),
     RECORD(AcapCfg, chn, kAcapChnTable).Under(kAcapChnNode),
 };
 

@@ -36,7 +36,7 @@ constexpr Field kAoFields[] = {
     FIELD(AoCfg, enable, "enable", 0),
     FIELD(AoCfg, handle, "handle", 0),
     FIELD(AoCfg, volume, "volume", 0),
-    RECORD(AoCfg, attr, kAoAttrTable).Under(kAoNode),
+    RECORD(AoCfg, attr, kAoAttrTable),
     RECORD(AoCfg, chn, kAoChnTable).Under(kAoChnNode),
 };
 

@@ -5,13 +5,17 @@
 namespace paramgen {
 namespace {
 
+constexpr char kMainStream[] = "main";
+constexpr char kSubStream[] = "sub";
+constexpr char kSingleSnap[] = "single";
+constexpr char kSubSnap[] = "sub";
 constexpr char kLiveSourceNode[] = "venc.live.src.%d";
 
 constexpr Field kVencCommFields[] = {
-    RECORD(VencCommCfg, mainVideo, kVideoEncTable).Under("venc.video.main"),
-    RECORD(VencCommCfg, subVideo, kVideoEncTable).Under("venc.video.sub"),
-    RECORD(VencCommCfg, singleSnap, kSnapEncTable).Under("venc.snap.single"),
-    RECORD(VencCommCfg, subSnap, kSnapEncTable).Under("venc.snap.sub"),
+    RECORD(VencCommCfg, mainVideo, kVideoEncTable).Under(kMainStream),
+    RECORD(VencCommCfg, subVideo, kVideoEncTable).Under(kSubStream),
+    RECORD(VencCommCfg, singleSnap, kSnapEncTable).Under(kSingleSnap),
+    RECORD(VencCommCfg, subSnap, kSnapEncTable).Under(kSubSnap),
     RECORD(VencCommCfg, hierarchicalQp, kHierarchicalQpTable),
 };
 
@@ -35,13 +39,13 @@ constexpr Field kMediaCommFields[] = {
 constexpr TableOf<MediaCommCfg> kMediaCommTable{nullptr, kMediaCommFields};
 
 Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* cfg) {
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, "main", &cfg->mainVideo),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kMainStream, &cfg->mainVideo),
                    "MainVideoEnc");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, "sub", &cfg->subVideo),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kSubStream, &cfg->subVideo),
                    "SubVideoEnc");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, "single", &cfg->singleSnap),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, kSingleSnap, &cfg->singleSnap),
                    "SingSnapAttr");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, "sub", &cfg->subSnap),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, kSubSnap, &cfg->subSnap),
                    "SubSnapAttr");
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencHierarchicalQp(module, &cfg->hierarchicalQp),
                    "HierarchicalQp");

@@ -5,6 +5,8 @@
 namespace paramgen {
 namespace {
 
+constexpr char kSnapEncNode[] = "venc.snap.%s";
+
 constexpr Field kLargeThumbnailFields[] = {
     QUERY(LargeThumbnail, width, "largethumbnail%d_width", 0),
     QUERY(LargeThumbnail, height, "largethumbnail%d_height", 0),
@@ -28,12 +30,12 @@ constexpr Field kSnapEncFields[] = {
 
 }  // namespace
 
-constexpr TableOf<SnapEncAttr> kSnapEncTable{nullptr, kSnapEncFields};
+constexpr TableOf<SnapEncAttr> kSnapEncTable{kSnapEncNode, kSnapEncFields};
 
 Status PDT_INIPARAM_LoadMediaCommSnapEncAttr(const char* module, const char* name,
                                              SnapEncAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", "venc.snap.%s", name);
+    FORMAT_OR_RETURN(node, "sprintf_s", kSnapEncNode, name);
     LOG_DEBUG("NodePrefix[%s]\n", node.c_str());
     LOAD_OR_RETURN(module, node.c_str(), kSnapEncTable, attr);
     LOG_DEBUG(

@@ -5,6 +5,7 @@
 namespace paramgen {
 namespace {
 
+constexpr char kVideoEncNode[] = "venc.video.%s";
 constexpr char kH264Node[] = "%s.h264";
 constexpr char kH265Node[] = "%s.h265";
 constexpr char kCbrNode[] = "%s.cbr";
@@ -65,7 +66,7 @@ constexpr Field kVideoEncFields[] = {
 
 }  // namespace
 
-constexpr TableOf<VideoEncAttr> kVideoEncTable{nullptr, kVideoEncFields};
+constexpr TableOf<VideoEncAttr> kVideoEncTable{kVideoEncNode, kVideoEncFields};
 
 Status PDT_INIPARAM_LoadMediaCommH26xCbrAttr(const char* module, const char* codecPrefix,
                                              H26xRcQpAttr* attr) {
@@ -133,7 +134,7 @@ Status PDT_INIPARAM_LoadMediaCommVencH265Attr(const char* module, const char* st
 Status PDT_INIPARAM_LoadMediaCommVideoEncAttr(const char* module, const char* name,
                                               VideoEncAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", "venc.video.%s", name);
+    FORMAT_OR_RETURN(node, "sprintf_s", kVideoEncNode, name);
     LOG_DEBUG("NodePrefix[%s]\n", node.c_str());
     LOAD_OR_RETURN(module, node.c_str(), ROW(kVideoEncTable, sceneMode), attr);
     LOG_DEBUG("[%s] scene[%d:0-normal,1-dv,2-car]\n", node.c_str(), attr->sceneMode);
