@@ -24,7 +24,7 @@ constexpr Field kImageFields[] = {
     RECORD(ParamImage, tail, kTailTable),
     RECORD(ParamImage, devMng, kDevMngTable).From(kDevMngModule),
     RECORD(ParamImage, fileMng, kFileMngTable).From(kFileMngModule),
-    RESERVED(ParamImage, mediaComm),
+    RECORD(ParamImage, mediaComm, kMediaCommTable).From(kMediaCommModule),
     RESERVED(ParamImage, workMode),
     RESERVED(ParamImage, valueSet),
     RECORD(ParamImage, cam, kCamMediaTable),

@@ -10,6 +10,7 @@
 #include "param/common/field.h"
 #include "param/devmng/devmng.h"
 #include "param/filemng/filemng.h"
+#include "param/media_common/media_common.h"
 
 namespace paramgen {
 
@@ -23,7 +24,6 @@ struct EmptySection {
 };
 
 using WorkModeCfg = EmptySection<8912>;
-using MediaCommCfg = EmptySection<716>;
 using ValueSetCfg = EmptySection<5576>;
 
 inline constexpr std::uint32_t kImageMagic = 0x70617261;  ///< "arap" in the file

@@ -1,0 +1,88 @@
+#include "param/media_common/audio_capture.h"
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kAcapNode[] = "acapture.%d";
+constexpr char kAcapAacNode[] = "acapture.%d.aac";
+constexpr char kAcapChnNode[] = "acapture.%d.chnl.%d";
+
+constexpr Field kAcapAttrFields[] = {
+    FIELD(AcapAttr, sampleRate, "sample_rate", 0),
+    FIELD(AcapAttr, bitWidth, "bit_width", 0),
+    FIELD(AcapAttr, soundMode, "sound_mode", 0),
+    FIELD(AcapAttr, trackMode, "track_mode", 0).Label("trackMode"),
+    FIELD(AcapAttr, workMode, "work_mode", 0),
+    FIELD(AcapAttr, mixerMicMode, "mixer_mic_mode", 0),
+    FIELD(AcapAttr, resampleRate, "resample_rate", 0),
+    FIELD(AcapAttr, pointsPerFrame, "ptnum_per_frm", 0).Under(kAcapAacNode),
+    CONSTANT(AcapAttr, fixed0, 0),
+};
+
+constexpr Field kAcapChnFields[] = {
+    FIELD(AcapChnAttr, handle, "handle", 0),
+    FIELD(AcapChnAttr, enable, "enable", 0),
+    FIELD(AcapChnAttr, enableVqe, "enable_vqe", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<AcapAttr> kAcapAttrTable{nullptr, kAcapAttrFields};
+constexpr TableOf<AcapChnAttr> kAcapChnTable{nullptr, kAcapChnFields};
+
+namespace {
+
+constexpr Field kAcapFields[] = {
+    FIELD(AcapCfg, enable, "enable", 0),
+    FIELD(AcapCfg, handle, "handle", 0),
+    FIELD(AcapCfg, audioGain, "audiogain", 0),
+    RECORD(AcapCfg, attr, kAcapAttrTable),
+    RECORD(AcapCfg, chn, kAcapChnTable).Under(kAcapChnNode),
+};
+
+}  // namespace
+
+constexpr TableOf<AcapCfg> kAcapTable{kAcapNode, kAcapFields};
+
+Status PDT_INIPARAM_LoadMediaCommAcapAttr(const char* module, const char* prefix, AcapAttr* attr) {
+    LOAD_OR_RETURN(module, prefix, ROWS(kAcapAttrTable, sampleRate, resampleRate), attr);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommAcapChnAttr(const char* module, const char* prefix,
+                                             AcapChnAttr* attr) {
+    LOAD_OR_RETURN(module, prefix, kAcapChnTable, attr);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommAcapCfg(const char* module, std::int32_t index, AcapCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kAcapNode, index);
+    LOAD_OR_RETURN(module, node.c_str(), kAcapTable, cfg);
+    LOG_DEBUG("Acap[%d] enable[%d] hdl[%d] audio gain[%d]\n", index, cfg->enable, cfg->handle,
+              cfg->audioGain);
+    AcapAttr& attr = cfg->attr;
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAcapAttr(module, node.c_str(), &attr), "acap attr");
+    FORMAT_OR_RETURN(node, "sprintf_s", kAcapAacNode, index);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kAcapAttrTable, pointsPerFrame), &attr);
+    for (std::int32_t i = 0; i < kAcapChnCount; ++i) {
+        FORMAT_OR_RETURN(node, "sprintf_s", kAcapChnNode, index, i);
+        CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAcapChnAttr(module, node.c_str(), &cfg->chn[i]),
+                       "acap chn");
+    }
+    LOAD_OR_RETURN(module, nullptr, ROW(kAcapAttrTable, fixed0), &attr);
+    LOG_DEBUG(
+        "    samplerate[%d],bitWidth[%d:0-8,1-16,2-24] soundMode[%d:0-left,1-right,2-stereo]\n",
+        attr.sampleRate, attr.bitWidth, attr.soundMode);
+    LOG_DEBUG("    resamplerate[%d] acodec_mixer[%d:0-IN0,1-IN1,2-IN_D] pointNumPerFrame[%u]\n",
+              attr.resampleRate, attr.mixerMicMode, attr.pointsPerFrame);
+    for (std::int32_t i = 0; i < kAcapChnCount; ++i) {
+        LOG_DEBUG("AcapChn%d :hadle[%d], enable[%d], enableVqe[%d]\n", i, cfg->chn[i].handle,
+                  cfg->chn[i].enable, cfg->chn[i].enableVqe);
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

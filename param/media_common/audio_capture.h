@@ -1,0 +1,69 @@
+/// Audio capture device and its channels.
+///
+/// Every loader takes the module to read, the device's number or the record's node, and the record
+/// to fill; it returns 0 or the code of its first failing step, having logged it. What was loaded
+/// before a failure stays. No value is checked for its range.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+inline constexpr std::int32_t kAcapChnCount = 2;
+
+/// How sound is captured. 36 bytes.
+struct AcapAttr {
+    std::int32_t sampleRate;
+    std::int32_t bitWidth;   ///< 0 8 bits, 1 16 bits, 2 24 bits
+    std::int32_t soundMode;  ///< 0 left, 1 right, 2 stereo
+    std::int32_t trackMode;
+    std::int32_t workMode;
+    std::uint32_t pointsPerFrame;  ///< samples
+    std::int32_t mixerMicMode;     ///< microphone input: 0 IN0, 1 IN1, 2 IN_D
+    std::int32_t resampleRate;
+    std::uint32_t fixed0;  ///< always 0
+};
+static_assert(sizeof(AcapAttr) == 36);
+static_assert(offsetof(AcapAttr, pointsPerFrame) == 20);
+static_assert(offsetof(AcapAttr, fixed0) == 32);
+
+/// A capture channel. 12 bytes.
+struct AcapChnAttr {
+    Bool32 enable;
+    std::int32_t handle;
+    Bool32 enableVqe;  ///< voice quality enhancement
+};
+static_assert(sizeof(AcapChnAttr) == 12);
+
+/// A capture device. 72 bytes.
+struct AcapCfg {
+    Bool32 enable;
+    std::int32_t handle;
+    AcapAttr attr;
+    std::int32_t audioGain;
+    AcapChnAttr chn[kAcapChnCount];  ///< read even when the device is disabled
+};
+static_assert(sizeof(AcapCfg) == 72);
+static_assert(offsetof(AcapCfg, attr) == 8);
+static_assert(offsetof(AcapCfg, audioGain) == 44);
+static_assert(offsetof(AcapCfg, chn) == 48);
+
+extern const TableOf<AcapAttr> kAcapAttrTable;
+extern const TableOf<AcapChnAttr> kAcapChnTable;
+extern const TableOf<AcapCfg> kAcapTable;
+
+/// Loads `attr` but for the points per frame and the word after the resample rate, which the
+/// device's loader does.
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAcapAttr(const char* module, const char* prefix,
+                                                        AcapAttr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAcapChnAttr(const char* module, const char* prefix,
+                                                           AcapChnAttr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAcapCfg(const char* module, std::int32_t index,
+                                                       AcapCfg* cfg);
+
+}  // namespace paramgen

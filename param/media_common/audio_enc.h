@@ -1,0 +1,74 @@
+/// Audio encoder.
+///
+/// Every loader takes the module to read, the encoder's number and the record to fill; it returns 0
+/// or the code of its first failing step, having logged it. What was loaded before a failure stays.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+/// Audio formats that an encoder's attributes are known for.
+inline constexpr std::uint32_t kAencFormatAac = 0;
+inline constexpr std::uint32_t kAencFormatMp3 = 3;
+
+/// AAC. 28 bytes.
+struct AencAacAttr {
+    std::int32_t aacType;  ///< 0 AAC-LC
+    std::int32_t bitRate;
+    std::int32_t sampleRate;
+    std::int32_t bitWidth;       ///< 0 8 bits, 1 16 bits, 2 24 bits
+    std::int32_t soundMode;      ///< 0 mono, 1 stereo
+    std::int32_t transportType;  ///< 0 ADTS, 1 LOAS, 2 LATM_MCP1
+    std::int16_t bandWidth;      ///< a value beyond 16 bits is an error
+    std::byte reserved[2];
+};
+static_assert(sizeof(AencAacAttr) == 28);
+static_assert(offsetof(AencAacAttr, bandWidth) == 24);
+static_assert(offsetof(AencAacAttr, reserved) == 26);
+
+/// MP3. 20 bytes.
+struct AencMp3Attr {
+    std::int32_t sampleRate;
+    std::int32_t bitWidth;   ///< 0 8 bits, 1 16 bits, 2 24 bits
+    std::int32_t soundMode;  ///< 0 mono, 1 stereo
+    std::int32_t bitRate;
+    std::uint32_t quality;
+};
+static_assert(sizeof(AencMp3Attr) == 20);
+
+/// An encoder. 52 bytes.
+struct AencCfg {
+    Bool32 enable;
+    std::int32_t handle;
+    std::int32_t acapHandle;       ///< of the capture device
+    std::int32_t acapChnHandle;    ///< of its channel
+    std::uint32_t format;          ///< always AAC
+    std::uint32_t pointsPerFrame;  ///< samples
+    union {
+        AencAacAttr aac;
+        AencMp3Attr mp3;
+    };  ///< as the format says
+};
+static_assert(sizeof(AencCfg) == 52);
+static_assert(offsetof(AencCfg, aac) == 24);
+static_assert(offsetof(AencCfg, mp3) == 24);
+
+extern const TableOf<AencAacAttr> kAencAacTable;
+extern const TableOf<AencMp3Attr> kAencMp3Table;
+extern const TableOf<AencCfg> kAencTable;
+
+/// Returns -1 when the band width is out of range.
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAencAacCfg(const char* module, std::int32_t index,
+                                                          AencAacAttr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAencMp3Cfg(const char* module, std::int32_t index,
+                                                          AencMp3Attr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAencCfg(const char* module, std::int32_t index,
+                                                       AencCfg* cfg);
+
+}  // namespace paramgen

@@ -1,0 +1,74 @@
+#include "param/media_common/audio_out.h"
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kAoNode[] = "ao.%d";
+constexpr char kAoAacNode[] = "ao.%d.aac";
+constexpr char kAoChnNode[] = "ao.%d.chnl.%d";
+
+constexpr Field kAoAttrFields[] = {
+    FIELD(AoAttr, sampleRate, "sample_rate", 0),
+    COPY(AoAttr, inSampleRate, sampleRate),
+    FIELD(AoAttr, bitWidth, "bit_width", 0),
+    FIELD(AoAttr, soundMode, "sound_mode", 0),
+    FIELD(AoAttr, trackMode, "track_mode", 0),
+    FIELD(AoAttr, workMode, "work_mode", 6),
+    FIELD(AoAttr, i2cType, "ao_i2c_type", 0),
+    FIELD(AoAttr, pointsPerFrame, "ptnum_per_frm", 0).Under(kAoAacNode),
+};
+
+constexpr Field kAoChnFields[] = {
+    QUERY(AoChnAttr, handle, "handle", 0),
+    QUERY(AoChnAttr, enable, "enable", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<AoAttr> kAoAttrTable{nullptr, kAoAttrFields};
+constexpr TableOf<AoChnAttr> kAoChnTable{nullptr, kAoChnFields};
+
+namespace {
+
+constexpr Field kAoFields[] = {
+    FIELD(AoCfg, enable, "enable", 0),
+    FIELD(AoCfg, handle, "handle", 0),
+    FIELD(AoCfg, volume, "volume", 0),
+    RECORD(AoCfg, attr, kAoAttrTable),
+    RECORD(AoCfg, chn, kAoChnTable).Under(kAoChnNode),
+};
+
+}  // namespace
+
+constexpr TableOf<AoCfg> kAoTable{kAoNode, kAoFields};
+
+Status PDT_INIPARAM_LoadMediaCommAoAttr(const char* module, const char* prefix, AoAttr* attr) {
+    LOAD_OR_RETURN(module, prefix, ROWS(kAoAttrTable, sampleRate, soundMode), attr);
+    LOG_DEBUG(
+        "    samplerate[%d] insamplerate[%d] bitWidth[%d:0-8,1-16,2-24] "
+        "soundMode[%d:0-left,1-right,2-stereo]\n",
+        attr->sampleRate, attr->inSampleRate, attr->bitWidth, attr->soundMode);
+    LOAD_OR_RETURN(module, prefix, ROWS(kAoAttrTable, trackMode, i2cType), attr);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommAoCfg(const char* module, std::int32_t index, AoCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kAoNode, index);
+    LOAD_OR_RETURN(module, node.c_str(), kAoTable, cfg);
+    LOG_DEBUG("Ao[%d] enable[%d] hdl[%d]\n", index, cfg->enable, cfg->handle);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAoAttr(module, node.c_str(), &cfg->attr), "ao attr");
+    FORMAT_OR_RETURN(node, "sprintf_s", kAoAacNode, index);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kAoAttrTable, pointsPerFrame), &cfg->attr);
+    for (std::int32_t i = 0; i < kAoChnCount; ++i) {
+        AoChnAttr& chn = cfg->chn[i];
+        FORMAT_OR_RETURN(node, "sprintf_s", kAoChnNode, index, i);
+        LOAD_OR_RETURN(module, node.c_str(), kAoChnTable, &chn);
+        LOG_DEBUG("chn[%d],aoChnHdl[%d],enable[%d]\n", i, chn.handle, chn.enable);
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

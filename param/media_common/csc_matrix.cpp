@@ -1,0 +1,43 @@
+#include "param/media_common/csc_matrix.h"
+
+#include "param/common/names.h"
+#include "param/common/param_log.h"
+
+namespace paramgen {
+namespace {
+
+constexpr NamedNumber kCscMatrices[] = {
+    {"QX_MAPI_DISP_CSC_MATRIX_BT601LIMIT_TO_BT601LIMIT", kCscMatrixBt601LimitToBt601Limit},
+    {"QX_MAPI_DISP_CSC_MATRIX_BT601LIMIT_TO_BT709LIMIT", kCscMatrixBt601LimitToBt709Limit},
+    {"QX_MAPI_DISP_CSC_MATRIX_BT709LIMIT_TO_BT601LIMIT", kCscMatrixBt709LimitToBt601Limit},
+    {"QX_MAPI_DISP_CSC_MATRIX_BT601LIMIT_TO_RGBLIMIT", kCscMatrixBt601LimitToRgbLimit},
+    {"QX_MAPI_DISP_CSC_MATRIX_BT709LIMIT_TO_RGBLIMIT", kCscMatrixBt709LimitToRgbLimit},
+    {"QX_MAPI_DISP_CSC_MATRIX_RGBFULL_TO_BT601LIMIT", kCscMatrixRgbFullToBt601Limit},
+    {"QX_MAPI_DISP_CSC_MATRIX_RGBFULL_TO_BT709LIMIT", kCscMatrixRgbFullToBt709Limit},
+    {"QX_MAPI_DISP_CSC_MATRIX_BT601FULL_TO_RGBFULL", kCscMatrixBt601FullToRgbFull},
+    {"QX_MAPI_DISP_CSC_MATRIX_BT709FULL_TO_RGBFULL", kCscMatrixBt709FullToRgbFull},
+};
+
+}  // namespace
+
+Status PDT_INIPARAM_GetMediaCommCSCMatrixEnum(const char* name, CscMatrix* matrix) {
+    const NamedNumber* found = FindName(kCscMatrices, name);
+    if (found == nullptr) {
+        LOG_ERROR("Invalid CSCMatrix[%s]\n", name);
+        return kFailed;
+    }
+    *matrix = static_cast<CscMatrix>(found->number);
+    LOG_DEBUG("    CSCMatrix[%s] Enum[%d]\n", name, *matrix);
+    return kOk;
+}
+
+Status FieldTraits<CscMatrix>::Lookup(const char* name, std::int32_t* number) {
+    CscMatrix matrix = kCscMatrixBt601LimitToBt601Limit;
+    const Status status = PDT_INIPARAM_GetMediaCommCSCMatrixEnum(name, &matrix);
+    if (status == kOk) {
+        *number = matrix;
+    }
+    return status;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,36 @@
+/// Colour-space conversion matrices of a display. INI files name them, the image numbers them.
+#pragma once
+
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field_traits.h"
+
+namespace paramgen {
+
+/// The number of a matrix. The numbers are the display library's own, and part of the image's
+/// format.
+enum CscMatrix : std::int32_t {
+    kCscMatrixBt601LimitToBt601Limit = 0,
+    kCscMatrixBt709LimitToBt601Limit = 2,
+    kCscMatrixBt601LimitToBt709Limit = 4,
+    kCscMatrixBt601FullToRgbFull = 17,
+    kCscMatrixBt709FullToRgbFull = 19,
+    kCscMatrixBt601LimitToRgbLimit = 20,
+    kCscMatrixBt709LimitToRgbLimit = 22,
+    kCscMatrixRgbFullToBt601Limit = 24,
+    kCscMatrixRgbFullToBt709Limit = 26,
+};
+
+/// Stores the number of the matrix called `name`, and echoes it. Returns -1, logging so and storing
+/// nothing, for an unknown name. Names are compared as they are, to the letter.
+[[nodiscard]] Status PDT_INIPARAM_GetMediaCommCSCMatrixEnum(const char* name, CscMatrix* matrix);
+
+/// A matrix member is read by name.
+template <>
+struct FieldTraits<CscMatrix> {
+    static constexpr FieldKind kKind = FieldKind::kName;
+    static Status Lookup(const char* name, std::int32_t* number);
+};
+
+}  // namespace paramgen

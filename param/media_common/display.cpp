@@ -1,0 +1,150 @@
+#include "param/media_common/display.h"
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kDispNode[] = "disp.%d";
+constexpr char kCscNode[] = "disp.%d.csc";
+constexpr char kSourceNode[] = "disp.%d.SRC.%d";
+constexpr char kWndNode[] = "disp.%d.window.%d";
+constexpr char kPlaybackWndNode[] = "disp.%d.playbackwindow.0";
+constexpr char kAspectNode[] = "%s.aspectratio";
+constexpr char kWndAttrNode[] = "%s.wndattr";
+
+constexpr Field kDispCscFields[] = {
+    QUERY(DispCscAttr, matrix, "cscmatrix"),         FIELD(DispCscAttr, luma, "luma", 0),
+    FIELD(DispCscAttr, contrast, "contrast", 0),     FIELD(DispCscAttr, hue, "hue", 0),
+    FIELD(DispCscAttr, saturation, "saturation", 0),
+};
+
+constexpr Field kDispAspectFields[] = {
+    FIELD(DispAspectAttr, mode, "mode", 0),
+    FIELD(DispAspectAttr, bgColor, "bg_color", 0),
+    FIELD(DispAspectAttr, rectX, "rect_x", 0),
+    FIELD(DispAspectAttr, rectY, "rect_y", 0),
+    FIELD(DispAspectAttr, rectWidth, "rect_width", 0),
+    FIELD(DispAspectAttr, rectHeight, "rect_height", 0),
+};
+
+constexpr Field kDispWndAttrFields[] = {
+    FIELD(DispWndAttr, rectX, "rect_x", 0),
+    FIELD(DispWndAttr, rectY, "rect_y", 0),
+    FIELD(DispWndAttr, rectWidth, "rect_width", 0),
+    FIELD(DispWndAttr, rectHeight, "rect_height", 0),
+    FIELD(DispWndAttr, priority, "priority", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<DispCscAttr> kDispCscTable{nullptr, kDispCscFields};
+constexpr TableOf<DispAspectAttr> kDispAspectTable{nullptr, kDispAspectFields};
+constexpr TableOf<DispWndAttr> kDispWndAttrTable{nullptr, kDispWndAttrFields};
+
+namespace {
+
+constexpr Field kDispWndFields[] = {
+    FIELD(DispWndCfg, enable, "enable", 0),
+    FIELD(DispWndCfg, handle, "wndhdl", 0),
+    FIELD(DispWndCfg, previewCamId, "preview_cam_id", 0),
+    FIELD(DispWndCfg, rotate, "rotate", 0),
+    RECORD(DispWndCfg, aspect, kDispAspectTable).Under(kAspectNode),
+    RECORD(DispWndCfg, rect, kDispWndAttrTable).Under(kWndAttrNode),
+};
+
+}  // namespace
+
+constexpr TableOf<DispWndCfg> kDispWndTable{nullptr, kDispWndFields};
+
+namespace {
+
+constexpr Field kDispFields[] = {
+    FIELD(DispCfg, enable, "enable", 0),
+    FIELD(DispCfg, handle, "disphdl", 0),
+    FIELD(DispCfg, bgColor, "bg_color", 0),
+    FIELD(DispCfg, windowCount, "windowcnt", 0),
+    FIELD(DispCfg, enableCsc, "enable", 0).Under(kCscNode).Label("csc enable"),
+    RECORD(DispCfg, csc, kDispCscTable).Under(kCscNode),
+    RECORD(DispCfg, source, kVideoModTable).Under(kSourceNode),
+    RECORD(DispCfg, playbackWnd, kDispWndTable).Under(kPlaybackWndNode),
+    RESERVED(DispCfg, reserved),
+};
+
+}  // namespace
+
+constexpr TableOf<DispCfg> kDispTable{kDispNode, kDispFields};
+
+Status PDT_INIPARAM_LoadMediaCommDispCSCAttr(const char* module, const char* prefix,
+                                             DispCscAttr* attr) {
+    LOAD_OR_RETURN(module, prefix, kDispCscTable, attr);
+    LOG_DEBUG("      luma[%u], contrast[%u], hue[%u], saturation[%u]\n", attr->luma, attr->contrast,
+              attr->hue, attr->saturation);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommDispAspectAttr(const char* module, const char* prefix,
+                                                DispAspectAttr* attr) {
+    LOAD_OR_RETURN(module, prefix, kDispAspectTable, attr);
+    LOG_DEBUG("    aspect mode[%d] bgcolor[%d] start[%u,%u], size[%u,%u]\n", attr->mode,
+              attr->bgColor, attr->rectX, attr->rectY, attr->rectWidth, attr->rectHeight);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommDispWndAttr(const char* module, const char* prefix,
+                                             DispWndAttr* attr) {
+    LOAD_OR_RETURN(module, prefix, kDispWndAttrTable, attr);
+    LOG_DEBUG("    WndAttr pos[%u,%u], size[%u,%u], priority[%u]\n", attr->rectX, attr->rectY,
+              attr->rectWidth, attr->rectHeight, attr->priority);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommDispWndCfg(const char* module, const char* prefix,
+                                            DispWndCfg* cfg) {
+    LOAD_OR_RETURN(module, prefix, ROWS(kDispWndTable, enable, previewCamId), cfg);
+    LOG_DEBUG("    Prefix[%s] enable[%d] wndhdl[%d] preview_cam_id[%d] \n", prefix, cfg->enable,
+              cfg->handle, cfg->previewCamId);
+    LOAD_OR_RETURN(module, prefix, ROW(kDispWndTable, rotate), cfg);
+    LOG_DEBUG("    Rotate[%d, 0:0, 1:90, 2:180, 3:270]\n", cfg->rotate);
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kAspectNode, prefix);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispAspectAttr(module, node.c_str(), &cfg->aspect),
+                   "AspectAttr");
+    FORMAT_OR_RETURN(node, "sprintf_s", kWndAttrNode, prefix);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispWndAttr(module, node.c_str(), &cfg->rect),
+                   "WndAttr");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommDispCfg(const char* module, std::int32_t index, DispCfg* cfg) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kDispNode, index);
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kDispTable, enable, handle), cfg);
+    LOG_DEBUG("Display[%d]: enable[%d] disphdl[%d]\n", index, cfg->enable, cfg->handle);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kDispTable, bgColor), cfg);
+    LOG_DEBUG(" bg color[%08x]\n", cfg->bgColor);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kDispTable, windowCount), cfg);
+    LOG_DEBUG("Display[%d]: windowcnt[%d]\n", index, cfg->windowCount);
+    FORMAT_OR_RETURN(node, "sprintf_s", kCscNode, index);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kDispTable, enableCsc), cfg);
+    LOG_DEBUG("    CSCEnable[%d]\n", cfg->enableCsc);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispCSCAttr(module, node.c_str(), &cfg->csc),
+                   "CSCAttr");
+    for (std::int32_t i = 0; i < kDispSourceCount; ++i) {
+        FORMAT_OR_RETURN(node, "sprintf_s", kSourceNode, index, i);
+        CALL_OR_RETURN(PDT_INIPARAM_LoadVideoModCfg(module, node.c_str(), &cfg->source[i]),
+                       "disp src");
+    }
+    for (std::int32_t i = 0; i < kDispWndCount; ++i) {
+        FORMAT_OR_RETURN(node, "sprintf_s", kWndNode, index, i);
+        CALL_OR_RETURN(
+            PDT_INIPARAM_LoadMediaCommDispWndCfg(module, node.c_str(), &cfg->playbackWnd + i),
+            "WndCfg");
+    }
+    FORMAT_OR_RETURN(node, "sprintf_s", kPlaybackWndNode, index);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispWndCfg(module, node.c_str(), &cfg->playbackWnd),
+                   "playback WndCfg");
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,106 @@
+/// Display: the panel, its colour-space conversion, its video source and its playback window.
+///
+/// Every loader takes the module to read, the display's number or the record's node, and the record
+/// to fill; it returns 0 or the code of its first failing step, having logged it. What was loaded
+/// before a failure stays. No number is checked for its range.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/values.h"
+#include "param/media_common/csc_matrix.h"
+#include "param/media_common/video_mod.h"
+
+namespace paramgen {
+
+inline constexpr std::int32_t kDispSourceCount = 1;
+
+/// Ordinary windows that are read: none, the record has room for the playback window alone.
+inline constexpr std::int32_t kDispWndCount = 0;
+
+/// Colour-space conversion. 20 bytes.
+struct DispCscAttr {
+    CscMatrix matrix;  ///< left as it is when the key is absent
+    std::uint32_t luma;
+    std::uint32_t contrast;
+    std::uint32_t hue;
+    std::uint32_t saturation;
+};
+static_assert(sizeof(DispCscAttr) == 20);
+
+/// Where in its window a video is shown. 24 bytes.
+struct DispAspectAttr {
+    std::int32_t mode;
+    std::uint32_t bgColor;
+    std::int32_t rectX;
+    std::int32_t rectY;
+    std::uint32_t rectWidth;
+    std::uint32_t rectHeight;
+};
+static_assert(sizeof(DispAspectAttr) == 24);
+
+/// Where on the display a window is shown. 20 bytes.
+struct DispWndAttr {
+    std::int32_t rectX;
+    std::int32_t rectY;
+    std::uint32_t rectWidth;
+    std::uint32_t rectHeight;
+    std::uint32_t priority;  ///< of its layer
+};
+static_assert(sizeof(DispWndAttr) == 20);
+
+/// A window. 60 bytes.
+struct DispWndCfg {
+    Bool32 enable;
+    std::int32_t handle;
+    std::int32_t previewCamId;  ///< the camera that it shows
+    std::int32_t rotate;        ///< 0 not at all, 1 by 90, 2 by 180, 3 by 270 degrees
+    DispAspectAttr aspect;
+    DispWndAttr rect;
+};
+static_assert(sizeof(DispWndCfg) == 60);
+static_assert(offsetof(DispWndCfg, aspect) == 16);
+static_assert(offsetof(DispWndCfg, rect) == 40);
+
+/// A display. 116 bytes.
+struct DispCfg {
+    Bool32 enable;
+    std::int32_t handle;
+    std::uint32_t bgColor;
+    Bool32 enableCsc;
+    DispCscAttr csc;
+    std::byte reserved[4];
+    VideoModCfg source[kDispSourceCount];
+    std::uint32_t windowCount;  ///< stored, but decides nothing here
+    DispWndCfg playbackWnd;
+};
+static_assert(sizeof(DispCfg) == 116);
+static_assert(offsetof(DispCfg, csc) == 16);
+static_assert(offsetof(DispCfg, reserved) == 36);
+static_assert(offsetof(DispCfg, source) == 40);
+static_assert(offsetof(DispCfg, windowCount) == 52);
+static_assert(offsetof(DispCfg, playbackWnd) == 56);
+
+extern const TableOf<DispCscAttr> kDispCscTable;
+extern const TableOf<DispAspectAttr> kDispAspectTable;
+extern const TableOf<DispWndAttr> kDispWndAttrTable;
+extern const TableOf<DispWndCfg> kDispWndTable;
+extern const TableOf<DispCfg> kDispTable;
+
+/// Returns -1 for an unknown matrix.
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispCSCAttr(const char* module, const char* prefix,
+                                                           DispCscAttr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispAspectAttr(const char* module,
+                                                              const char* prefix,
+                                                              DispAspectAttr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispWndAttr(const char* module, const char* prefix,
+                                                           DispWndAttr* attr);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispWndCfg(const char* module, const char* prefix,
+                                                          DispWndCfg* cfg);
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispCfg(const char* module, std::int32_t index,
+                                                       DispCfg* cfg);
+
+}  // namespace paramgen

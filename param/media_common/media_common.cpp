@@ -1,0 +1,81 @@
+#include "param/media_common/media_common.h"
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kMainStream[] = "main";
+constexpr char kSubStream[] = "sub";
+constexpr char kSingleSnap[] = "single";
+constexpr char kSubSnap[] = "sub";
+constexpr char kLiveSourceNode[] = "venc.live.src.%d";
+
+constexpr Field kVencCommFields[] = {
+    RECORD(VencCommCfg, mainVideo, kVideoEncTable).Under(kMainStream),
+    RECORD(VencCommCfg, subVideo, kVideoEncTable).Under(kSubStream),
+    RECORD(VencCommCfg, singleSnap, kSnapEncTable).Under(kSingleSnap),
+    RECORD(VencCommCfg, subSnap, kSnapEncTable).Under(kSubSnap),
+    RECORD(VencCommCfg, hierarchicalQp, kHierarchicalQpTable),
+};
+
+}  // namespace
+
+constexpr TableOf<VencCommCfg> kVencCommTable{nullptr, kVencCommFields};
+
+namespace {
+
+constexpr Field kMediaCommFields[] = {
+    RECORD(MediaCommCfg, venc, kVencCommTable),
+    RECORD(MediaCommCfg, liveSource, kVideoModTable).Under(kLiveSourceNode),
+    RECORD(MediaCommCfg, disp, kDispTable),
+    RECORD(MediaCommCfg, acap, kAcapTable),
+    RECORD(MediaCommCfg, aenc, kAencTable),
+    RECORD(MediaCommCfg, ao, kAoTable),
+};
+
+}  // namespace
+
+constexpr TableOf<MediaCommCfg> kMediaCommTable{nullptr, kMediaCommFields};
+
+Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* cfg) {
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kMainStream, &cfg->mainVideo),
+                   "MainVideoEnc");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kSubStream, &cfg->subVideo),
+                   "SubVideoEnc");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, kSingleSnap, &cfg->singleSnap),
+                   "SingSnapAttr");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, kSubSnap, &cfg->subSnap),
+                   "SubSnapAttr");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencHierarchicalQp(module, &cfg->hierarchicalQp),
+                   "HierarchicalQp");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommConf(MediaCommCfg* section) {
+    const char* module = kMediaCommModule;
+    REQUIRE_RECORD_OR_RETURN(section);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencCommConf(module, &section->venc),
+                   "LoadMediaCommVencCommConf");
+    for (std::int32_t i = 0; i < kLiveSourceCount; ++i) {
+        Key node;
+        FORMAT_OR_RETURN(node, "sprintf_s", kLiveSourceNode, i);
+        CALL_OR_RETURN(PDT_INIPARAM_LoadVideoModCfg(module, node.c_str(), &section->liveSource[i]),
+                       node.c_str());
+    }
+    for (std::int32_t i = 0; i < kDispCount; ++i) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispCfg(module, i, &section->disp[i]), "Vdisp");
+    }
+    for (std::int32_t i = 0; i < kAcapCount; ++i) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAcapCfg(module, i, &section->acap[i]), "Acap");
+    }
+    for (std::int32_t i = 0; i < kAencCount; ++i) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAencCfg(module, i, &section->aenc[i]), "Aenc");
+    }
+    for (std::int32_t i = 0; i < kAoCount; ++i) {
+        CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAoCfg(module, i, &section->ao[i]), "Ao");
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,58 @@
+#include "param/media_common/snap_enc.h"
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kSnapEncNode[] = "venc.snap.%s";
+
+constexpr Field kLargeThumbnailFields[] = {
+    QUERY(LargeThumbnail, width, "largethumbnail%d_width", 0),
+    QUERY(LargeThumbnail, height, "largethumbnail%d_height", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<LargeThumbnail> kLargeThumbnailTable{nullptr, kLargeThumbnailFields};
+
+namespace {
+
+constexpr Field kSnapEncFields[] = {
+    FIELD(SnapEncAttr, enableDcf, "enable_dcf", 0),
+    FIELD(SnapEncAttr, qualityFactor, "quality_factor", 0),
+    FIELD(SnapEncAttr, receiveMode, "receivemode", 0),
+    FIELD(SnapEncAttr, jpegEncodeMode, "encode_mode", 0).Label("jpegEncodeMode"),
+    FIELD(SnapEncAttr, largeThumbnailNum, "largethumbnail_num", 0),
+    RECORD(SnapEncAttr, largeThumbnails, kLargeThumbnailTable),
+    RESERVED(SnapEncAttr, reserved),
+};
+
+}  // namespace
+
+constexpr TableOf<SnapEncAttr> kSnapEncTable{kSnapEncNode, kSnapEncFields};
+
+Status PDT_INIPARAM_LoadMediaCommSnapEncAttr(const char* module, const char* name,
+                                             SnapEncAttr* attr) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kSnapEncNode, name);
+    LOG_DEBUG("NodePrefix[%s]\n", node.c_str());
+    LOAD_OR_RETURN(module, node.c_str(), kSnapEncTable, attr);
+    LOG_DEBUG(
+        "[%s] DCF[%d], QualityFactor[%u], Receivemode[%u], Encode_mode[%u], "
+        "LargeThumbNailNum[%d]\n",
+        node.c_str(), attr->enableDcf, attr->qualityFactor, attr->receiveMode, attr->jpegEncodeMode,
+        attr->largeThumbnailNum);
+    for (std::uint32_t i = 0; i < kLargeThumbnailCount; ++i) {
+        LargeThumbnail& thumbnail = attr->largeThumbnails[i];
+        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kLargeThumbnailTable, width), i,
+                               &thumbnail);
+        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kLargeThumbnailTable, height), i,
+                               &thumbnail);
+        LOG_DEBUG("[%s] largethumbnail%d_width[%d],largethumbnail%d_height[%u] \n", node.c_str(), i,
+                  thumbnail.width, i, thumbnail.height);
+    }
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,147 @@
+#include "param/media_common/video_enc.h"
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kVideoEncNode[] = "venc.video.%s";
+constexpr char kH264Node[] = "%s.h264";
+constexpr char kH265Node[] = "%s.h265";
+constexpr char kCbrNode[] = "%s.cbr";
+constexpr char kVbrNode[] = "%s.vbr";
+constexpr char kQvbrNode[] = "%s.qvbr";
+
+/// What every rate control method echoes.
+constexpr char kQpEcho[] = "    [%s]: MaxQP[%u] MinQP[%u] MaxIQP[%u] MinIQP[%u]\n";
+
+constexpr Field kH26xRcQpFields[] = {
+    FIELD(H26xRcQpAttr, maxQp, "max_qp", 0),
+    FIELD(H26xRcQpAttr, minQp, "min_qp", 0),
+    FIELD(H26xRcQpAttr, maxIqp, "max_iqp", 0),
+    FIELD(H26xRcQpAttr, minIqp, "min_iqp", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<H26xRcQpAttr> kH26xRcQpTable{nullptr, kH26xRcQpFields};
+
+namespace {
+
+constexpr Field kH26xQvbrFields[] = {
+    RECORD(H26xQvbrAttr, qp, kH26xRcQpTable),
+    FIELD(H26xQvbrAttr, bitPercentUpper, "bit_percent_ul", 0),
+    FIELD(H26xQvbrAttr, bitPercentLower, "bit_percent_ll", 0),
+    FIELD(H26xQvbrAttr, psnrFluctuateUpper, "psnr_fluctuate_ul", 0),
+    FIELD(H26xQvbrAttr, psnrFluctuateLower, "psnr_fluctuate_ll", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<H26xQvbrAttr> kH26xQvbrTable{nullptr, kH26xQvbrFields};
+
+namespace {
+
+constexpr Field kH26xRateControlFields[] = {
+    RECORD(H26xRateControl, cbr, kH26xRcQpTable).Under(kCbrNode),
+    RECORD(H26xRateControl, vbr, kH26xRcQpTable).Under(kVbrNode),
+    RECORD(H26xRateControl, qvbr, kH26xQvbrTable).Under(kQvbrNode),
+};
+
+}  // namespace
+
+constexpr TableOf<H26xRateControl> kH26xRateControlTable{nullptr, kH26xRateControlFields};
+
+namespace {
+
+constexpr Field kVideoEncFields[] = {
+    FIELD(VideoEncAttr, sceneMode, "scene_mode", 0),
+    FIELD(VideoEncAttr, h264Profile, "profile", 0).Under(kH264Node),
+    RECORD(VideoEncAttr, h264, kH26xRateControlTable).Under(kH264Node),
+    FIELD(VideoEncAttr, h265Profile, "profile", 0).Under(kH265Node),
+    RECORD(VideoEncAttr, h265, kH26xRateControlTable).Under(kH265Node),
+    CONSTANT(VideoEncAttr, fixed75, 75),
+    CONSTANT(VideoEncAttr, fixed85, 85),
+};
+
+}  // namespace
+
+constexpr TableOf<VideoEncAttr> kVideoEncTable{kVideoEncNode, kVideoEncFields};
+
+Status PDT_INIPARAM_LoadMediaCommH26xCbrAttr(const char* module, const char* codecPrefix,
+                                             H26xRcQpAttr* attr) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kCbrNode, codecPrefix);
+    LOAD_OR_RETURN(module, node.c_str(), kH26xRcQpTable, attr);
+    LOG_DEBUG(kQpEcho, node.c_str(), attr->maxQp, attr->minQp, attr->maxIqp, attr->minIqp);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommH26xVbrAttr(const char* module, const char* codecPrefix,
+                                             H26xRcQpAttr* attr) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVbrNode, codecPrefix);
+    LOAD_OR_RETURN(module, node.c_str(), kH26xRcQpTable, attr);
+    LOG_DEBUG(kQpEcho, node.c_str(), attr->maxQp, attr->minQp, attr->maxIqp, attr->minIqp);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommH26xQvbrAttr(const char* module, const char* codecPrefix,
+                                              H26xQvbrAttr* attr) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kQvbrNode, codecPrefix);
+    LOAD_OR_RETURN(module, node.c_str(), kH26xRcQpTable, &attr->qp);
+    LOG_DEBUG(kQpEcho, node.c_str(), attr->qp.maxQp, attr->qp.minQp, attr->qp.maxIqp,
+              attr->qp.minIqp);
+    LOAD_OR_RETURN(module, node.c_str(), kH26xQvbrTable, attr);
+    LOG_DEBUG("       BitPercentUL[%d] BitPercentLL[%d] PsnrFluctuateUL[%d] PsnrFluctuateLL[%d]\n",
+              attr->bitPercentUpper, attr->bitPercentLower, attr->psnrFluctuateUpper,
+              attr->psnrFluctuateLower);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommVencH264Attr(const char* module, const char* streamPrefix,
+                                              VideoEncAttr* attr) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kH264Node, streamPrefix);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kVideoEncTable, h264Profile), attr);
+    LOG_DEBUG("    profile[%u:0-baseline,1-main,2-high]\n", attr->h264Profile);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xCbrAttr(module, node.c_str(), &attr->h264.cbr),
+                   "H264CBRAttr");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xVbrAttr(module, node.c_str(), &attr->h264.vbr),
+                   "H264VBRAttr");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xQvbrAttr(module, node.c_str(), &attr->h264.qvbr),
+                   "H264QVBRAttr");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommVencH265Attr(const char* module, const char* streamPrefix,
+                                              VideoEncAttr* attr) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kH265Node, streamPrefix);
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kVideoEncTable, h265Profile), attr);
+    LOG_DEBUG("    profile[%u:0-main]\n", attr->h265Profile);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xCbrAttr(module, node.c_str(), &attr->h265.cbr),
+                   "H265CBRAttr");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xVbrAttr(module, node.c_str(), &attr->h265.vbr),
+                   "H265VBRAttr");
+    // QVBR goes by the name of VBR here.
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xQvbrAttr(module, node.c_str(), &attr->h265.qvbr),
+                   "H265VBRAttr");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadMediaCommVideoEncAttr(const char* module, const char* name,
+                                              VideoEncAttr* attr) {
+    Key node;
+    FORMAT_OR_RETURN(node, "sprintf_s", kVideoEncNode, name);
+    LOG_DEBUG("NodePrefix[%s]\n", node.c_str());
+    LOAD_OR_RETURN(module, node.c_str(), ROW(kVideoEncTable, sceneMode), attr);
+    LOG_DEBUG("[%s] scene[%d:0-normal,1-dv,2-car]\n", node.c_str(), attr->sceneMode);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencH264Attr(module, node.c_str(), attr), "H264Attr");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencH265Attr(module, node.c_str(), attr), "H265Attr");
+    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVideoEncTable, fixed75, fixed85), attr);
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,25 @@
+#include "param/media_common/video_mod.h"
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr Field kVideoModFields[] = {
+    FIELD(VideoModCfg, boundModule, "bindedmod", 0),
+    FIELD(VideoModCfg, moduleHandle, "modhdl", 0),
+    FIELD(VideoModCfg, channelHandle, "chnhdl", 0),
+};
+
+}  // namespace
+
+constexpr TableOf<VideoModCfg> kVideoModTable{nullptr, kVideoModFields};
+
+Status PDT_INIPARAM_LoadVideoModCfg(const char* module, const char* prefix, VideoModCfg* cfg) {
+    LOAD_OR_RETURN(module, prefix, kVideoModTable, cfg);
+    LOG_DEBUG(" %s bindedMod[%d] modHdl[%d],  chnHdl[%d] \n", prefix, cfg->boundModule,
+              cfg->moduleHandle, cfg->channelHandle);
+    return kOk;
+}
+
+}  // namespace paramgen
