@@ -9,6 +9,8 @@
 #include "param/common/field.h"
 #include "param/devmng/devmng.h"
 #include "param/filemng/filemng.h"
+#include "param/valueset/valueset.h"
+#include "param/workmode/workmode.h"
 
 namespace paramgen {
 
@@ -21,9 +23,7 @@ struct EmptySection {
     std::byte bytes[size];
 };
 
-using WorkModeCfg = EmptySection<8912>;
 using MediaCommCfg = EmptySection<716>;
-using ValueSetCfg = EmptySection<5576>;
 
 inline constexpr std::uint32_t kCamMediaModeSpecCount = 5;
 struct CamMediaModeCommCfg : EmptySection<1164> {};

@@ -17,6 +17,8 @@ Status PDT_INIPARAM_LoadCfg() {
     CALL_OR_RETURN(ZV_CONFACCESS_Init(kProductConfig, kEntryFile), kEntryFile);
     CALL_OR_RETURN(PDT_INIPARAM_LoadDevMngConf(&g_image.devMng), "DevMng Conf");
     CALL_OR_RETURN(PDT_INIPARAM_LoadFileMngConf(&g_image.fileMng), "FileMng Conf");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadWorkModeConf(&g_image.workMode), "WorkMode Conf");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadValueSetCfg(&g_image.valueSet), "ValueSet Conf");
     CALL_OR_RETURN(ZV_CONFACCESS_Deinit(kProductConfig), "ConfAccess Deinit");
     return kOk;
 }
