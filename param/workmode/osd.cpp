@@ -8,7 +8,7 @@ namespace paramgen {
 namespace {
 
 constexpr char kEntryNode[] = "%s.%u";
-constexpr char kDisplayNode[] = "%s.%u.display.%u";
+constexpr char kDisplayNode[] = "%s.display.%u";  // below the entry's
 
 constexpr Field kOsdDisplayFields[] = {
     FIELD(OsdDisplayCfg, show, "show", 0),
@@ -90,8 +90,10 @@ Status PDT_INIPARAM_LoadOsdDispAttr(const char* module, const char* node, OsdCfg
         OsdEntryCfg* entry = &cfg->entries[i];
         for (std::uint32_t j = 0; j < std::min(entry->displayCount, kOsdDisplayCountMax); ++j) {
             OsdDisplayCfg* display = &entry->displays[j];
+            Key entryNode;
+            FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
             Key displayNode;
-            FORMAT_OR_RETURN(displayNode, "sprintf_s", kDisplayNode, node, i, j);
+            FORMAT_OR_RETURN(displayNode, "sprintf_s", kDisplayNode, entryNode.c_str(), j);
             LOAD_OR_RETURN(module, displayNode.c_str(), kOsdDisplayTable, display);
             LOG_DEBUG(
                 "osd.%u.display.%u:\n"
