@@ -25,8 +25,8 @@ constexpr Field kImageFields[] = {
     RECORD(ParamImage, devMng, kDevMngTable).From(kDevMngModule),
     RECORD(ParamImage, fileMng, kFileMngTable).From(kFileMngModule),
     RECORD(ParamImage, mediaComm, kMediaCommTable).From(kMediaCommModule),
-    RESERVED(ParamImage, workMode),
-    RESERVED(ParamImage, valueSet),
+    RECORD(ParamImage, workMode, kWorkModeTable),
+    RECORD(ParamImage, valueSet, kValueSetTable).From(kValueSetModule),
     RECORD(ParamImage, cam, kCamMediaTable),
     RESERVED(ParamImage, gap),
 };

@@ -11,20 +11,13 @@
 #include "param/devmng/devmng.h"
 #include "param/filemng/filemng.h"
 #include "param/media_common/media_common.h"
+#include "param/valueset/valueset.h"
+#include "param/workmode/workmode.h"
 
 namespace paramgen {
 
 static_assert(std::endian::native == std::endian::little,
               "records are stored as they lie in memory");
-
-/// A section that no loader fills yet: zero.
-template <std::size_t size>
-struct EmptySection {
-    std::byte bytes[size];
-};
-
-using WorkModeCfg = EmptySection<8912>;
-using ValueSetCfg = EmptySection<5576>;
 
 inline constexpr std::uint32_t kImageMagic = 0x70617261;  ///< "arap" in the file
 inline constexpr std::uint32_t kTailMark = 0x7061726D;    ///< "mrap" in the file

@@ -18,6 +18,8 @@ Status PDT_INIPARAM_LoadCfg() {
     CALL_OR_RETURN(PDT_INIPARAM_LoadDevMngConf(&g_image.devMng), "DevMng Conf");
     CALL_OR_RETURN(PDT_INIPARAM_LoadFileMngConf(&g_image.fileMng), "FileMng Conf");
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommConf(&g_image.mediaComm), "Media Common Conf");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadWorkModeConf(&g_image.workMode), "WorkMode Conf");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadValueSetCfg(&g_image.valueSet), "ValueSet Conf");
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamMediaCfg(g_image.cam, kCamCount), "VideoMode Conf");
     CALL_OR_RETURN(ZV_CONFACCESS_Deinit(kProductConfig), "ConfAccess Deinit");
     return kOk;

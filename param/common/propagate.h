@@ -69,3 +69,13 @@
             return ::paramgen::kFailed;                  \
         }                                                \
     } while (false)
+
+/// Returns -1, logging `key` and `count`, when a count is larger than what its section has room
+/// for.
+#define REQUIRE_COUNT_OR_RETURN(key, count, max)                                 \
+    do {                                                                         \
+        if ((count) > (max)) {                                                   \
+            LOG_ERROR("[%s] count[%u] is beyond the section\n", (key), (count)); \
+            return ::paramgen::kFailed;                                          \
+        }                                                                        \
+    } while (false)

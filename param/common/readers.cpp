@@ -57,13 +57,18 @@ Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* pr
 
 Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, char* text,
                                     std::size_t size) {
+    return PDT_INIPARAM_LoadStringValue(module, key, std::span<char>(text, size), size);
+}
+
+Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, std::span<char> bytes,
+                                    std::size_t size) {
     QueriedText value;
     CALL_OR_RETURN(QueryText(module, key, &value), key);
-    if (value != nullptr && sprintf_s(text, size, "%s", value.get()) == -1) {
+    if (value != nullptr && sprintf_s(bytes.data(), size, "%s", value.get()) == -1) {
         LOG_ERROR("[%s] failed\n", "sprintf_s");
         return kFailed;
     }
-    LOG_DEBUG("%s [%s]\n", key, text);
+    LOG_DEBUG("%s [%.*s]\n", key, static_cast<int>(bytes.size()), bytes.data());
     return kOk;
 }
 

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include "confaccess/status.h"
 #include "param/common/values.h"
@@ -42,6 +43,12 @@ inline constexpr char kProductConfig[] = "productini";
 /// characters fails with -1.
 [[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, char* text,
                                                   std::size_t size);
+
+/// The same for a text that stands at the start of `bytes` and may lack its terminator: what is
+/// stored keeps to the first `size` bytes, what is echoed goes to the first NUL in `bytes`, or to
+/// their end.
+[[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key,
+                                                  std::span<char> bytes, std::size_t size);
 
 /// Frees a text that a query handed out.
 struct QueriedTextDeleter {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 
 #include "support/captured_output.h"
@@ -171,6 +172,17 @@ TEST_F(Readers, AbsentTextLeavesTheDestination) {
     EXPECT_EQ(Read([&] { return PDT_INIPARAM_LoadStringValue("m", "n:absent", text, 8); }), 0);
     EXPECT_STREQ(text, "old");
     EXPECT_THAT(EchoOf(output_), ElementsAre("PDT_INIPARAM_LoadStringValue: n:absent [old]\n"));
+}
+
+TEST_F(Readers, TextWithoutTerminatorIsEchoedUpToItsEnd) {
+    char text[8] = {'o', 'l', 'd', 'o', 'l', 'd', 'e', 'r'};
+    const std::span<char> front = std::span(text).first(6);
+    EXPECT_EQ(Read([&] { return PDT_INIPARAM_LoadStringValue("m", "n:absent", front, 5); }), 0);
+    EXPECT_THAT(EchoOf(output_), ElementsAre("PDT_INIPARAM_LoadStringValue: n:absent [oldold]\n"));
+    EXPECT_EQ(Read([&] { return PDT_INIPARAM_LoadStringValue("m", "n:text", front, 5); }), 0);
+    EXPECT_EQ(std::string(text, 8), std::string("Text\0der", 8));
+    EXPECT_THAT(EchoOf(output_), ElementsAre("PDT_INIPARAM_LoadStringValue: n:text [Text]\n"));
+    EXPECT_EQ(Read([&] { return PDT_INIPARAM_LoadStringValue("m", "n:text", front, 4); }), -1);
 }
 
 TEST_F(Readers, TextThatDoesNotFitFails) {

@@ -1,0 +1,93 @@
+/// Value sets: the choices that the device offers for one setting, each a short description and
+/// the value behind it.
+///
+/// A set may have more choices than its record has room for: the further ones lie in the bytes
+/// behind it, up to the end of the section. A count that leads beyond the section fails with -1
+/// before the first choice is read.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/media_mode.h"
+
+namespace paramgen {
+
+inline constexpr std::size_t kValueCount = 10;
+
+/// One choice. 16 bytes.
+template <typename Value>
+struct ValueItem {
+    char description[12];
+    Value value;
+};
+using NumberItem = ValueItem<std::uint32_t>;
+using MediaModeItem = ValueItem<MediaMode>;
+static_assert(sizeof(NumberItem) == 16 && sizeof(MediaModeItem) == 16);
+
+/// The choices for one setting. 164 bytes.
+template <typename Value>
+struct ValueSet {
+    std::uint32_t count;  ///< as read, even when beyond the items below
+    ValueItem<Value> items[kValueCount];
+};
+using NumberSet = ValueSet<std::uint32_t>;
+using MediaModeSet = ValueSet<MediaMode>;
+static_assert(sizeof(NumberSet) == 164 && sizeof(MediaModeSet) == 164);
+static_assert(offsetof(NumberSet, items) == 4 && offsetof(MediaModeSet, items) == 4);
+
+extern const TableOf<NumberItem> kNumberItemTable;
+extern const TableOf<MediaModeItem> kMediaModeItemTable;
+extern const TableOf<NumberSet> kNumberSetTable;
+extern const TableOf<MediaModeSet> kMediaModeSetTable;
+
+/// A value set of either kind where it lies in its section, with all the bytes that its choices may
+/// take.
+class ValueSetView {
+public:
+    /// The set at the start of `bytes`, which end with the section.
+    explicit ValueSetView(std::span<std::byte> bytes);
+
+    /// The same set, with `max` choices at most.
+    ValueSetView LimitedTo(std::uint32_t max) const;
+
+    /// How many choices the section has room for.
+    std::uint32_t MaxCount() const { return maxCount_; }
+
+    /// How many there are.
+    std::uint32_t Count() const;
+
+    /// The set from its first byte, for loading its count.
+    std::byte* Record() const { return bytes_.data(); }
+
+    /// The bytes of choice `index`, which is less than `MaxCount()`.
+    std::span<std::byte> Item(std::uint32_t index) const;
+
+    /// The description of choice `index`, and all bytes behind it: it may lack its terminator when
+    /// other sets have been written across it.
+    std::span<char> Description(std::uint32_t index) const;
+
+    std::uint32_t Value(std::uint32_t index) const;
+    void SetValue(std::uint32_t index, std::uint32_t value) const;
+
+private:
+    std::span<std::byte> bytes_;
+    std::uint32_t maxCount_;
+};
+
+// The loaders take the module to read, the node of the set, and the set to fill; they return 0 or
+// the code of their first failing step, having logged it. What was loaded before a failure stays.
+
+/// Loads a set of numbers.
+[[nodiscard]] Status PDT_INIPARAM_LoadCommItemValues(const char* module, const char* item,
+                                                     ValueSetView set);
+
+/// Loads a set of media modes. A choice without a media mode keeps the value that lies there;
+/// returns -1 for an unknown one.
+[[nodiscard]] Status PDT_INIPARAM_LoadMediaModeItemValues(const char* module, const char* item,
+                                                          ValueSetView set);
+
+}  // namespace paramgen

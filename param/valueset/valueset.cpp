@@ -1,0 +1,160 @@
+#include "param/valueset/valueset.h"
+
+#include <iterator>
+#include <span>
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+// A row's prefix is the node of its set, its table tells the kind of values.
+
+constexpr Field kBurstValueSetsFields[] = {
+    RECORD(BurstValueSets, mediaMode, kMediaModeSetTable).Under("cam.%u.burst.mediamode"),
+    RECORD(BurstValueSets, types, kNumberSetTable).Under("cam.%u.burst.type%u"),
+};
+
+}  // namespace
+
+constexpr TableOf<BurstValueSets> kBurstValueSetsTable{nullptr, kBurstValueSetsFields};
+
+namespace {
+
+constexpr Field kValueSetFields[] = {
+    RECORD(ValueSetCfg, payloadType, kNumberSetTable).Under("cam.%d.enc.payloadtype"),
+    RECORD(ValueSetCfg, recordMediaMode, kMediaModeSetTable).Under("cam.%d.mediamode.record"),
+    RECORD(ValueSetCfg, photoMediaMode, kMediaModeSetTable).Under("cam.%d.mediamode.photo"),
+    RECORD(ValueSetCfg, wdr, kNumberSetTable).Under("cam.%d.wdr.status"),
+    RECORD(ValueSetCfg, videoMode, kNumberSetTable).Under("cam.%d.video.mode"),
+    RECORD(ValueSetCfg, ldc, kNumberSetTable).Under("cam.%d.ldc.status"),
+    RECORD(ValueSetCfg, flip, kNumberSetTable).Under("cam.%d.flip.status"),
+    RECORD(ValueSetCfg, mirror, kNumberSetTable).Under("cam.%d.mirror.status"),
+    RECORD(ValueSetCfg, antiflicker, kNumberSetTable).Under("cam.%d.antiflicker.mode"),
+    RECORD(ValueSetCfg, dormant, kNumberSetTable).Under("screen.dormant"),
+    RECORD(ValueSetCfg, brightness, kNumberSetTable).Under("screen.brightness"),
+    RECORD(ValueSetCfg, volume, kNumberSetTable).Under("volume"),
+    RECORD(ValueSetCfg, driveSensitivity, kNumberSetTable).Under("drive_sensitivity"),
+    RECORD(ValueSetCfg, parkingSensitivity, kNumberSetTable).Under("parking_sensitivity"),
+    RECORD(ValueSetCfg, usbMode, kNumberSetTable).Under("usb.mode"),
+    RECORD(ValueSetCfg, language, kNumberSetTable).Under("system.language"),
+    RECORD(ValueSetCfg, splitTime, kNumberSetTable).Under("splite_time"),
+    RECORD(ValueSetCfg, lapseInterval, kNumberSetTable).Under("record.lapse.interval"),
+    RECORD(ValueSetCfg, recordType, kNumberSetTable).Under("record.type"),
+    RECORD(ValueSetCfg, photoType, kNumberSetTable).Under("photo.type"),
+    RECORD(ValueSetCfg, singlePhotoFormat, kNumberSetTable)
+        .Under("cam.%u.singlephoto.outputformat"),
+    RECORD(ValueSetCfg, lapsePhotoInterval, kNumberSetTable).Under("cam.%u.lapsephoto.interval"),
+    RECORD(ValueSetCfg, burst, kBurstValueSetsTable),
+    RESERVED(ValueSetCfg, unused),
+};
+
+/// The set that lies `offset` bytes into the section.
+ValueSetView SetAt(ValueSetCfg* section, std::size_t offset) {
+    return ValueSetView(std::as_writable_bytes(std::span(section, 1)).subspan(offset));
+}
+
+/// The set of `camera` for the setting of row `slot`.
+ValueSetView SetOf(ValueSetCfg* section, const Field& slot, std::uint32_t camera = 0) {
+    return SetAt(section, slot.offset + std::size_t{camera} * slot.size);
+}
+
+/// Loads the set `item` of the kind that row `slot` tells.
+Status LoadItemValues(const char* module, const char* item, const Field& slot, ValueSetView set) {
+    return slot.table == &kMediaModeSetTable
+               ? PDT_INIPARAM_LoadMediaModeItemValues(module, item, set)
+               : PDT_INIPARAM_LoadCommItemValues(module, item, set);
+}
+
+}  // namespace
+
+constexpr TableOf<ValueSetCfg> kValueSetTable{nullptr, kValueSetFields};
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+// The nodes of the tables above take the camera, and those of burst types the media mode.
+
+Status PDT_INIPARAM_LoadCamValueSetCfg(const char* module, ValueSetCfg* section) {
+    for (std::uint32_t camera = 0; camera < kValueSetCamCount; ++camera) {
+        for (const Field& slot : ROWS(kValueSetTable, payloadType, antiflicker)) {
+            Key item;
+            FORMAT_OR_RETURN(item, "sprintf_s", slot.node, camera);
+            CALL_OR_RETURN(LoadItemValues(module, item.c_str(), slot, SetOf(section, slot, camera)),
+                           item.c_str());
+        }
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadDormantValueSetCfg(const char* module, const char* item, ValueSetView set) {
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCommItemValues(module, item, set), item);
+    for (std::uint32_t k = 0; k < set.Count(); ++k) {
+        const std::span<char> text = set.Description(k);
+        const int textMax = static_cast<int>(text.size());
+        LOG_DEBUG("desc[%.*s] time[%us] before transform\n", textMax, text.data(), set.Value(k));
+        set.SetValue(k, set.Value(k) * 1000);
+        LOG_DEBUG("desc[%.*s] time[%ums] after transform\n", textMax, text.data(), set.Value(k));
+    }
+    return kOk;
+}
+
+namespace {
+
+/// A setting for photos, and what its node is called when it does not fit.
+struct PhotoSlot {
+    const Field& slot;
+    const char* notFormatted;
+};
+
+constexpr PhotoSlot kPhotoSlots[] = {
+    {ROW(kValueSetTable, singlePhotoFormat), "outputformat sprintf_s"},
+    {ROW(kValueSetTable, lapsePhotoInterval), "interval sprintf_s"},
+};
+
+}  // namespace
+
+Status PDT_INIPARAM_LoadPhotoCfgValueSet(const char* module, ValueSetCfg* section) {
+    constexpr const Field& kMediaModeSlot = ROW(kBurstValueSetsTable, mediaMode);
+    constexpr const Field& kTypesSlot = ROW(kBurstValueSetsTable, types);
+    for (std::uint32_t camera = 0; camera < kValueSetCamCount; ++camera) {
+        Key item;
+        for (const PhotoSlot& photo : kPhotoSlots) {
+            FORMAT_OR_RETURN(item, photo.notFormatted, photo.slot.node, camera);
+            CALL_OR_RETURN(LoadItemValues(module, item.c_str(), photo.slot,
+                                          SetOf(section, photo.slot, camera)),
+                           item.c_str());
+        }
+        const std::size_t burst =
+            offsetof(ValueSetCfg, burst) + std::size_t{camera} * sizeof(BurstValueSets);
+        const ValueSetView modes =
+            SetAt(section, burst + kMediaModeSlot.offset).LimitedTo(kTypesSlot.count);
+        FORMAT_OR_RETURN(item, "sprintf_s", kMediaModeSlot.node, camera);
+        CALL_OR_RETURN(LoadItemValues(module, item.c_str(), kMediaModeSlot, modes), item.c_str());
+        for (std::uint32_t t = 0; t < modes.Count(); ++t) {
+            FORMAT_OR_RETURN(item, "sprintf_s", kTypesSlot.node, camera, t);
+            const std::size_t type = burst + kTypesSlot.offset + std::size_t{t} * kTypesSlot.size;
+            CALL_OR_RETURN(LoadItemValues(module, item.c_str(), kTypesSlot, SetAt(section, type)),
+                           item.c_str());
+        }
+    }
+    return kOk;
+}
+
+#pragma GCC diagnostic pop
+
+Status PDT_INIPARAM_LoadValueSetCfg(ValueSetCfg* section) {
+    REQUIRE_RECORD_OR_RETURN(section);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamValueSetCfg(kValueSetModule, section), "camValueSetCfg");
+    const Field& dormant = ROW(kValueSetTable, dormant);
+    CALL_OR_RETURN(
+        PDT_INIPARAM_LoadDormantValueSetCfg(kValueSetModule, dormant.node, SetOf(section, dormant)),
+        dormant.node);
+    for (const Field& slot : ROWS(kValueSetTable, brightness, photoType)) {
+        CALL_OR_RETURN(LoadItemValues(kValueSetModule, slot.node, slot, SetOf(section, slot)),
+                       slot.node);
+    }
+    CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoCfgValueSet(kValueSetModule, section), "BurstValueSet");
+    return kOk;
+}
+
+}  // namespace paramgen

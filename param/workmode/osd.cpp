@@ -1,0 +1,119 @@
+#include "param/workmode/osd.h"
+
+#include <algorithm>
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kEntryNode[] = "%s.%u";
+constexpr char kDisplayNode[] = "%s.display.%u";  // below the entry's
+
+constexpr Field kOsdDisplayFields[] = {
+    FIELD(OsdDisplayCfg, show, "show", 0),
+    FIELD(OsdDisplayCfg, bindModule, "bind_module", 0),
+    FIELD(OsdDisplayCfg, moduleHandle, "modhdl", 0),
+    FIELD(OsdDisplayCfg, channelHandle, "chnhdl", 0),
+    FIELD(OsdDisplayCfg, startX, "start_x", 0),
+    FIELD(OsdDisplayCfg, startY, "start_y", 0),
+    FIELD(OsdDisplayCfg, foregroundAlpha, "fg_alpha", 0),
+    FIELD(OsdDisplayCfg, backgroundAlpha, "bg_alpha", 0),
+    FIELD(OsdDisplayCfg, batch, "batch", 0),
+    RESERVED(OsdDisplayCfg, reserved24),
+    RESERVED(OsdDisplayCfg, reserved36),
+};
+
+}  // namespace
+
+constexpr TableOf<OsdDisplayCfg> kOsdDisplayTable{kDisplayNode, kOsdDisplayFields};
+
+namespace {
+
+constexpr Field kOsdEntryFields[] = {
+    FIELD(OsdEntryCfg, type, "type", 4).Label("osdType"),
+    FIELD(OsdEntryCfg, timeFormat, "timefmt", 0),
+    FIELD(OsdEntryCfg, text, "string"),
+    FIELD(OsdEntryCfg, color, "color", 0),
+    FIELD(OsdEntryCfg, backgroundColor, "bg_color", 0),
+    FIELD(OsdEntryCfg, bitmapWidth, "bmp_width", 0),
+    FIELD(OsdEntryCfg, bitmapHeight, "bmp_height", 0),
+    FIELD(OsdEntryCfg, displayCount, "dispnum", 0),
+    RECORD(OsdEntryCfg, displays, kOsdDisplayTable),
+};
+
+}  // namespace
+
+constexpr TableOf<OsdEntryCfg> kOsdEntryTable{kEntryNode, kOsdEntryFields};
+
+namespace {
+
+constexpr Field kOsdFields[] = {
+    FIELD(OsdCfg, count, "osdcnt", 0),
+    FIELD(OsdCfg, baseFontWidth, "base_font_w", 0),
+    FIELD(OsdCfg, baseFontHeight, "base_font_h", 0),
+    FIELD(OsdCfg, baseWidth, "base_res_w", 0),
+    FIELD(OsdCfg, baseHeight, "base_res_h", 0),
+    RECORD(OsdCfg, entries, kOsdEntryTable),
+};
+
+std::uint32_t UsedEntries(const OsdCfg& cfg) {
+    return std::min(cfg.count, kOsdCountMax);
+}
+
+}  // namespace
+
+constexpr TableOf<OsdCfg> kOsdTable{nullptr, kOsdFields};
+
+Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg* cfg) {
+    for (std::uint32_t i = 0; i < UsedEntries(*cfg); ++i) {
+        OsdEntryCfg* entry = &cfg->entries[i];
+        Key entryNode;
+        FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
+        const char* prefix = entryNode.c_str();
+        LOAD_OR_RETURN(module, prefix, ROW(kOsdEntryTable, type), entry);
+        LOG_DEBUG("osd.%u type[%d]\n", i, entry->type);
+        LOAD_OR_RETURN(module, prefix, ROW(kOsdEntryTable, timeFormat), entry);
+        LOG_DEBUG("timefmt[%d]\n", entry->timeFormat);
+        LOAD_OR_RETURN(module, prefix, ROWS(kOsdEntryTable, text, backgroundColor), entry);
+        LOG_DEBUG("color[%d] bg_color[%d]\n", entry->color, entry->backgroundColor);
+        LOAD_OR_RETURN(module, prefix, ROWS(kOsdEntryTable, bitmapWidth, bitmapHeight), entry);
+        LOG_DEBUG("bmp_width[%d] bmp_height[%d]\n", entry->bitmapWidth, entry->bitmapHeight);
+        LOAD_OR_RETURN(module, prefix, ROW(kOsdEntryTable, displayCount), entry);
+        LOG_DEBUG("dispnum[%d]\n", entry->displayCount);
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadOsdDispAttr(const char* module, const char* node, OsdCfg* cfg) {
+    for (std::uint32_t i = 0; i < UsedEntries(*cfg); ++i) {
+        OsdEntryCfg* entry = &cfg->entries[i];
+        for (std::uint32_t j = 0; j < std::min(entry->displayCount, kOsdDisplayCountMax); ++j) {
+            OsdDisplayCfg* display = &entry->displays[j];
+            Key entryNode;
+            FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
+            Key displayNode;
+            FORMAT_OR_RETURN(displayNode, "sprintf_s", kDisplayNode, entryNode.c_str(), j);
+            LOAD_OR_RETURN(module, displayNode.c_str(), kOsdDisplayTable, display);
+            LOG_DEBUG(
+                "osd.%u.display.%u:\n"
+                "show[%d] bind_mod[%d] mod[%u] chn[%u] (%d,%d) fg[%d] bg[%d] batch[%d]\n",
+                i, j, display->show, display->bindModule, display->moduleHandle,
+                display->channelHandle, display->startX, display->startY, display->foregroundAlpha,
+                display->backgroundAlpha, display->batch);
+        }
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadOsdCfg(const char* module, const char* node, OsdCfg* cfg) {
+    LOAD_OR_RETURN(module, node, kOsdTable, cfg);
+    LOG_DEBUG("s32OsdCnt[%d] BaseFontSize[%d,%d] BaseRes[%d,%d]\n", cfg->count, cfg->baseFontWidth,
+              cfg->baseFontHeight, cfg->baseWidth, cfg->baseHeight);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadOsdContent(module, node, cfg), "osd content");
+    // Their number is part of the content, so displays come second.
+    CALL_OR_RETURN(PDT_INIPARAM_LoadOsdDispAttr(module, node, cfg), "osd display");
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,81 @@
+/// On-screen overlays of a work mode: what each shows, and on which displays it is shown.
+///
+/// Every loader takes the module to read, the node of the overlays, and the block to fill; it
+/// returns 0 or the code of its first failing step, having logged it. What was loaded before a
+/// failure stays. No value is checked for its range; counts are stored as read, and loops stop at
+/// what the block has room for.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "confaccess/status.h"
+#include "param/common/field.h"
+#include "param/common/values.h"
+
+namespace paramgen {
+
+inline constexpr std::uint32_t kOsdCountMax = 16;
+inline constexpr std::uint32_t kOsdDisplayCountMax = 4;
+
+/// One display that an overlay is shown on. 44 bytes.
+struct OsdDisplayCfg {
+    Bool32 show;
+    std::int32_t bindModule;     ///< number of the firmware module that draws it
+    std::int32_t moduleHandle;   ///< group of that module
+    std::int32_t channelHandle;  ///< port of that group
+    std::uint32_t foregroundAlpha;
+    std::uint32_t backgroundAlpha;
+    std::byte reserved24[4];
+    std::int32_t startX;  ///< pixels of the base resolution; below 0: from the right edge
+    std::int32_t startY;  ///< pixels of the base resolution; below 0: from the lower edge
+    std::byte reserved36[4];
+    std::uint32_t batch;  ///< overlays of one batch are changed together
+};
+static_assert(sizeof(OsdDisplayCfg) == 44);
+static_assert(offsetof(OsdDisplayCfg, startX) == 28);
+static_assert(offsetof(OsdDisplayCfg, batch) == 40);
+
+/// One overlay. 268 bytes.
+struct OsdEntryCfg {
+    std::uint32_t displayCount;  ///< as read, even when beyond the displays below
+    std::int32_t type;           ///< 4, not 0, when the overlay is used but does not say
+    std::int32_t timeFormat;
+    std::uint32_t color;
+    std::uint32_t backgroundColor;
+    char text[64];
+    std::uint32_t bitmapWidth;   ///< pixels
+    std::uint32_t bitmapHeight;  ///< pixels
+    OsdDisplayCfg displays[kOsdDisplayCountMax];
+};
+static_assert(sizeof(OsdEntryCfg) == 268);
+static_assert(offsetof(OsdEntryCfg, text) == 20);
+static_assert(offsetof(OsdEntryCfg, displays) == 92);
+
+/// The overlays of a work mode. 4308 bytes.
+struct OsdCfg {
+    std::uint32_t count;           ///< as read, even when beyond the entries below
+    std::uint32_t baseFontWidth;   ///< pixels of the base resolution
+    std::uint32_t baseFontHeight;  ///< pixels of the base resolution
+    std::uint32_t baseWidth;       ///< base resolution, which fonts and positions refer to
+    std::uint32_t baseHeight;
+    OsdEntryCfg entries[kOsdCountMax];
+};
+static_assert(sizeof(OsdCfg) == 4308);
+static_assert(offsetof(OsdCfg, entries) == 20);
+
+extern const TableOf<OsdDisplayCfg> kOsdDisplayTable;
+extern const TableOf<OsdEntryCfg> kOsdEntryTable;
+extern const TableOf<OsdCfg> kOsdTable;
+
+/// Loads the whole block.
+[[nodiscard]] Status PDT_INIPARAM_LoadOsdCfg(const char* module, const char* node, OsdCfg* cfg);
+
+/// Loads the overlays without their displays, as many as the block counts.
+[[nodiscard]] Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg* cfg);
+
+/// Loads the displays, as many as each overlay counts.
+[[nodiscard]] Status PDT_INIPARAM_LoadOsdDispAttr(const char* module, const char* node,
+                                                  OsdCfg* cfg);
+
+}  // namespace paramgen

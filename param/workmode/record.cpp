@@ -1,0 +1,202 @@
+#include "param/workmode/record.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include "confaccess/confaccess.h"
+#include "param/common/propagate.h"
+#include "param/common/readers.h"
+#include "param/workmode/nodes.h"
+
+namespace paramgen {
+namespace {
+
+constexpr char kSourceNode[] = "photosource.%d";
+constexpr char kNormalNode[] = "normal.%d";
+constexpr char kFileNode[] = "%s.filenum.%u.fileattr";
+
+constexpr Field kRecCommFields[] = {
+    CONSTANT(RecCommCfg, muxerType, 0),
+    QUERY(RecCommCfg, thumbnailType, "thm_type", 0).At("record.common"),
+    QUERY(RecCommCfg, repairUnit, "repaire_unit", 0).At("record.common"),
+    QUERY(RecCommCfg, preAllocUnit, "pre_alloc_unit", 0).At("record.common"),
+};
+
+constexpr Field kRecFileFields[] = {
+    FIELD(RecFileCfg, videoEncoderCount, "venccnt", 0),
+    QUERY(RecFileCfg, videoEncoders, "venc_hdl%u", 0),
+    QUERY(RecFileCfg, recordBufferTimes, "recbuffer_time%u", 0),
+    FIELD(RecFileCfg, audioEncoderCount, "aenccnt", 0),
+    QUERY(RecFileCfg, audioEncoders, "aenc_hdl%u", 0),
+    FIELD(RecFileCfg, thumbnailEncoder, "thumbnail_hdl", 0),
+    RESERVED(RecFileCfg, reserved8),
+    RESERVED(RecFileCfg, audioEncoder1),
+};
+
+}  // namespace
+
+constexpr TableOf<RecCommCfg> kRecCommTable{nullptr, kRecCommFields};
+constexpr TableOf<RecFileCfg> kRecFileTable{kFileNode, kRecFileFields};
+
+namespace {
+
+constexpr Field kRecAttrFields[] = {
+    FIELD(RecAttrCfg, enable, "enable", 0),
+    FIELD(RecAttrCfg, splitType, "split_type", 0),
+    FIELD(RecAttrCfg, splitTime, "split_time", 0),
+    FIELD(RecAttrCfg, preRecordTime, "prerec_time", 0),
+    FIELD(RecAttrCfg, playFrameRate, "playfps", 0),
+    FIELD(RecAttrCfg, recordType, "record_type", 0),
+    FIELD(RecAttrCfg, lapseInterval, "lapse_interval", 0),
+    FIELD(RecAttrCfg, slowPlayFrameRate, "slowrec_playfps", 0),
+    FIELD(RecAttrCfg, fileCount, "filecnt", 0),
+    FIELD(RecAttrCfg, thumbnailCount, "thmcnt", 0),
+    LOADED(RecAttrCfg, thumbnailHandles, "thmhdl%u", 0),
+    RECORD(RecAttrCfg, files, kRecFileTable),
+    QUERY(RecAttrCfg, receiveBufferSizes, "recvbuf_size", 0).Under(kFileNode),
+    RESERVED(RecAttrCfg, reserved4),
+    RESERVED(RecAttrCfg, reserved16),
+    RESERVED(RecAttrCfg, reserved156),
+};
+
+}  // namespace
+
+constexpr TableOf<RecAttrCfg> kRecAttrTable{nullptr, kRecAttrFields};
+
+namespace {
+
+constexpr Field kRecWorkModeFields[] = {
+    RECORD(RecWorkModeCfg, mediaMode, kCamMediaModeTable).Under(kMediaModeConfigNode),
+    RECORD(RecWorkModeCfg, osd, kOsdTable).Under(kOsdNode),
+    RECORD(RecWorkModeCfg, comm, kRecCommTable),
+    RECORD(RecWorkModeCfg, photoSource, kPhotoSourceTable).Under(kSourceNode),
+    RECORD(RecWorkModeCfg, normal, kRecAttrTable).Under(kNormalNode),
+    RESERVED(RecWorkModeCfg, reserved4332),
+    RESERVED(RecWorkModeCfg, reserved4364),
+};
+
+/// Stores handle `index` of the handles that begin at the start of `handles`.
+void StoreHandle(std::span<std::byte> handles, std::uint32_t index, std::int32_t handle) {
+    const std::span<std::byte> dest =
+        handles.subspan(std::size_t{index} * sizeof handle, sizeof handle);
+    std::memcpy(dest.data(), &handle, dest.size());
+}
+
+}  // namespace
+
+constexpr TableOf<RecWorkModeCfg> kRecWorkModeTable{nullptr, kRecWorkModeFields};
+
+Status PDT_INIPARAM_LoadRecFileAttr(const char* module, const char* node, RecFileCfg* cfg) {
+    LOAD_OR_RETURN(module, node, ROW(kRecFileTable, videoEncoderCount), cfg);
+    LOG_DEBUG("%s venccnt[%d] \n", node, cfg->videoEncoderCount);
+    for (std::uint32_t i = 0; i < std::min(cfg->videoEncoderCount, kRecVencCountMax); ++i) {
+        LOAD_ELEMENT_OR_RETURN(module, node, ROW(kRecFileTable, videoEncoders), i, cfg);
+        LOG_DEBUG("venc_hdl%u[%u] \n", i, cfg->videoEncoders[i]);
+        LOAD_ELEMENT_OR_RETURN(module, node, ROW(kRecFileTable, recordBufferTimes), i, cfg);
+        LOG_DEBUG("recbuffer_time%u[%u] \n", i, cfg->recordBufferTimes[i]);
+    }
+    LOAD_OR_RETURN(module, node, ROW(kRecFileTable, audioEncoderCount), cfg);
+    LOG_DEBUG("%s aenccnt[%u] \n", node, cfg->audioEncoderCount);
+    // One audio encoder per file, however many are counted.
+    if (cfg->audioEncoderCount >= 1) {
+        LOAD_ELEMENT_OR_RETURN(module, node, ROW(kRecFileTable, audioEncoders), 0, cfg);
+        LOG_DEBUG("aenc_hdl%u[%u] \n", 0U, cfg->audioEncoders[0]);
+    }
+    LOAD_OR_RETURN(module, node, ROW(kRecFileTable, thumbnailEncoder), cfg);
+    LOG_DEBUG("%s thumbnail_hdl[%u] \n", node, cfg->thumbnailEncoder);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadRecFilesAttr(const char* module, const char* node, RecAttrCfg* cfg,
+                                     std::span<std::byte> thumbnails) {
+    Key key;
+    LOAD_OR_RETURN(module, node, ROWS(kRecAttrTable, fileCount, thumbnailCount), cfg);
+    FORMAT_KEY_OR_RETURN(key, node, ROW(kRecAttrTable, thumbnailCount), 0);
+    REQUIRE_COUNT_OR_RETURN(key.c_str(), cfg->thumbnailCount,
+                            thumbnails.size() / sizeof(std::int32_t));
+    LOG_DEBUG("normal record attr filecnt[%d],thmcnt[%d] \n", cfg->fileCount, cfg->thumbnailCount);
+    for (std::uint32_t i = 0; i < cfg->thumbnailCount; ++i) {
+        constexpr const Field& row = ROW(kRecAttrTable, thumbnailHandles);
+        FORMAT_KEY_OR_RETURN(key, node, row, i);
+        std::int32_t handle = 0;
+        CALL_OR_RETURN(
+            ZV_CONFACCESS_GetInt(kProductConfig, module, key.c_str(), row.defaultValue, &handle),
+            key.c_str());
+        StoreHandle(thumbnails, i, handle);
+        LOG_DEBUG("thmhdl%u[%u] \n", i, handle);
+    }
+    for (std::uint32_t k = 0; k < std::min(cfg->fileCount, kRecFileCountMax); ++k) {
+        Key fileNode;
+        FORMAT_OR_RETURN(fileNode, "sprintf_s", kFileNode, node, k);
+        CALL_OR_RETURN(PDT_INIPARAM_LoadRecFileAttr(module, fileNode.c_str(), &cfg->files[k]),
+                       "fileattr");
+        LOAD_ELEMENT_OR_RETURN(module, fileNode.c_str(), ROW(kRecAttrTable, receiveBufferSizes), k,
+                               cfg);
+        LOG_DEBUG("recvbuf_size%u[%d] \n", k, cfg->receiveBufferSizes[k]);
+    }
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadRecAttr(const char* module, const char* node, RecAttrCfg* cfg,
+                                std::span<std::byte> thumbnails) {
+    LOG_DEBUG("record attr :\n");
+    LOAD_OR_RETURN(module, node, ROWS(kRecAttrTable, enable, slowPlayFrameRate), cfg);
+    LOG_DEBUG("normal record attr  enable[%d],split_type[%d],split_time[%d] ", cfg->enable,
+              cfg->splitType, cfg->splitTime);
+    // Both counts are still to be read.
+    LOG_DEBUG("prerec_time[%dms],filecnt[%d],thmcnt[%d] ", cfg->preRecordTime, cfg->fileCount,
+              cfg->thumbnailCount);
+    LOG_DEBUG("playfps[%d], slowrec_playfps[%d]\n", cfg->playFrameRate, cfg->slowPlayFrameRate);
+    CALL_OR_RETURN(PDT_INIPARAM_LoadRecFilesAttr(module, node, cfg, thumbnails), "RecFilesAttr");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadRecMediaCfg(const char* module, RecWorkModeCfg* cfg) {
+    LOG_DEBUG("Record mediamode Configure:\n");
+    for (std::int32_t i = 0; i < std::ssize(cfg->mediaMode); ++i) {
+        Key node;
+        FORMAT_OR_RETURN(node, "sprintf_s", kMediaModeConfigNode, i);
+        CALL_OR_RETURN(PDT_INIPARAM_LoadCamMediaModeCfg(module, node.c_str(), &cfg->mediaMode[i]),
+                       node.c_str());
+    }
+    LOG_DEBUG("Rec Osd\n");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadOsdCfg(module, kOsdNode, &cfg->osd), "Osd");
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadRecCommCfg(const char* module, RecCommCfg* cfg) {
+    LOAD_OR_RETURN(module, nullptr, kRecCommTable, cfg);
+    LOG_DEBUG("record comm  muxer_type[%d,0-mp4,1-mov,2-ts ] ", cfg->muxerType);
+    LOG_DEBUG(
+        "thm_type[%d, 0-INDEPENDENCE,1-EMBEDDED,2-NONE],repaire_unit[%u],"
+        "pre_alloc_unit[%u]\n",
+        cfg->thumbnailType, cfg->repairUnit, cfg->preAllocUnit);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadRecWorkModeConf(RecWorkModeCfg* cfg, std::span<std::byte> thumbnails) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
+    LOG_DEBUG("WorkMode Record Media Configure:\n");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadRecMediaCfg(kWorkModeRecordModule, cfg), "RecMedia");
+    LOG_DEBUG("\n\n");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadRecCommCfg(kWorkModeRecordModule, &cfg->comm), "RecComm");
+    LOG_DEBUG("\n\n");
+    for (std::size_t i = 0; i < std::size(cfg->normal); ++i) {
+        const std::int32_t number = static_cast<std::int32_t>(i);
+        Key node;
+        FORMAT_OR_RETURN(node, "sprintf_s", kSourceNode, number);
+        CALL_OR_RETURN(
+            PDT_INIPARAM_LoadPhotoAttr(kWorkModeRecordModule, node.c_str(), &cfg->photoSource[i]),
+            "PhotoSrc");
+        FORMAT_OR_RETURN(node, "sprintf_s", kNormalNode, number);
+        CALL_OR_RETURN(
+            PDT_INIPARAM_LoadRecAttr(kWorkModeRecordModule, node.c_str(), &cfg->normal[i],
+                                     thumbnails.subspan(i * sizeof(RecAttrCfg))),
+            "Normal record");
+    }
+    LOG_DEBUG("\n\n");
+    return kOk;
+}
+
+}  // namespace paramgen

@@ -1,0 +1,62 @@
+#include "param/workmode/workmode.h"
+
+#include <span>
+
+#include "param/common/propagate.h"
+
+namespace paramgen {
+namespace {
+
+constexpr Field kCommWorkModeFields[] = {
+    QUERY(CommWorkModeCfg, powerOnMode, "poweron_workmode", 0).At("common"),
+    RESERVED(CommWorkModeCfg, reserved),
+};
+
+}  // namespace
+
+constexpr TableOf<CommWorkModeCfg> kCommWorkModeTable{nullptr, kCommWorkModeFields};
+
+namespace {
+
+constexpr Field kWorkModeFields[] = {
+    RECORD(WorkModeCfg, comm, kCommWorkModeTable).From(kWorkModeCommModule),
+    RECORD(WorkModeCfg, photo, kPhotoWorkModeTable).From(kWorkModePhotoModule),
+    RECORD(WorkModeCfg, record, kRecWorkModeTable).From(kWorkModeRecordModule),
+};
+
+/// The bytes of `section` from the first thumbnail handle on.
+std::span<std::byte> ThumbnailHandles(WorkModeCfg* section) {
+    constexpr std::size_t kFirst = offsetof(WorkModeCfg, record) +
+                                   offsetof(RecWorkModeCfg, normal) +
+                                   offsetof(RecAttrCfg, thumbnailHandles);
+    return std::as_writable_bytes(std::span(section, 1)).subspan(kFirst);
+}
+
+}  // namespace
+
+constexpr TableOf<WorkModeCfg> kWorkModeTable{nullptr, kWorkModeFields};
+
+Status PDT_INIPARAM_LoadCommWorkModeCfg(const char* module, CommWorkModeCfg* cfg) {
+    LOAD_OR_RETURN(module, nullptr, kCommWorkModeTable, cfg);
+    LOG_DEBUG("poweron_workmode[%d; 0:normal record, 1:photo]\n", cfg->powerOnMode);
+    return kOk;
+}
+
+Status PDT_INIPARAM_LoadWorkModeConf(WorkModeCfg* section) {
+    REQUIRE_RECORD_OR_RETURN(section);
+    LOG_DEBUG("WorkMode Common Configure:\n");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCommWorkModeCfg(kWorkModeCommModule, &section->comm), "Common");
+    LOG_DEBUG("\n\n");
+    LOG_DEBUG("WorkMode Photo Media Configure:\n");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoWorkModeCfg(kWorkModePhotoModule, &section->photo),
+                   "PhotoMedia");
+    LOG_DEBUG("\n\n");
+    LOG_DEBUG("rec Configure:\n");
+    // Readers of the log know the record settings by this label.
+    CALL_OR_RETURN(PDT_INIPARAM_LoadRecWorkModeConf(&section->record, ThumbnailHandles(section)),
+                   "PLAYBACK");
+    LOG_DEBUG("\n\n");
+    return kOk;
+}
+
+}  // namespace paramgen
