@@ -1,0 +1,141 @@
+// The image of the program against that of the independent builder: on the example product, and on
+// products made up at random.
+
+#include "golden/independent_image.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "golden/random_product.h"
+#include "support/program.h"
+#include "support/records.h"
+#include "support/temp_dir.h"
+
+namespace paramgen::testing {
+namespace {
+
+using independent::AskedKey;
+using independent::Section;
+
+std::string Hex(const std::string& bytes) {
+    std::string text;
+    for (const char byte : bytes) {
+        char two[4];
+        std::snprintf(two, sizeof two, "%02X ", static_cast<unsigned>(byte) & 0xFF);
+        text += two;
+    }
+    return text;
+}
+
+/// The keys that belong to a byte of the image.
+std::string KeysAt(std::size_t at, const std::vector<AskedKey>& asked) {
+    std::string keys;
+    for (const AskedKey& key : asked) {
+        if (key.at != AskedKey::kNowhere && at >= key.at && at < key.at + key.width) {
+            keys += " " + key.module + " " + key.key;
+        }
+    }
+    return keys;
+}
+
+/// The first byte of a section that differs, told in one line; empty when none does.
+std::string Difference(const Section& section, const std::string& expected,
+                       const std::string& actual, const std::vector<AskedKey>& asked) {
+    for (std::size_t at = section.at; at < section.at + section.size; ++at) {
+        if (expected[at] != actual[at]) {
+            return section.name + ": byte " + std::to_string(at) + " (" +
+                   std::to_string(at - section.at) + " of the section): expected " +
+                   Hex(expected.substr(at, 4)) + "found " + Hex(actual.substr(at, 4)) + "key" +
+                   KeysAt(at, asked) + "\n";
+        }
+    }
+    return "";
+}
+
+/// Where the program's image in `directory` differs from the independent one.
+std::string Differences(const std::filesystem::path& directory) {
+    const std::string actual = ReadFile(directory / "param.bin");
+    const std::optional<independent::Product> product = independent::ReadProduct(directory);
+    if (!product || actual.size() != 29928) {
+        return product ? "no image\n" : "no product\n";
+    }
+    const independent::BuiltImage expected = independent::BuildImage(*product);
+    std::string differences = expected.failed ? "must be refused\n" : "";
+    for (const Section& section : independent::Sections()) {
+        differences += Difference(section, expected.bytes, actual, expected.asked);
+    }
+    return differences;
+}
+
+std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
+    const char* text = std::getenv(name);
+    return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
+}
+
+/// The numbers of the random products: PARAMGEN_TREES of them, from PARAMGEN_SEED.
+class RandomProducts : public ::testing::Test {
+protected:
+    RandomProducts() {
+        std::printf("PARAMGEN_SEED=%llu PARAMGEN_TREES=%llu\n",
+                    static_cast<unsigned long long>(first_),
+                    static_cast<unsigned long long>(count_));
+    }
+
+    std::string Again(std::uint64_t number) const {
+        return "again: PARAMGEN_TREES=1 PARAMGEN_SEED=" + std::to_string(number);
+    }
+
+    std::uint64_t first_ = FromEnvironment("PARAMGEN_SEED", 20240611);
+    std::uint64_t count_ = FromEnvironment("PARAMGEN_TREES", 60);
+    std::vector<AskedKey> keys_ = AllKeys();
+};
+
+TEST(IndependentImage, OfTheExampleProduct) {
+    const TempDir directory;
+    std::filesystem::copy(PARAMGEN_EXAMPLES "/dashcam", directory.path(),
+                          std::filesystem::copy_options::recursive);
+    EXPECT_EQ(RunProgram(directory.path()).exitStatus, 0);
+    EXPECT_EQ(Differences(directory.path()), "");
+}
+
+TEST(IndependentImage, NoTwoKeysShareAByte) {
+    std::vector<int> owners(29928);
+    for (const AskedKey& key : AllKeys()) {
+        const bool lens = key.module.rfind("cam0_ldccfg_", 0) == 0;  // copied to many places
+        for (std::size_t i = 0; key.at != AskedKey::kNowhere && !lens && i < key.width; ++i) {
+            EXPECT_EQ(owners[key.at + i]++, 0) << key.module << " " << key.key;
+        }
+    }
+}
+
+TEST_F(RandomProducts, GiveTheSameImage) {
+    for (std::uint64_t number = first_; number < first_ + count_; ++number) {
+        const TempDir directory;
+        WriteRandomProduct(directory, keys_, number, Health::kGood);
+        const ProgramRun run = RunProgram(directory.path());
+        ASSERT_EQ(run.exitStatus, 0) << Again(number) << "\n"
+                                     << ::testing::PrintToString(ErrorsOf(run.output));
+        ASSERT_EQ(Differences(directory.path()), "") << Again(number);
+    }
+}
+
+TEST_F(RandomProducts, AreRefusedWhenAValueThatIsReadIsBad) {
+    std::uint64_t refused = 0;
+    for (std::uint64_t number = first_; number < first_ + count_; ++number) {
+        const TempDir directory;
+        WriteRandomProduct(directory, keys_, number, Health::kOneBadValue);
+        const bool loads = BuildIndependentImage(directory.path()).has_value();
+        const ProgramRun run = RunProgram(directory.path());
+        ASSERT_EQ(run.exitStatus == 0, loads) << Again(number) << "\n"
+                                              << ::testing::PrintToString(ErrorsOf(run.output));
+        ASSERT_EQ(std::filesystem::exists(directory.path() / "param.bin"), loads) << Again(number);
+        refused += loads ? 0 : 1;
+    }
+    EXPECT_TRUE(refused > 0 || count_ < 20);
+}
+
+}  // namespace
+}  // namespace paramgen::testing

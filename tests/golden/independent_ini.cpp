@@ -1,0 +1,146 @@
+#include "golden/independent_ini.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+namespace paramgen::testing::independent {
+namespace {
+
+constexpr char kBlanks[] = " \t\n\v\f\r";
+
+std::string Strip(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string::npos) {
+        return "";
+    }
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// The value in what stands behind the '=' of a line.
+std::string ValueIn(const std::string& behind) {
+    const std::string text = Strip(behind);
+    if (!text.empty() && (text[0] == '\'' || text[0] == '"')) {
+        // A closing quote may be missing; what stands behind it is nobody's.
+        const std::string inner = text.substr(1, text.find(text[0], 1) - 1);
+        if (!inner.empty()) {
+            return inner;
+        }
+    }
+    const std::string value = Strip(text.substr(0, text.find('#')));
+    return value == "\"\"" || value == "''" ? "" : value;
+}
+
+/// Adds what one line says; false when it says nothing that can be understood.
+bool AddLine(const std::string& line, std::string& section, IniKeys& keys) {
+    const std::string text = Strip(line.substr(0, line.find(';')));
+    if (text.empty() || text[0] == '#') {
+        return true;
+    }
+    if (text.front() == '[' && text.back() == ']') {
+        section = Lower(Strip(text.substr(1, text.find(']') - 1)));
+        keys[section] = std::nullopt;
+        return true;
+    }
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos || equals == 0) {
+        return false;
+    }
+    keys[section + ":" + Lower(Strip(text.substr(0, equals)))] = ValueIn(text.substr(equals + 1));
+    return true;
+}
+
+std::optional<IniKeys> ReadIniFile(const std::filesystem::path& path) {
+    const std::ifstream file(path, std::ios::binary);
+    if (!file.is_open()) {
+        return std::nullopt;
+    }
+    std::ostringstream text;
+    text << file.rdbuf();
+    return ReadIniText(text.str());
+}
+
+std::optional<std::string> Find(const IniKeys& keys, const std::string& key) {
+    const auto found = keys.find(Lower(key));
+    return found == keys.end() ? std::nullopt : found->second;
+}
+
+/// The file of a module. A directory counts only when there is a '/' in it.
+std::filesystem::path ModuleFile(const IniKeys& entry, const std::string& module,
+                                 const std::filesystem::path& directory, const std::string& file) {
+    const std::string path = Find(entry, module + ":path").value_or("");
+    if (path.find('/') == std::string::npos) {
+        return directory / file;
+    }
+    return directory / path / file;
+}
+
+/// Adds a module of the entry file; false when the entry file must be refused for it.
+bool AddModule(const IniKeys& entry, long number, const std::filesystem::path& directory,
+               Product& product) {
+    const std::optional<std::string> module = Find(entry, "module:module" + std::to_string(number));
+    if (!module || product.count(*module) != 0) {
+        return false;
+    }
+    const std::optional<std::string> file = Find(entry, *module + ":cfg_filename");
+    if (!file || file->empty()) {
+        return false;
+    }
+    const std::optional<IniKeys> keys = ReadIniFile(ModuleFile(entry, *module, directory, *file));
+    if (keys) {
+        product[*module] = *keys;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string Lower(std::string text) {
+    for (char& c : text) {
+        if (c >= 'A' && c <= 'Z') {
+            c = static_cast<char>(c - 'A' + 'a');
+        }
+    }
+    return text;
+}
+
+std::optional<IniKeys> ReadIniText(const std::string& text) {
+    IniKeys keys;
+    std::string section;
+    bool understood = true;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = text.find('\n', at);
+        const bool unfinished = end == std::string::npos;
+        const std::string line = text.substr(at, end - at);
+        at = unfinished ? text.size() : end + 1;
+        if (line.size() > 1022) {
+            return std::nullopt;
+        }
+        const bool dropped = unfinished && (line.size() == 1 || line.back() == '\\');
+        if (!dropped && !AddLine(line, section, keys)) {
+            understood = false;
+        }
+    }
+    return understood ? std::optional<IniKeys>(keys) : std::nullopt;
+}
+
+std::optional<Product> ReadProduct(const std::filesystem::path& directory) {
+    const std::optional<IniKeys> entry = ReadIniFile(directory / "config_cfgaccess_entry.ini");
+    if (!entry) {
+        return std::nullopt;
+    }
+    const std::string count = Find(*entry, "module:module_num").value_or("0");
+    const long modules = std::strtol(count.c_str(), nullptr, 0);
+    if (modules == 0) {
+        return std::nullopt;
+    }
+    Product product;
+    for (long number = 1; number <= modules; ++number) {
+        if (!AddModule(*entry, number, directory, product)) {
+            return std::nullopt;
+        }
+    }
+    return product;
+}
+
+}  // namespace paramgen::testing::independent

@@ -1,0 +1,22 @@
+/// The sections of the independent image, each put at the offset that it is given.
+#pragma once
+
+#include "golden/independent_placer.h"
+
+namespace paramgen::testing::independent {
+
+void PlaceWorkMode(const Placer& put, std::size_t at);
+void PlaceMediaCommon(Placer put, std::size_t at);
+void PlaceCamera(const Placer& put, std::size_t at, std::size_t camera);
+void PlaceFileManagement(Placer put, std::size_t at);
+void PlaceDeviceManagement(Placer put, std::size_t at);
+void PlaceValueSets(Placer put, std::size_t at);
+
+/// The camera's capture and lens correction, which fill parts of its media modes.
+void PlaceCaptureSpec(Placer& put, std::size_t at, std::int32_t mode);
+void PlaceLensCorrection(const Placer& put, std::size_t at, std::int32_t mode);
+
+/// What a media mode's camera and number are, in either work mode.
+void PlaceCamMediaMode(Placer& put, std::size_t at, const std::string& node);
+
+}  // namespace paramgen::testing::independent
