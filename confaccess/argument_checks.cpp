@@ -1,9 +1,11 @@
 #include "confaccess/argument_checks.h"
 
+#include <cstdarg>
 #include <cstdio>
 #include <cstring>
 
 #include "confaccess/confaccess.h"
+#include "safestr/safestr.h"
 
 namespace paramgen {
 namespace {
@@ -53,8 +55,16 @@ bool IsLongPath(const char* cfgPath, const char* function, CheckLine line) {
         "strnlen(cfgPath, QX_CONFACCESS_PATH_MAX_LEN) < QX_CONFACCESS_PATH_MAX_LEN");
 }
 
-void TellFormatFailed(const char* function, CheckLine line) {
-    std::printf("[%s]%d: %s\n", function, line, "snprintf_s");
+bool FormatOrTell(char* dest, std::size_t size, const char* function, CheckLine line,
+                  const char* format, ...) {
+    std::va_list args;
+    va_start(args, format);
+    const int length = vsnprintf_s(dest, size, size - 1, format, args);
+    va_end(args);
+    if (length == -1) {
+        std::printf("[%s]%d: %s\n", function, line, "snprintf_s");
+    }
+    return length != -1;
 }
 
 void TellErrorCode(const char* function, CheckLine line, Status code) {

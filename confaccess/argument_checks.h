@@ -1,4 +1,4 @@
-/// Argument checks of configuration access, told on standard output.
+/// Checks of configuration access, told on standard output.
 #pragma once
 
 #include <cstddef>
@@ -24,8 +24,11 @@ bool IsLongModuleName(const char* module, const char* function, CheckLine line);
 bool IsLongKey(const char* confItem, const char* function, CheckLine line);
 bool IsLongPath(const char* cfgPath, const char* function, CheckLine line);
 
-/// Tells that a text did not fit its buffer.
-void TellFormatFailed(const char* function, CheckLine line);
+/// Formats into `dest`, which holds `size` bytes. Returns false when the text does not fit, and
+/// tells so.
+[[nodiscard]] [[gnu::format(printf, 5, 6)]] bool FormatOrTell(char* dest, std::size_t size,
+                                                              const char* function, CheckLine line,
+                                                              const char* format, ...);
 
 /// Tells that an inner step failed with `code`.
 void TellErrorCode(const char* function, CheckLine line, Status code);

@@ -44,15 +44,15 @@ public:
         const IniLine line = ParseIniLine(text);
         switch (line.kind) {
             case IniLineKind::kNothing:
-                return true;
+                break;
             case IniLineKind::kSection:
-                return line.name == nullptr || OpenSection(line.name);
+                return OpenSection(line.name);
             case IniLineKind::kValue:
                 return StoreValue(line);
             case IniLineKind::kSyntaxError:
                 g_lastError = IniError::kSyntax;
                 hasErrors_ = true;
-                return true;
+                break;
         }
         return true;
     }
@@ -60,10 +60,14 @@ public:
     bool HasErrors() const { return hasErrors_; }
 
 private:
-    /// Names the current section: the beginning of every key up to the next section.
+    /// Names the current section: the beginning of every key up to the next section. Without a name
+    /// it stays what it was.
     bool OpenSection(const char* name) {
-        sectionLength_ = std::strlen(name);
-        static_cast<void>(memcpy_s(key_, sizeof key_, name, sectionLength_ + 1));
+        if (name != nullptr) {
+            sectionLength_ = std::strlen(name);
+            static_cast<void>(memcpy_s(key_, sizeof key_, name, sectionLength_));
+        }
+        key_[sectionLength_] = '\0';
         return dictionary_->Set(key_, nullptr);
     }
 

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "confaccess/argument_checks.h"
+#include "confaccess/dir_name.h"
 #include "confaccess/entry_ptr.h"
 #include "log/library_log.h"
 #include "safestr/safestr.h"
@@ -20,8 +21,7 @@ using ModulePtr = EntryPtr<ModuleEntry>;
 /// directory with a '/' behind it.
 Status CONFACCESS_GetModulePath(const ConfigEntry& config, ModuleEntry* module) {
     char key[kKeySize];
-    if (snprintf_s(key, sizeof key, kKeySize - 1, "%s:path", module->name) == -1) {
-        TellFormatFailed(__func__, 104);
+    if (!FormatOrTell(key, sizeof key, __func__, 104, "%s:path", module->name)) {
         return kFailed;
     }
     const char* path = FindText(*config.entryDictionary, key, nullptr);
@@ -55,8 +55,7 @@ void TrimSlash(char* path) {
 Status ReadName(ConfigEntry* config, std::int32_t number, const char* function,
                 ModuleEntry* module) {
     char key[kKeySize];
-    if (snprintf_s(key, sizeof key, kKeySize - 1, "module:module%d", number) == -1) {
-        TellFormatFailed(function, 157);
+    if (!FormatOrTell(key, sizeof key, function, 157, "module:module%d", number)) {
         return kFailed;
     }
     const char* name = FindText(*config->entryDictionary, key, nullptr);
@@ -64,8 +63,7 @@ Status ReadName(ConfigEntry* config, std::int32_t number, const char* function,
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "Load %s failed\n", key);
         return kModuleIncomplete;
     }
-    if (snprintf_s(module->name, kNameSize, kNameSize - 1, "%s", name) == -1) {
-        TellFormatFailed(function, 166);
+    if (!FormatOrTell(module->name, kNameSize, function, 166, "%s", name)) {
         return kFailed;
     }
     if (FindModule(config, module->name) != nullptr) {
@@ -79,8 +77,7 @@ Status ReadName(ConfigEntry* config, std::int32_t number, const char* function,
 /// Joins the module's directory and the file name that the entry file gives.
 Status BuildFileName(const ConfigEntry& config, const char* function, ModuleEntry* module) {
     char key[kKeySize];
-    if (snprintf_s(key, sizeof key, kKeySize - 1, "%s:cfg_filename", module->name) == -1) {
-        TellFormatFailed(function, 178);
+    if (!FormatOrTell(key, sizeof key, function, 178, "%s:cfg_filename", module->name)) {
         return kFailed;
     }
     const char* fileName = FindText(*config.entryDictionary, key, nullptr);
@@ -92,12 +89,9 @@ Status BuildFileName(const ConfigEntry& config, const char* function, ModuleEntr
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "module path is error\n");
         return kModuleIncomplete;
     }
-    if (snprintf_s(module->file, kPathSize, kPathSize - 1, "%s%c%s", module->path, '/', fileName) ==
-        -1) {
-        TellFormatFailed(function, 192);
-        return kFailed;
-    }
-    return kOk;
+    const bool joined =
+        FormatOrTell(module->file, kPathSize, function, 192, "%s%c%s", module->path, '/', fileName);
+    return joined ? kOk : kFailed;
 }
 
 /// Loads module `number` (from 1) and puts it at the front of the configuration's modules.
@@ -137,34 +131,6 @@ bool IsFatal(Status status) {
 }
 
 }  // namespace
-
-Status CONFACCESS_GetDirName(const char* path, char* directory, std::size_t size) {
-    std::size_t length = std::strlen(path);
-    while (length > 1 && path[length - 1] == '/') {
-        --length;
-    }
-    while (length != 0 && path[length - 1] != '/') {
-        --length;
-    }
-    while (length > 1 && path[length - 1] == '/') {
-        --length;
-    }
-    const char* from = path;
-    if (length == 0) {
-        from = ".";
-        length = 1;
-    }
-    if (length + 1 > kPathSize - 1) {
-        ZV_LOG_PrintfInfo(kConfAccessTag, kLibraryErr, __func__, 85, "the dstPath is too long\n");
-        return kBadArgument;
-    }
-    if (memcpy_s(directory, size, from, length) != 0) {
-        ZV_LOG_PrintfInfo(kConfAccessTag, kLibraryErr, __func__, 90, "memcpy_s failed\n");
-        return kFailed;
-    }
-    directory[length] = '\0';
-    return kOk;
-}
 
 Status CONFACCESS_ModuleInfo(ConfigEntry* config) {
     const std::int32_t count = FindInteger(*config->entryDictionary, "module:module_num", 0);

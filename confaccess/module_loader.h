@@ -12,11 +12,6 @@ namespace paramgen {
 /// list.
 [[nodiscard]] Status CONFACCESS_ModuleInfo(ConfigEntry* config);
 
-/// Stores the directory part of `path`, as POSIX dirname gives it, in `directory`, which holds
-/// `size` bytes. Returns `kBadArgument` when it has more than 254 characters, `kFailed` when it
-/// does not fit `directory`; both are logged.
-[[nodiscard]] Status CONFACCESS_GetDirName(const char* path, char* directory, std::size_t size);
-
 /// Frees every module of `config`.
 void CONFACCESS_DelModuleList(ConfigEntry* config);
 

@@ -9,7 +9,6 @@
 #include "confaccess/module_loader.h"
 #include "confaccess/registry.h"
 #include "log/library_log.h"
-#include "safestr/safestr.h"
 
 namespace paramgen {
 namespace {
@@ -29,11 +28,9 @@ Status CONFACCESS_GetModuleInfo(ConfigEntry* config) {
                           config->configPath);
         return kFailed;
     }
-    if (snprintf_s(config->entryFile, kPathSize, kPathSize - 1, "%s", config->configPath) == -1) {
-        TellFormatFailed(__func__, 217);
-        return kFailed;
-    }
-    return kOk;
+    const bool copied =
+        FormatOrTell(config->entryFile, kPathSize, __func__, 217, "%s", config->configPath);
+    return copied ? kOk : kFailed;
 }
 
 /// Fills the entry's lists; called under its lock. `abandoned` tells whether the entry file was
@@ -60,12 +57,8 @@ Status CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
     if (IsNullArgument(config.get(), __func__, 264, "cfgPos")) {
         return kOutOfMemory;
     }
-    if (snprintf_s(config->cfgName, kNameSize, kNameSize - 1, "%s", cfgName) == -1) {
-        TellFormatFailed(__func__, 266);
-        return kFailed;
-    }
-    if (snprintf_s(config->configPath, kPathSize, kPathSize - 1, "%s", cfgPath) == -1) {
-        TellFormatFailed(__func__, 269);
+    if (!FormatOrTell(config->cfgName, kNameSize, __func__, 266, "%s", cfgName) ||
+        !FormatOrTell(config->configPath, kPathSize, __func__, 269, "%s", cfgPath)) {
         return kFailed;
     }
     ListReset(&config->modules);

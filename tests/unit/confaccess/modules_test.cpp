@@ -1,0 +1,354 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "confaccess/confaccess.h"
+#include "confaccess/registry.h"
+#include "support/temp_dir.h"
+#include "unit/confaccess/outcome.h"
+
+namespace paramgen::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+constexpr char kModuleInfoFailed[] =
+    "[time][ERR][QXCONFACCE] CONFACCESS_Init:286 Confaccess ModuleInfo failed\n";
+
+std::string AddCfgFailed(const std::string& code) {
+    return "func:ZV_CONFACCESS_Init,line:337[AddCfg] failed[0x" + code + "]\n";
+}
+
+std::string Deleted(const std::string& name) {
+    return "[time][DEBUG][QXCONFACCE] CONFACCESS_DelModuleList:47 CfgName[" + name +
+           "] delete finished\n";
+}
+
+std::string Skipped(int index) {
+    return "[time][WARN][QXCONFACCE] CONFACCESS_ModuleInfo:245 load module[" +
+           std::to_string(index) + "] failed\n";
+}
+
+constexpr char kErrorCodeOfPath[] =
+    "func:CONFACCESS_InitModule,line:173,Error Code: [0xFFFFFFFF]\n\n";
+
+/// Registrations, under the name "cfg", of entry files that each test writes.
+class Modules : public ::testing::Test {
+protected:
+    Modules() {
+        directory_.Write("a.ini", "[s]\nkey = of a\n");
+        directory_.Write("b.ini", "[s]\nkey = of b\n");
+    }
+    ~Modules() override {
+        if (g_confAccessCount != 0) {
+            EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+        }
+        EXPECT_EQ(g_confAccessCount, 0);
+    }
+
+    Outcome Init(const std::string& entryText) {
+        entry_ = directory_.Write("entry.ini", entryText);
+        return Observe([&] { return ZV_CONFACCESS_Init("cfg", entry_.c_str()); });
+    }
+
+    /// The same, with records of every level from `threshold` up.
+    Outcome InitLogged(std::int32_t threshold, const std::string& entryText) {
+        const LibraryThreshold lowered(threshold);
+        return Init(entryText);
+    }
+
+    /// The names of the modules that are loaded, in the order of their list.
+    static std::vector<std::string> Names() {
+        std::vector<std::string> names;
+        const ConfigEntry* config = FindConfig("cfg");
+        for (const ListLink* link = config->modules.next; link != &config->modules;
+             link = link->next) {
+            names.emplace_back(static_cast<const ModuleEntry*>(link)->name);
+        }
+        return names;
+    }
+
+    static const ModuleEntry* Module(const std::string& name) {
+        return FindModule(FindConfig("cfg"), name.c_str());
+    }
+
+    std::string In(const std::string& file) const { return (directory_.path() / file).string(); }
+
+    std::string DefaultPathInfo() const {
+        return "[time][INFO][QXCONFACCE] CONFACCESS_GetModulePath:122 Don't use certain module "
+               "path, use default path[" +
+               directory_.path().string() + "/]\n";
+    }
+
+    TempDir directory_;
+    std::string entry_;
+};
+
+TEST_F(Modules, StandInReverseOrder) {
+    EXPECT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = a\nmodule2 = b\n"
+                   "[a]\ncfg_filename = a.ini\n[b]\ncfg_filename = b.ini\n"),
+              (Outcome{0, ""}));
+    EXPECT_THAT(Names(), ElementsAre("b", "a"));
+    EXPECT_STREQ(FindText(*Module("a")->dictionary, "s:key", nullptr), "of a");
+    EXPECT_EQ(Module("a")->path, directory_.path().string());
+    EXPECT_EQ(Module("a")->file, In("a.ini"));
+}
+
+TEST_F(Modules, KeysOfTheEntryFileAreFoundInAnyCase) {
+    EXPECT_EQ(Init("[MODULE]\nModule_Num = 1\nMODULE1 = CamA\n[cama]\nCFG_FileName = a.ini\n"),
+              (Outcome{0, ""}));
+    EXPECT_THAT(Names(), ElementsAre("CamA"));
+}
+
+TEST_F(Modules, NumberOfThemIsInPrefixedNotation) {
+    const std::string modules =
+        "[module]\nmodule1=a\nmodule2=b\nmodule3=c\nmodule4=d\nmodule5=e\nmodule6=f\nmodule7=g\n"
+        "module8=h\nmodule9=i\n[a]\ncfg_filename=a.ini\n[b]\ncfg_filename=a.ini\n[c]\n"
+        "cfg_filename=a.ini\n[d]\ncfg_filename=a.ini\n[e]\ncfg_filename=a.ini\n[f]\n"
+        "cfg_filename=a.ini\n[g]\ncfg_filename=a.ini\n[h]\ncfg_filename=a.ini\n[i]\n"
+        "cfg_filename=a.ini\n";
+    const std::pair<const char*, std::size_t> kNumbers[] = {
+        {"9", 9}, {"0x9", 9}, {"0X2", 2}, {"07", 7}, {"011", 9}, {"3 modules", 3}, {" +4", 4}};
+    for (const auto& [number, count] : kNumbers) {
+        ASSERT_EQ(Init(modules + "[module]\nmodule_num = " + number + "\n"), (Outcome{0, ""}));
+        EXPECT_EQ(Names().size(), count) << number;
+        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    }
+}
+
+TEST_F(Modules, NoneOrNoNumberOfThemFails) {
+    const Outcome failed = {Code(0xA1418050U),
+                            "[time][ERR][QXCONFACCE] CONFACCESS_ModuleInfo:228 not find module_num "
+                            "or module_num is 0\n" +
+                                std::string(kModuleInfoFailed) + AddCfgFailed("A1418050")};
+    for (const char* entry :
+         {"", "[module]\nmodule1 = a\n", "[module]\nmodule_num = 0\n", "[module]\nmodule_num =\n",
+          "[module]\nmodule_num = many\n", "[module]\nmodule_num = 08\n",
+          "[module]\nmodule_num = 0x\n", "module_num = 1\n",
+          "[module]\nmodule_num = 1\n[module:module_num]\n"}) {
+        EXPECT_EQ(Init(entry), failed) << entry;
+    }
+}
+
+TEST_F(Modules, FailureLeavesAnEmptyListFirst) {
+    EXPECT_EQ(InitLogged(0, "").output,
+              "[time][ERR][QXCONFACCE] CONFACCESS_ModuleInfo:228 not find module_num or "
+              "module_num is 0\n" +
+                  Deleted("cfg") + kModuleInfoFailed + AddCfgFailed("A1418050"));
+}
+
+TEST_F(Modules, NegativeNumberMeansNone) {
+    for (const char* number : {"-1", "-0x10", "-2147483648", "-99999999999"}) {
+        EXPECT_EQ(Init(std::string("[module]\nmodule_num = ") + number + "\nmodule1 = a\n"),
+                  (Outcome{0, ""}));
+        EXPECT_THAT(Names(), IsEmpty());
+        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    }
+}
+
+TEST_F(Modules, NumberBeyond32BitsSaturates) {
+    EXPECT_EQ(Init("[module]\nmodule_num = 4294967297\nmodule1 = a\n[a]\ncfg_filename = a.ini\n"),
+              (Outcome{Code(0xA1418049U), "[time][QXCONFACCE] Load module:module2 failed\n" +
+                                              std::string(kModuleInfoFailed) +
+                                              AddCfgFailed("A1418049")}));
+}
+
+TEST_F(Modules, MissingNameAbandonsTheRegistration) {
+    EXPECT_EQ(InitLogged(0,
+                         "[module]\nmodule_num = 3\nmodule1 = a\nmodule3 = b\n"
+                         "[a]\ncfg_filename = a.ini\n[b]\ncfg_filename = b.ini\n"),
+              (Outcome{Code(0xA1418049U),
+                       DefaultPathInfo() + "[time][QXCONFACCE] Load module:module2 failed\n" +
+                           Deleted("cfg") + kModuleInfoFailed + AddCfgFailed("A1418049")}));
+}
+
+TEST_F(Modules, SectionMarkerInPlaceOfANameIsNone) {
+    EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 = a\n[module:module1]\n").status,
+              Code(0xA1418049U));
+}
+
+TEST_F(Modules, RepeatedNameAbandonsTheRegistration) {
+    EXPECT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = a\nmodule2 = a\n"
+                   "[a]\ncfg_filename = a.ini\n"),
+              (Outcome{Code(0xA1418048U),
+                       "[time][ERR][QXCONFACCE] CONFACCESS_InitModule:169 module name is "
+                       "repeat:a\n" +
+                           std::string(kModuleInfoFailed) + AddCfgFailed("A1418048")}));
+}
+
+TEST_F(Modules, NamesAreRepeatedOnlyInTheSameCase) {
+    EXPECT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = a\nmodule2 = A\n"
+                   "[a]\ncfg_filename = a.ini\n"),
+              (Outcome{0, ""}));
+    EXPECT_THAT(Names(), ElementsAre("A", "a"));
+}
+
+TEST_F(Modules, NameIsRepeatedOnlyWhenTheFirstOneLoaded) {
+    const std::string loadFailed = "[time][QXCONFACCE] Load " + In("missing.ini") + " failed\n";
+    EXPECT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = a\nmodule2 = a\n"
+                   "[a]\ncfg_filename = missing.ini\n"),
+              (Outcome{0, loadFailed + loadFailed}));
+    EXPECT_THAT(Names(), IsEmpty());
+}
+
+TEST_F(Modules, FileNameMustBeThereAndNotEmpty) {
+    const std::string abandoned = kModuleInfoFailed + AddCfgFailed("A1418049");
+    const std::string head = "[module]\nmodule_num = 1\nmodule1 = Cam\n";
+    const Outcome absent = {Code(0xA1418049U),
+                            "[time][QXCONFACCE] Load Cam:cfg_filename failed\n" + abandoned};
+    const Outcome empty = {Code(0xA1418049U),
+                           "[time][QXCONFACCE] module path is error\n" + abandoned};
+    EXPECT_EQ(Init(head), absent);
+    EXPECT_EQ(Init(head + "[cam]\npath = /tmp\n"), absent);
+    EXPECT_EQ(Init(head + "[cam]\ncfg_filename = a.ini\n[cam:cfg_filename]\n"), absent);
+    EXPECT_EQ(Init(head + "[cam]\ncfg_filename =\n"), empty);
+    EXPECT_EQ(Init(head + "[cam]\ncfg_filename = \"\"\n"), empty);
+}
+
+TEST_F(Modules, UnreadableOnesAreLeftOut) {
+    directory_.Write("bad.ini", "no value\n");
+    EXPECT_EQ(
+        InitLogged(2,
+                   "[module]\nmodule_num = 4\nmodule1 = a\nmodule2 = gone\nmodule3 = bad\n"
+                   "module4 = b\n[a]\ncfg_filename = a.ini\n[gone]\ncfg_filename = g.ini\n"
+                   "[bad]\ncfg_filename = bad.ini\n[b]\ncfg_filename = b.ini\n"),
+        (Outcome{0, "[time][QXCONFACCE] Load " + In("g.ini") + " failed\n" + Skipped(1) +
+                        "[time][QXCONFACCE] Load " + In("bad.ini") + " failed\n" + Skipped(2)}));
+    EXPECT_THAT(Names(), ElementsAre("b", "a"));
+}
+
+TEST_F(Modules, DirectoryAsFileIsAnEmptyModule) {
+    std::filesystem::create_directory(directory_.path() / "d.ini");
+    EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 = a\n[a]\ncfg_filename = d.ini\n"),
+              (Outcome{0, ""}));
+    EXPECT_EQ(Module("a")->dictionary->Count(), 0U);
+}
+
+TEST_F(Modules, PathWithoutSlashIsNotUsed) {
+    for (const char* path : {"", "path = conf\n", "path =\n", "path = .\n"}) {
+        EXPECT_EQ(InitLogged(1, std::string("[module]\nmodule_num = 1\nmodule1 = a\n[a]\n") + path +
+                                    "cfg_filename = a.ini\n"),
+                  (Outcome{0, DefaultPathInfo()}));
+        EXPECT_EQ(Module("a")->path, directory_.path().string());
+        EXPECT_EQ(Module("a")->file, In("a.ini"));
+        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    }
+}
+
+TEST_F(Modules, OneSlashAtTheEndOfAPathIsRemoved) {
+    const WorkingDirectory there(directory_.path());
+    const std::pair<const char*, const char*> kPaths[] = {
+        {"./", "."}, {".//", "./"}, {"././", "./."}, {"/", "/"}, {"//", "/"}, {"./x/..", "./x/.."}};
+    std::filesystem::create_directory("x");
+    for (const auto& [path, stored] : kPaths) {
+        const std::string file = stored[0] == '/' ? In("a.ini").substr(1) : "a.ini";
+        ASSERT_EQ(InitLogged(0, std::string("[module]\nmodule_num = 1\nmodule1 = a\n[a]\npath = ") +
+                                    path + "\ncfg_filename = " + file + "\n")
+                      .output,
+                  "[time][DEBUG][QXCONFACCE] CONFACCESS_Init:293 New CfgName[cfg] CfgList "
+                  "Count[1]\n");
+        EXPECT_STREQ(Module("a")->path, stored);
+        EXPECT_EQ(Module("a")->file, std::string(stored) + "/" + file);
+        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    }
+}
+
+TEST_F(Modules, RelativePathStartsAtTheWorkingDirectoryAndIsNamedAsGiven) {
+    directory_.Write("other/conf/m.ini", "[s]\nkey = there\n");
+    const WorkingDirectory there(directory_.path() / "other");
+    EXPECT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = m\nmodule2 = n\n[m]\npath = conf/\n"
+                   "cfg_filename = m.ini\n[n]\npath = ./conf\ncfg_filename = n.ini\n"),
+              (Outcome{0, "[time][QXCONFACCE] Load ./conf/n.ini failed\n"}));
+    EXPECT_STREQ(FindText(*Module("m")->dictionary, "s:key", nullptr), "there");
+    EXPECT_STREQ(Module("m")->file, "conf/m.ini");
+}
+
+TEST_F(Modules, FileNameMayLeadFurtherDown) {
+    directory_.Write("sub/m.ini", "");
+    EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 = m\n[m]\ncfg_filename = sub/m.ini\n"),
+              (Outcome{0, ""}));
+}
+
+std::string OneModule(const std::string& name, const std::string& keys) {
+    return "[module]\nmodule_num = 1\nmodule1 = " + name + "\n[" + name + "]\n" + keys;
+}
+
+TEST_F(Modules, NameOf114CharactersIsTheLongestWithAFile) {
+    EXPECT_EQ(Init(OneModule(std::string(114, 'm'), "cfg_filename = a.ini\n")), (Outcome{0, ""}));
+    EXPECT_THAT(Names(), ElementsAre(std::string(114, 'm')));
+}
+
+TEST_F(Modules, NameOf115To122CharactersFailsAtTheFileName) {
+    const Outcome skipped = {0, "[CONFACCESS_InitModule]178: snprintf_s\n" + Skipped(0)};
+    for (const std::size_t length : {115U, 122U}) {
+        EXPECT_EQ(InitLogged(2, OneModule(std::string(length, 'm'), "cfg_filename = a.ini\n")),
+                  skipped);
+        EXPECT_THAT(Names(), IsEmpty());
+        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    }
+}
+
+TEST_F(Modules, NameOf123To127CharactersFailsAtThePath) {
+    const Outcome skipped = {0, "[CONFACCESS_GetModulePath]104: snprintf_s\n" +
+                                    std::string(kErrorCodeOfPath) + Skipped(0)};
+    for (const std::size_t length : {123U, 127U}) {
+        EXPECT_EQ(InitLogged(2, OneModule(std::string(length, 'm'), "cfg_filename = a.ini\n")),
+                  skipped);
+        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    }
+}
+
+TEST_F(Modules, NameOf128CharactersFailsAtOnce) {
+    EXPECT_EQ(InitLogged(2, OneModule(std::string(128, 'm'), "cfg_filename = a.ini\n")),
+              (Outcome{0, "[CONFACCESS_InitModule]166: snprintf_s\n" + Skipped(0)}));
+}
+
+TEST_F(Modules, EmptyNameIsAName) {
+    EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 =\n[ ]\ncfg_filename = a.ini\n"),
+              (Outcome{0, ""}));
+    EXPECT_THAT(Names(), ElementsAre(""));
+}
+
+/// A path of `length` characters that leads to the test's directory.
+std::string LongPathTo(const TempDir& directory, std::size_t length) {
+    const std::string path = directory.path().string();
+    return std::string(length - path.size(), '/') + path;
+}
+
+TEST_F(Modules, PathOf256CharactersIsTooLong) {
+    EXPECT_EQ(InitLogged(2, OneModule("m", "path = " + LongPathTo(directory_, 256) +
+                                               "\ncfg_filename = a.ini\n")),
+              (Outcome{0, kErrorCodeOfPath + Skipped(0)}));
+}
+
+TEST_F(Modules, FileOf255CharactersIsTheLongest) {
+    const std::string head = "path = " + LongPathTo(directory_, 249) + "\n";
+    EXPECT_EQ(Init(OneModule("m", head + "cfg_filename = a.ini\n")), (Outcome{0, ""}));
+    EXPECT_EQ(std::string(Module("m")->file).size(), 255U);
+}
+
+TEST_F(Modules, FileOf256CharactersIsTooLong) {
+    const Outcome skipped = {0, "[CONFACCESS_InitModule]192: snprintf_s\n" + Skipped(0)};
+    for (const std::size_t length : {250U, 255U}) {
+        const std::string head = "path = " + LongPathTo(directory_, length) + "\n";
+        EXPECT_EQ(InitLogged(2, OneModule("m", head + "cfg_filename = a.ini\n")), skipped);
+        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    }
+}
+
+TEST_F(Modules, ReleaseOfThemWritesNoRecordOfEachOne) {
+    ASSERT_EQ(Init(OneModule("m", "cfg_filename = a.ini\n")), (Outcome{0, ""}));
+    const LibraryThreshold all(0);
+    EXPECT_EQ(Observe([] { return ZV_CONFACCESS_Deinit("cfg"); }),
+              (Outcome{0, Deleted("cfg") +
+                              "[time][DEBUG][QXCONFACCE] ZV_CONFACCESS_Deinit:366 Now CfgList "
+                              "count[0]\n"}));
+}
+
+}  // namespace
+}  // namespace paramgen::testing

@@ -1,0 +1,472 @@
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <ostream>
+#include <string>
+
+#include "confaccess/confaccess.h"
+#include "support/temp_dir.h"
+#include "unit/confaccess/outcome.h"
+
+namespace paramgen::testing {
+namespace {
+
+constexpr char kModuleText[] =
+    "top = of no section\n"
+    "[Section]\n"
+    "Key = Value of Key\n"
+    "empty =\n"
+    "quoted = \"  two words \"\n"
+    "[num]\n"
+    "answer = 42\n"
+    "negative = -7\n"
+    "trailing = 12abc\n"
+    "hex = 0x10\n"
+    "octal = 010\n"
+    "max = 2147483647\n"
+    "min = -2147483648\n"
+    "above = 2147483648\n"
+    "below = -2147483649\n"
+    "huge = 99999999999\n"
+    "half = 0.5\n"
+    "hexhalf = 0x1p-1\n"
+    "overflow = 1e999\n"
+    "underflow = 1e-999\n"
+    "nan = -nan(7)\n"
+    "[a]\n"
+    "b = hidden\n"
+    "[a:b]\n";
+
+/// One configuration, "cfg", with one module, "mod".
+class Queries : public ::testing::Test {
+protected:
+    Queries() {
+        directory_.Write("mod.ini", kModuleText + LongKeyLines());
+        const std::string entry = directory_.Write(
+            "entry.ini",
+            "[module]\nmodule_num = 1\nmodule1 = mod\n[mod]\ncfg_filename = mod.ini\n");
+        EXPECT_EQ(ZV_CONFACCESS_Init("cfg", entry.c_str()), 0);
+        errno = 0;
+    }
+    ~Queries() override { EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0); }
+
+    static std::string LongKey(std::size_t length) {
+        return "long:" + std::string(length - 5, 'k');
+    }
+    static std::string LongKeyLines() {
+        return "[long]\n" + std::string(122, 'k') + " = 1\n" + std::string(123, 'k') + " = 1\n";
+    }
+
+    TempDir directory_;
+};
+
+/// Where the messages of a query's checks stand.
+struct CheckedQuery {
+    const char* function;
+    int lines[7];  ///< null cfgName, module, confItem, value; long cfgName, module, confItem
+    int errorCodeLine;
+    /// Calls the query; its out argument is null when `hasValue` is false.
+    Status (*call)(const char* cfgName, const char* module, const char* confItem, bool hasValue);
+};
+
+void PrintTo(const CheckedQuery& query, std::ostream* stream) {
+    *stream << query.function;
+}
+
+// Each call reports an out argument that is not as it was.
+constexpr Status kTouched = 77;
+
+Status CallGetString(const char* cfgName, const char* module, const char* confItem, bool hasValue) {
+    char sentinel = 's';
+    char* value = &sentinel;
+    const Status status =
+        ZV_CONFACCESS_GetString(cfgName, module, confItem, "default", hasValue ? &value : nullptr);
+    return value == &sentinel ? status : kTouched;
+}
+
+Status CallGetInt(const char* cfgName, const char* module, const char* confItem, bool hasValue) {
+    std::int32_t value = 4711;
+    const Status status =
+        ZV_CONFACCESS_GetInt(cfgName, module, confItem, 5, hasValue ? &value : nullptr);
+    return value == 4711 ? status : kTouched;
+}
+
+Status CallGetDouble(const char* cfgName, const char* module, const char* confItem, bool hasValue) {
+    double value = 47.11;
+    const Status status =
+        ZV_CONFACCESS_GetDouble(cfgName, module, confItem, 5, hasValue ? &value : nullptr);
+    return value == 47.11 ? status : kTouched;
+}
+
+Status CallGetBool(const char* cfgName, const char* module, const char* confItem, bool hasValue) {
+    std::int32_t value = 4711;
+    const Status status =
+        ZV_CONFACCESS_GetBool(cfgName, module, confItem, 1, hasValue ? &value : nullptr);
+    return value == 4711 ? status : kTouched;
+}
+
+constexpr CheckedQuery kCheckedQueries[] = {
+    {"ZV_CONFACCESS_GetString", {377, 378, 379, 380, 381, 383, 385}, 0, CallGetString},
+    {"ZV_CONFACCESS_GetInt", {424, 425, 426, 427, 428, 430, 432}, 437, CallGetInt},
+    {"ZV_CONFACCESS_GetDouble", {456, 457, 458, 459, 460, 462, 464}, 469, CallGetDouble},
+    {"ZV_CONFACCESS_GetBool", {484, 485, 486, 487, 488, 490, 492}, 497, CallGetBool}};
+
+std::string AtLine(const std::string& function, int line) {
+    return "func:" + function + ",line:" + std::to_string(line) + ",";
+}
+
+std::string IsNull(const std::string& function, int line, const std::string& argument) {
+    return AtLine(function, line) + "pointer[" + argument + "] is null\n";
+}
+
+std::string IsTooLong(const std::string& function, int line, const std::string& argument,
+                      const std::string& limit) {
+    return AtLine(function, line) + "expr[strnlen(" + argument + ", " + limit + ") < " + limit +
+           "] false\n";
+}
+
+class TypedQueries : public Queries, public ::testing::WithParamInterface<CheckedQuery> {
+protected:
+    static Outcome Call(const char* cfgName, const char* module, const char* confItem,
+                        bool hasValue = true) {
+        return Observe([&] { return GetParam().call(cfgName, module, confItem, hasValue); });
+    }
+
+    /// What a failure with `code` prints: the code's line, save for texts.
+    static Outcome Failure(std::uint32_t code) {
+        if (GetParam().errorCodeLine == 0) {
+            return {Code(code), ""};
+        }
+        char hex[16];
+        std::snprintf(hex, sizeof hex, "%08X", code);
+        return {Code(code), AtLine(GetParam().function, GetParam().errorCodeLine) +
+                                "Error Code: [0x" + hex + "]\n\n"};
+    }
+};
+
+TEST_P(TypedQueries, NullArgumentsAreToldInTheirOrder) {
+    const CheckedQuery& query = GetParam();
+    const Status bad = Code(0xA1418041U);
+    EXPECT_EQ(Call(nullptr, nullptr, nullptr, false),
+              (Outcome{bad, IsNull(query.function, query.lines[0], "cfgName")}));
+    EXPECT_EQ(Call("cfg", nullptr, nullptr, false),
+              (Outcome{bad, IsNull(query.function, query.lines[1], "module")}));
+    EXPECT_EQ(Call("cfg", "mod", nullptr, false),
+              (Outcome{bad, IsNull(query.function, query.lines[2], "confItem")}));
+    EXPECT_EQ(Call(std::string(128, 'c').c_str(), "mod", "s:k", false),
+              (Outcome{bad, IsNull(query.function, query.lines[3], "value")}));
+}
+
+TEST_P(TypedQueries, LongArgumentsAreToldInTheirOrder) {
+    const CheckedQuery& query = GetParam();
+    const Status bad = Code(0xA1418041U);
+    const std::string tooLong(128, 'x');
+    const char* kNameLimit = "QX_CONFACCESS_NAME_MAX_LEN";
+    EXPECT_EQ(Call(tooLong.c_str(), tooLong.c_str(), tooLong.c_str()),
+              (Outcome{bad, IsTooLong(query.function, query.lines[4], "cfgName", kNameLimit)}));
+    EXPECT_EQ(Call("cfg", tooLong.c_str(), tooLong.c_str()),
+              (Outcome{bad, IsTooLong(query.function, query.lines[5], "module", kNameLimit)}));
+    EXPECT_EQ(Call("cfg", "mod", tooLong.c_str()),
+              (Outcome{bad, IsTooLong(query.function, query.lines[6], "confItem",
+                                      "QX_CONFACCESS_KEY_MAX_LEN")}));
+}
+
+TEST_P(TypedQueries, KeyOf127CharactersIsTheLongest) {
+    EXPECT_EQ(Call("cfg", "mod", LongKey(127).c_str()), (Outcome{kTouched, ""}));
+    EXPECT_EQ(Call("cfg", "mod", LongKey(128).c_str()).status, Code(0xA1418041U));
+}
+
+TEST_P(TypedQueries, NamesOf127CharactersAreLookedFor) {
+    const std::string longest(127, 'x');
+    EXPECT_EQ(Call(longest.c_str(), "mod", "num:answer"), Failure(0xA1418045U));
+    EXPECT_EQ(Call("cfg", longest.c_str(), "num:answer"), Failure(0xA1418046U));
+}
+
+TEST_P(TypedQueries, UnknownConfigurationLeavesTheValueAlone) {
+    EXPECT_EQ(Call("other", "mod", "num:answer"), Failure(0xA1418045U));
+    EXPECT_EQ(Call("CFG", "mod", "num:answer"), Failure(0xA1418045U));
+}
+
+TEST_P(TypedQueries, UnknownModuleLeavesTheValueAlone) {
+    EXPECT_EQ(Call("cfg", "other", "num:answer"), Failure(0xA1418046U));
+    EXPECT_EQ(Call("cfg", "MOD", "num:answer"), Failure(0xA1418046U));
+}
+
+TEST_P(TypedQueries, PresentKeyStoresAndSaysNothing) {
+    EXPECT_EQ(Call("cfg", "mod", "num:answer"), (Outcome{kTouched, ""}));
+}
+
+TEST_P(TypedQueries, AbsentKeyStoresAndSaysNothing) {
+    EXPECT_EQ(Call("cfg", "mod", "num:missing"), (Outcome{kTouched, ""}));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TypedQueries, ::testing::ValuesIn(kCheckedQueries));
+
+TEST(QueriesOfNothing, FindNoConfiguration) {
+    EXPECT_EQ(CallGetString("cfg", "mod", "s:k", true), Code(0xA1418045U));
+    std::int32_t isExist = 4711;
+    EXPECT_EQ(ZV_CONFACCESS_IsMoudleExist("cfg", "mod", &isExist), 0);
+    EXPECT_EQ(isExist, 0);
+}
+
+/// The text of a key; "(null)" when the query stores null.
+std::string TextOf(const char* key, const char* defaultValue = nullptr) {
+    char* value = nullptr;
+    EXPECT_EQ(ZV_CONFACCESS_GetString("cfg", "mod", key, defaultValue, &value), 0);
+    const std::string text = value == nullptr ? "(null)" : value;
+    std::free(value);
+    return text;
+}
+
+TEST_F(Queries, TextIsACopyOfTheValue) {
+    EXPECT_EQ(TextOf("section:key"), "Value of Key");
+    EXPECT_EQ(TextOf("section:quoted"), "  two words ");
+    EXPECT_EQ(TextOf("section:empty", "default"), "");
+    EXPECT_EQ(TextOf(":top"), "of no section");
+}
+
+TEST_F(Queries, TextIsACopyOfTheDefault) {
+    const char kDefault[] = "default";
+    char* value = nullptr;
+    ASSERT_EQ(ZV_CONFACCESS_GetString("cfg", "mod", "section:no", kDefault, &value), 0);
+    EXPECT_STREQ(value, kDefault);
+    EXPECT_NE(value, kDefault);
+    std::free(value);
+    EXPECT_EQ(TextOf("section:no", ""), "");
+}
+
+TEST_F(Queries, TextIsNullWithoutValueAndDefault) {
+    EXPECT_EQ(TextOf("section:no"), "(null)");
+}
+
+TEST_F(Queries, KeysAreFoldedToLowerCase) {
+    EXPECT_EQ(TextOf("SECTION:KEY"), "Value of Key");
+    EXPECT_EQ(TextOf("sEcTiOn:kEy"), "Value of Key");
+    EXPECT_EQ(TextOf("section:key "), "(null)");
+    EXPECT_EQ(TextOf(" section:key"), "(null)");
+}
+
+TEST_F(Queries, SectionMarkerHasNoValueWhateverTheDefault) {
+    EXPECT_EQ(TextOf("section", "default"), "(null)");
+    EXPECT_EQ(TextOf("a:b", "default"), "(null)");
+    EXPECT_EQ(TextOf("none", "default"), "default");
+    EXPECT_EQ(TextOf("", "default"), "default");
+}
+
+std::int32_t IntegerOf(const char* key, std::int32_t defaultValue = 5) {
+    std::int32_t value = 4711;
+    EXPECT_EQ(ZV_CONFACCESS_GetInt("cfg", "mod", key, defaultValue, &value), 0) << key;
+    return value;
+}
+
+TEST_F(Queries, IntegersAreDecimal) {
+    EXPECT_EQ(IntegerOf("num:answer"), 42);
+    EXPECT_EQ(IntegerOf("num:negative"), -7);
+    EXPECT_EQ(IntegerOf("num:trailing"), 12);
+    EXPECT_EQ(IntegerOf("num:hex"), 0);
+    EXPECT_EQ(IntegerOf("num:octal"), 10);
+    EXPECT_EQ(IntegerOf("num:half"), 0);
+    EXPECT_EQ(IntegerOf("section:key"), 0);
+    EXPECT_EQ(IntegerOf("section:empty"), 0);
+}
+
+TEST_F(Queries, IntegerWithoutValueIsTheDefault) {
+    EXPECT_EQ(IntegerOf("num:no", -1), -1);
+    EXPECT_EQ(IntegerOf("num"), 5);
+    EXPECT_EQ(IntegerOf("a:b"), 5);
+    errno = ERANGE;
+    EXPECT_EQ(IntegerOf("num:no", 2147483647), 2147483647);
+}
+
+TEST_F(Queries, IntegersBeyondTheLimitsAreRefused) {
+    for (const char* key : {"num:above", "num:below", "num:huge", "num:max"}) {
+        // The last one is refused because of what the ones before left in errno.
+        EXPECT_EQ(Observe([&] { return CallGetInt("cfg", "mod", key, true); }),
+                  (Outcome{-1,
+                           "[time][ERR][QXCONFACCE] ZV_CONFACCESS_GetInt:444 config value is out "
+                           "of range\n"}))
+            << key;
+    }
+}
+
+TEST_F(Queries, IntegersAtTheLimitsAreTakenUnlessErrnoHeldERANGE) {
+    EXPECT_EQ(IntegerOf("num:max"), 2147483647);
+    EXPECT_EQ(IntegerOf("num:min"), -2147483647 - 1);
+    errno = ERANGE;
+    EXPECT_EQ(CallGetInt("cfg", "mod", "num:max", true), -1);
+    EXPECT_EQ(CallGetInt("cfg", "mod", "num:min", true), -1);
+    EXPECT_EQ(errno, ERANGE);
+    EXPECT_EQ(IntegerOf("num:answer"), 42);
+    EXPECT_EQ(errno, ERANGE);
+}
+
+TEST_F(Queries, TextWithoutDigitsTakesERANGEAway) {
+    errno = ERANGE;
+    EXPECT_EQ(IntegerOf("section:key"), 0);
+    EXPECT_EQ(errno, EINVAL);
+    EXPECT_EQ(IntegerOf("num:max"), 2147483647);
+}
+
+double NumberOf(const char* key) {
+    double value = 47.11;
+    EXPECT_EQ(ZV_CONFACCESS_GetDouble("cfg", "mod", key, 2.5, &value), 0) << key;
+    return value;
+}
+
+TEST_F(Queries, FloatingPointIsDecimalOrHexadecimal) {
+    EXPECT_EQ(NumberOf("num:half"), 0.5);
+    EXPECT_EQ(NumberOf("num:hexhalf"), 0.5);
+    EXPECT_EQ(NumberOf("num:hex"), 16.0);
+    EXPECT_EQ(NumberOf("num:negative"), -7.0);
+    EXPECT_EQ(NumberOf("num:trailing"), 12.0);
+    EXPECT_EQ(NumberOf("section:key"), 0.0);
+    EXPECT_EQ(NumberOf("section:empty"), 0.0);
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(NumberOf("num:nan")), 0x7FF8000000000000U);
+}
+
+TEST_F(Queries, FloatingPointWithoutValueIsTheDefault) {
+    EXPECT_EQ(NumberOf("num:no"), 2.5);
+    EXPECT_EQ(NumberOf("num"), 2.5);
+}
+
+TEST_F(Queries, FloatingPointHasNoLimitsButLeavesERANGEBehind) {
+    for (const char* key : {"num:overflow", "num:underflow"}) {
+        errno = 0;
+        EXPECT_EQ(Observe([&] { return CallGetDouble("cfg", "mod", key, true); }),
+                  (Outcome{kTouched, ""}));
+        EXPECT_EQ(CallGetInt("cfg", "mod", "num:max", true), -1);
+    }
+}
+
+TEST_F(Queries, BooleansAreToldByTheirFirstCharacter) {
+    const std::pair<const char*, std::int32_t> kValues[] = {
+        {"1", 1}, {"y", 1},  {"Y", 1},   {"t", 1},  {"T", 1}, {"yes", 1},  {"True", 1},  {"10", 1},
+        {"0", 0}, {"n", 0},  {"N", 0},   {"f", 0},  {"F", 0}, {"no", 0},   {"false", 0}, {"01", 0},
+        {"2", 7}, {"On", 7}, {"Off", 7}, {"-1", 7}, {"", 7},  {"' 1'", 7}, {"\"1\"", 1}, {"x", 7}};
+    std::string lines = "[b]\n";
+    for (std::size_t number = 0; number < std::size(kValues); ++number) {
+        lines += "k" + std::to_string(number) + " = " + kValues[number].first + "\n";
+    }
+    directory_.Write("bool.ini", lines);
+    const std::string entry = directory_.Write(
+        "bool_entry.ini", "[module]\nmodule_num = 1\nmodule1 = b\n[b]\ncfg_filename = bool.ini\n");
+    ASSERT_EQ(ZV_CONFACCESS_Init("bool", entry.c_str()), 0);
+    for (std::size_t number = 0; number < std::size(kValues); ++number) {
+        std::int32_t value = 4711;
+        const std::string key = "b:k" + std::to_string(number);
+        EXPECT_EQ(ZV_CONFACCESS_GetBool("bool", "b", key.c_str(), 7, &value), 0);
+        EXPECT_EQ(value, kValues[number].second) << '"' << kValues[number].first << '"';
+    }
+    EXPECT_EQ(ZV_CONFACCESS_Deinit("bool"), 0);
+}
+
+TEST_F(Queries, BooleanWithoutValueIsTheDefaultAsItIs) {
+    std::int32_t value = 0;
+    EXPECT_EQ(ZV_CONFACCESS_GetBool("cfg", "mod", "num:no", -9, &value), 0);
+    EXPECT_EQ(value, -9);
+    EXPECT_EQ(ZV_CONFACCESS_GetBool("cfg", "mod", "section", 3, &value), 0);
+    EXPECT_EQ(value, 3);
+}
+
+Outcome ModuleExists(const char* cfgName, const char* module, std::int32_t* isExist) {
+    return Observe([&] { return ZV_CONFACCESS_IsMoudleExist(cfgName, module, isExist); });
+}
+
+TEST_F(Queries, ModuleExistenceIsNeverAnError) {
+    std::int32_t isExist = 4711;
+    EXPECT_EQ(ModuleExists("cfg", "mod", &isExist), (Outcome{0, ""}));
+    EXPECT_EQ(isExist, 1);
+    EXPECT_EQ(ModuleExists("cfg", "other", &isExist), (Outcome{0, ""}));
+    EXPECT_EQ(isExist, 0);
+    isExist = 4711;
+    EXPECT_EQ(ModuleExists("other", "mod", &isExist), (Outcome{0, ""}));
+    EXPECT_EQ(isExist, 0);
+    EXPECT_EQ(ModuleExists("cfg", "MOD", &isExist), (Outcome{0, ""}));
+    EXPECT_EQ(isExist, 0);
+}
+
+TEST_F(Queries, ModuleExistenceChecksItsArguments) {
+    const char* function = "ZV_CONFACCESS_IsMoudleExist";
+    const char* limit = "QX_CONFACCESS_NAME_MAX_LEN";
+    const Status bad = Code(0xA1418041U);
+    const std::string tooLong(128, 'x');
+    std::int32_t isExist = 4711;
+    EXPECT_EQ(ModuleExists(nullptr, nullptr, nullptr),
+              (Outcome{bad, IsNull(function, 578, "cfgName")}));
+    EXPECT_EQ(ModuleExists("cfg", nullptr, nullptr),
+              (Outcome{bad, IsNull(function, 579, "module")}));
+    EXPECT_EQ(ModuleExists(tooLong.c_str(), "mod", nullptr),
+              (Outcome{bad, IsNull(function, 580, "isExist")}));
+    EXPECT_EQ(ModuleExists(tooLong.c_str(), tooLong.c_str(), &isExist),
+              (Outcome{bad, IsTooLong(function, 581, "cfgName", limit)}));
+    EXPECT_EQ(ModuleExists("cfg", tooLong.c_str(), &isExist),
+              (Outcome{bad, IsTooLong(function, 583, "module", limit)}));
+    EXPECT_EQ(isExist, 4711);
+}
+
+Outcome KeyExists(const char* cfgName, const char* module, const char* key, std::int32_t* isExist) {
+    return Observe([&] { return ZV_CONFACCESS_IsConfItemExist(cfgName, module, key, isExist); });
+}
+
+TEST_F(Queries, KeyExistsWhenItHasAValue) {
+    const std::pair<const char*, std::int32_t> kKeys[] = {{"section:key", 1},
+                                                          {"Section:KEY", 1},
+                                                          {"section:empty", 1},
+                                                          {"section:no", 0},
+                                                          {"section", 0},
+                                                          {"a:b", 0},
+                                                          {"", 0}};
+    for (const auto& [key, exists] : kKeys) {
+        std::int32_t isExist = 4711;
+        EXPECT_EQ(KeyExists("cfg", "mod", key, &isExist), (Outcome{0, ""}));
+        EXPECT_EQ(isExist, exists) << key;
+    }
+}
+
+TEST_F(Queries, KeyExistenceChecksItsArguments) {
+    const char* function = "ZV_CONFACCESS_IsConfItemExist";
+    const Status bad = Code(0xA1418041U);
+    const std::string tooLong(128, 'x');
+    EXPECT_EQ(KeyExists(nullptr, nullptr, nullptr, nullptr),
+              (Outcome{bad, IsNull(function, 623, "cfgName")}));
+    EXPECT_EQ(KeyExists("cfg", nullptr, nullptr, nullptr),
+              (Outcome{bad, IsNull(function, 624, "module")}));
+    EXPECT_EQ(KeyExists("cfg", "mod", nullptr, nullptr),
+              (Outcome{bad, IsNull(function, 625, "confItem")}));
+    EXPECT_EQ(KeyExists("cfg", "mod", tooLong.c_str(), nullptr),
+              (Outcome{bad, IsNull(function, 626, "isExist")}));
+}
+
+TEST_F(Queries, KeyExistenceLeavesLengthsToTheTextQuery) {
+    const std::string inner = "ZV_CONFACCESS_GetString";
+    const std::string code =
+        "func:ZV_CONFACCESS_IsConfItemExist,line:630,Error Code: [0xA1418041]\n\n";
+    const Status bad = Code(0xA1418041U);
+    const std::string tooLong(128, 'x');
+    std::int32_t isExist = 4711;
+    EXPECT_EQ(
+        KeyExists(tooLong.c_str(), "mod", "s:k", &isExist),
+        (Outcome{bad, IsTooLong(inner, 381, "cfgName", "QX_CONFACCESS_NAME_MAX_LEN") + code}));
+    EXPECT_EQ(KeyExists("cfg", tooLong.c_str(), "s:k", &isExist),
+              (Outcome{bad, IsTooLong(inner, 383, "module", "QX_CONFACCESS_NAME_MAX_LEN") + code}));
+    EXPECT_EQ(
+        KeyExists("cfg", "mod", tooLong.c_str(), &isExist),
+        (Outcome{bad, IsTooLong(inner, 385, "confItem", "QX_CONFACCESS_KEY_MAX_LEN") + code}));
+    EXPECT_EQ(isExist, 4711);
+}
+
+TEST_F(Queries, KeyExistenceFailsWhereThereIsNoModule) {
+    const std::string head = "func:ZV_CONFACCESS_IsConfItemExist,line:630,Error Code: ";
+    std::int32_t isExist = 4711;
+    EXPECT_EQ(KeyExists("other", "mod", "s:k", &isExist),
+              (Outcome{Code(0xA1418045U), head + "[0xA1418045]\n\n"}));
+    EXPECT_EQ(KeyExists("cfg", "other", "s:k", &isExist),
+              (Outcome{Code(0xA1418046U), head + "[0xA1418046]\n\n"}));
+    EXPECT_EQ(isExist, 4711);
+}
+
+}  // namespace
+}  // namespace paramgen::testing
