@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdio>
 
+#include "log/own_message.h"
 #include "log/save_file.h"
 #include "log/wall_clock.h"
 #include "safestr/safestr.h"
@@ -20,17 +21,23 @@ constexpr char kUnknownLevel[kLevelNameSize] = "UKNOW";
 
 std::atomic<std::int32_t> g_threshold = kLibraryErr;
 
-void PrintOwn(const char* function, int line, const char* text) {
-    std::printf("[%s]%d: %s\n", function, line, text);
-}
-
 std::int32_t LOG_FillLevelInfo(std::int32_t level, char (&name)[kLevelNameSize]) {
     const bool known = level >= kLibraryDebug && level <= kLibraryFatal;
     if (memcpy_s(name, sizeof name, known ? kLevelNames[level] : kUnknownLevel, sizeof name) != 0) {
-        PrintOwn(__func__, 406, "memcpy_s failed\n");
+        PrintOwnMessage(__func__, 406, "memcpy_s failed\n");
         return -1;
     }
     return 0;
+}
+
+/// Starts a record with everything that stands before its message. Returns the number of
+/// characters, or -1 when they do not fit.
+int FormatPrefix(char (&record)[kRecordSize], const char* levelName, const char* module,
+                 const char* function, std::int32_t line) {
+    const WallClock now = ReadWallClock();
+    return snprintf_s(record, sizeof record, kRecordMax, "[%02d:%02d:%02d:%04lld][%s][%s] %s:%d ",
+                      now.hour, now.minute, now.second, now.millisecond, levelName, module,
+                      function, line);
 }
 
 }  // namespace
@@ -49,16 +56,13 @@ std::int32_t ZV_LOG_PrintfInfo(const char* module, std::int32_t level, const cha
     }
     char levelName[kLevelNameSize];
     if (LOG_FillLevelInfo(level, levelName) != 0) {
-        PrintOwn(__func__, 425, "log filllevelinfo failed\n");
+        PrintOwnMessage(__func__, 425, "log filllevelinfo failed\n");
         return -1;
     }
-    const WallClock now = ReadWallClock();
     char record[kRecordSize];
-    const int prefix = snprintf_s(record, sizeof record, kRecordMax,
-                                  "[%02d:%02d:%02d:%04lld][%s][%s] %s:%d ", now.hour, now.minute,
-                                  now.second, now.millisecond, levelName, module, function, line);
+    const int prefix = FormatPrefix(record, levelName, module, function, line);
     if (prefix == -1) {
-        PrintOwn(__func__, 434, "snprintf_s failed");
+        PrintOwnMessage(__func__, 434, "snprintf_s failed");
         return -1;
     }
     // The message and its terminator share what the prefix leaves of the record's characters.

@@ -6,12 +6,14 @@
 #include <atomic>
 #include <cstdio>
 
+#include "log/own_message.h"
 #include "safestr/safestr.h"
 
 namespace paramgen {
 namespace {
 
 constexpr std::size_t kPathSize = 4096;
+constexpr std::int64_t kPositionMax = 0x7FFFFFFF;  // the target's positions have 32 bits
 
 /// One of the two save files.
 struct SaveFile {
@@ -24,7 +26,7 @@ struct SaveFile {
 struct SavePath {
     pthread_mutex_t lock;
     std::atomic<bool> enabled;  ///< changed under the lock, asked for without
-    std::uint32_t sizeLimit;    ///< set when the save path is opened
+    std::uint32_t sizeLimit;    ///< in bytes, of either file
     SaveFile* current;          ///< the file written last
     SaveFile first;
     SaveFile second;
@@ -33,7 +35,7 @@ struct SavePath {
 
 SavePath g_save = {.lock = PTHREAD_MUTEX_INITIALIZER,
                    .enabled = false,
-                   .sizeLimit = 0,
+                   .sizeLimit = kSaveFileSizeLimit,
                    .current = nullptr,
                    .first = {},
                    .second = {},
@@ -44,10 +46,6 @@ struct Record {
     const char* text;
     std::size_t length;
 };
-
-void PrintOwn(const char* function, int line, const char* text) {
-    std::printf("[%s]%d: %s\n", function, line, text);
-}
 
 void Lock() {
     if (pthread_mutex_lock(&g_save.lock) != 0) {
@@ -74,38 +72,23 @@ bool WriteWhole(const SaveFile& file, const Record& record) {
            std::fwrite(record.text, 1, record.length, file.handle) == record.length;
 }
 
-/// Measures an open file by seeking to its end.
-std::int32_t LOG_CheckFileSize(std::FILE* handle, std::uint32_t* size) {
-    if (handle == nullptr) {
-        PrintOwn(__func__, 67, "fp is null");
-        return kSaveNoSize;
-    }
-    const long position = std::fseek(handle, 0, SEEK_END) == 0 ? std::ftell(handle) : -1;
-    if (position < 0) {
-        std::puts("ftell failed");
-        return kSaveNoSize;
-    }
-    *size = static_cast<std::uint32_t>(position);
-    return 0;
-}
-
 /// Starts a file afresh, with the record as all it holds.
 std::int32_t LOG_ReOpen(SaveFile* file, const Record& record) {
     if (!CloseStream(file)) {
-        PrintOwn(__func__, 262, "close file failed");
+        PrintOwnMessage(__func__, 262, "close file failed");
         return kSaveNotWritten;
     }
     file->handle = std::fopen(file->path, "w+");
     if (file->handle == nullptr) {
-        PrintOwn(__func__, 265, "open file failed");
+        PrintOwnMessage(__func__, 265, "open file failed");
         return kSaveNotOpened;
     }
     if (!WriteWhole(*file, record)) {
-        PrintOwn(__func__, 268, "fwrite filed");
+        PrintOwnMessage(__func__, 268, "fwrite filed");
         return kSaveNotWritten;
     }
     if (std::fflush(file->handle) != 0) {
-        PrintOwn(__func__, 271, "fflush filed");
+        PrintOwnMessage(__func__, 271, "fflush filed");
         return kSaveNotWritten;
     }
     g_save.current = file;
@@ -119,14 +102,14 @@ std::int32_t LOG_WriteLog(SaveFile* file, const Record& record) {
         std::printf("[%s]%d: (%s) is delete \n", __func__, 292, file->path);
         const std::int32_t result = LOG_ReOpen(file, record);
         if (result != 0) {
-            PrintOwn(__func__, 294, "reopen filed");
+            PrintOwnMessage(__func__, 294, "reopen filed");
         }
         return result;
     }
     if (status.st_size == 0) {
         const std::int32_t result = LOG_ReOpen(file, record);
         if (result != 0) {
-            PrintOwn(__func__, 306, "reopen filed");
+            PrintOwnMessage(__func__, 306, "reopen filed");
         }
         return result;
     }
@@ -134,7 +117,7 @@ std::int32_t LOG_WriteLog(SaveFile* file, const Record& record) {
         return kSaveFull;
     }
     if (!WriteWhole(*file, record)) {
-        PrintOwn(__func__, 316, "fwrite filed");
+        PrintOwnMessage(__func__, 316, "fwrite filed");
         return kSaveNotWritten;
     }
     file->bytes += static_cast<std::uint32_t>(record.length);
@@ -142,21 +125,26 @@ std::int32_t LOG_WriteLog(SaveFile* file, const Record& record) {
     return 0;
 }
 
-/// Opens the second file to continue it.
-std::int32_t OpenSecond() {
-    SaveFile* second = &g_save.second;
-    second->handle = std::fopen(second->path, "a");
-    if (second->handle == nullptr) {
-        std::perror("open file failed:\n");
+/// Opens a file to append to what it holds. When it cannot be measured it is closed again.
+std::int32_t OpenToContinue(SaveFile* file) {
+    file->handle = std::fopen(file->path, "a");
+    if (file->handle == nullptr) {
         return kSaveNotOpened;
     }
-    const std::int32_t result = LOG_CheckFileSize(second->handle, &second->bytes);
+    const std::int32_t result = LOG_CheckFileSize(file->handle, &file->bytes);
     if (result != 0) {
-        CloseStream(second);
-        return result;
+        CloseStream(file);
     }
-    ++g_save.secondOpenCount;
-    return 0;
+    return result;
+}
+
+std::int32_t OpenSecond() {
+    const std::int32_t result = OpenToContinue(&g_save.second);
+    if (result == kSaveNotOpened) {
+        std::perror("open file failed:\n");
+    }
+    g_save.secondOpenCount += result == 0 ? 1 : 0;
+    return result;
 }
 
 /// Writes the record to the file whose turn it is; called under the lock.
@@ -181,59 +169,78 @@ std::int32_t WriteInTurn(const Record& record) {
     return LOG_ReOpen(secondWasInUse ? &g_save.first : &g_save.second, record);
 }
 
-}  // namespace
-
-bool ZV_LOG_IsSaveOpen() {
-    return g_save.enabled.load(std::memory_order_relaxed);
-}
-
-void ZV_LOG_CloseSave() {
-    Lock();
+/// Closes both files and turns the save path off; called under the lock.
+void CloseFiles() {
     CloseStream(&g_save.first);
     g_save.first.bytes = 0;
     g_save.enabled.store(false, std::memory_order_relaxed);
     CloseStream(&g_save.second);
     g_save.second.bytes = 0;
     g_save.secondOpenCount = 0;
-    Unlock();
+}
+
+/// Names both files and opens the first to continue it; called under the lock.
+std::int32_t OpenFirst(const char* directory) {
+    SaveFile* first = &g_save.first;
+    if (directory == nullptr ||
+        sprintf_s(first->path, kPathSize, "%s/Q2VkYXJMb2dzVoLog1", directory) == -1 ||
+        sprintf_s(g_save.second.path, kPathSize, "%s/Q2VkYXJMb2dzVoLog2", directory) == -1) {
+        return -1;
+    }
+    const std::int32_t result = OpenToContinue(first);
+    if (result == 0) {
+        g_save.current = first;
+    }
+    return result;
+}
+
+}  // namespace
+
+bool ZV_LOG_IsSaveOpen() {
+    return g_save.enabled.load(std::memory_order_relaxed);
+}
+
+std::int32_t LOG_CheckFileSize(std::FILE* handle, std::uint32_t* size) {
+    if (handle == nullptr) {
+        PrintOwnMessage(__func__, 67, "fp is null");
+        return kSaveNoSize;
+    }
+    const std::int64_t position = std::fseek(handle, 0, SEEK_END) == 0 ? std::ftell(handle) : -1;
+    if (position < 0 || position > kPositionMax) {
+        std::puts("ftell failed");
+        return kSaveNoSize;
+    }
+    *size = static_cast<std::uint32_t>(position);
+    return 0;
 }
 
 std::int32_t ZV_LOG_OpenSave(const char* directory, std::uint32_t sizeLimit) {
-    if (directory == nullptr) {
-        return -1;
-    }
-    ZV_LOG_CloseSave();
     Lock();
-    SaveFile* first = &g_save.first;
-    std::int32_t result = 0;
-    if (sprintf_s(first->path, kPathSize, "%s/Q2VkYXJMb2dzVoLog1", directory) == -1 ||
-        sprintf_s(g_save.second.path, kPathSize, "%s/Q2VkYXJMb2dzVoLog2", directory) == -1) {
-        result = -1;
-    } else {
-        first->handle = std::fopen(first->path, "a");
-        result = first->handle == nullptr ? kSaveNotOpened
-                                          : LOG_CheckFileSize(first->handle, &first->bytes);
-    }
+    CloseFiles();
+    const std::int32_t result = OpenFirst(directory);
     if (result == 0) {
-        g_save.current = first;
         g_save.sizeLimit = sizeLimit;
         g_save.enabled.store(true, std::memory_order_relaxed);
-    } else {
-        CloseStream(first);
     }
     Unlock();
     return result;
 }
 
+void ZV_LOG_CloseSave() {
+    Lock();
+    CloseFiles();
+    Unlock();
+}
+
 void LOG_SaveLog(const char* record, std::size_t length) {
     if (length == 0) {
-        PrintOwn(__func__, 329, "bufSize is zero");
+        PrintOwnMessage(__func__, 329, "bufSize is zero");
         ZV_LOG_CloseSave();
         return;
     }
     Lock();
     if (g_save.first.handle == nullptr) {
-        PrintOwn(__func__, 332, "log1 not open");
+        PrintOwnMessage(__func__, 332, "log1 not open");
     }
     const std::int32_t result = WriteInTurn({.text = record, .length = length});
     Unlock();

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
 namespace paramgen {
 
@@ -20,7 +21,7 @@ constexpr std::int32_t kSaveNotWritten = static_cast<std::int32_t>(0xA11F8043U);
 /// Opens the save path on two files in `directory`, which must exist, and turns it on. The first
 /// file is continued; no file grows past `sizeLimit` bytes.
 /// Returns 0; -1 when `directory` is null or too long; `kSaveNotOpened` or `kSaveNoSize` when the
-/// first file cannot be opened or measured. An open save path is closed first.
+/// first file cannot be opened or measured. An open save path is closed first, in every case.
 std::int32_t ZV_LOG_OpenSave(const char* directory, std::uint32_t sizeLimit = kSaveFileSizeLimit);
 
 /// Closes the save path, if it is open: both files, and the switch.
@@ -32,5 +33,9 @@ bool ZV_LOG_IsSaveOpen();
 /// Appends one record of `length` bytes to the file whose turn it is. A failure closes the save
 /// path.
 void LOG_SaveLog(const char* record, std::size_t length);
+
+/// Measures an open file by seeking to its end, where it stays. Returns 0, or `kSaveNoSize` when
+/// there is no file, its position cannot be read or it does not fit 31 bits.
+std::int32_t LOG_CheckFileSize(std::FILE* handle, std::uint32_t* size);
 
 }  // namespace paramgen

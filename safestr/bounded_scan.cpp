@@ -11,6 +11,9 @@
 namespace paramgen {
 namespace {
 
+constexpr std::size_t kBodyMax = 280;  // width, length and a scan set that names every byte
+constexpr std::size_t kFormatSize = kBodyMax + sizeof "%*%n";
+
 /// One conversion of a format: what stands between its '%' (or "%*") and its end.
 struct Conversion {
     const char* body;  ///< width, length, conversion character and, for '[', the scan set
@@ -19,7 +22,14 @@ struct Conversion {
     bool suppressed;   ///< "%*…": scanned, not stored
 };
 
-constexpr int kBodyMax = 280;  // width, length and a scan set that names every byte
+/// Where a conversion is stored.
+struct Destination {
+    void* address;
+    std::size_t capacity;  ///< in characters; 0 for numbers
+};
+
+/// How one step of a scan went.
+enum class Outcome { kMatched, kMismatch, kTextEnded, kBad };
 
 bool IsSpace(char c) {
     return std::isspace(static_cast<unsigned char>(c)) != 0;
@@ -34,6 +44,14 @@ const char* SkipSpace(const char* text) {
 
 bool StoresText(char kind) {
     return kind == 's' || kind == '[' || kind == 'c';
+}
+
+/// The number of characters of the length at the start of `format`: hh, h, l, ll, z or none.
+std::size_t LengthLetters(const char* format) {
+    if (std::strncmp(format, "hh", 2) == 0 || std::strncmp(format, "ll", 2) == 0) {
+        return 2;
+    }
+    return std::strspn(format, "hlz") == 0 ? 0 : 1;
 }
 
 /// The end of the scan set that follows a '[', or null when it is not closed. A ']' that comes
@@ -51,81 +69,115 @@ const char* ParseConversion(const char* format, Conversion* conversion) {
     format += conversion->suppressed ? 1 : 0;
     conversion->body = format;
     format += std::strspn(format, "0123456789");
-    const std::size_t lengthLetters = std::strspn(format, "hlz");
-    format += lengthLetters;
-    conversion->kind = *format;
-    if (*format == '\0' || std::strchr("diouxXaefgs[c", *format) == nullptr ||
-        (lengthLetters != 0 && StoresText(*format))) {
+    const std::size_t letters = LengthLetters(format);
+    const char kind = format[letters];
+    conversion->kind = kind;
+    if (kind == '\0' || std::strchr("diouxXaefgs[c", kind) == nullptr ||
+        (letters != 0 && StoresText(kind))) {
         return nullptr;
     }
-    ++format;
-    if (conversion->kind == '[') {
-        format = EndOfScanSet(format);
-    }
-    if (format == nullptr || format - conversion->body > kBodyMax) {
+    format += letters + 1;
+    const char* end = kind == '[' ? EndOfScanSet(format) : format;
+    if (end == nullptr || static_cast<std::size_t>(end - conversion->body) > kBodyMax) {
         return nullptr;
     }
-    conversion->bodyLength = static_cast<int>(format - conversion->body);
-    return format;
+    conversion->bodyLength = static_cast<int>(end - conversion->body);
+    return end;
 }
 
-/// How many characters of `text` the conversion takes, leading white space included; -1 when the
-/// text does not match.
-int Measure(const char* text, const Conversion& conversion) {
-    char format[kBodyMax + 8];
-    int taken = -1;
+/// Takes the destination of a conversion from the arguments. False when there is none.
+bool TakeDestination(char kind, std::va_list* args, Destination* dest) {
+    dest->address = va_arg(*args, void*);
+    if (!StoresText(kind)) {
+        return dest->address != nullptr;
+    }
+    dest->capacity = va_arg(*args, std::size_t);
+    return dest->address != nullptr && dest->capacity != 0;
+}
+
+/// Finds how many characters of `text` the conversion takes, leading white space included.
+Outcome Measure(const char* text, const Conversion& conversion, int* taken) {
+    char format[kFormatSize];
     sprintf_s(format, sizeof format, "%%*%.*s%%n", conversion.bodyLength, conversion.body);
-    std::sscanf(text, format, &taken);
-    return taken;
+    *taken = -1;
+    const int result = std::sscanf(text, format, taken);
+    if (*taken >= 0) {
+        return Outcome::kMatched;
+    }
+    return result == EOF ? Outcome::kTextEnded : Outcome::kMismatch;
 }
 
 void StoreNumber(const char* text, const Conversion& conversion, void* dest) {
-    char format[kBodyMax + 8];
+    char format[kFormatSize];
     sprintf_s(format, sizeof format, "%%%.*s", conversion.bodyLength, conversion.body);
     std::sscanf(text, format, dest);
 }
 
-/// Stores the characters [begin, end) in `dest`; false when they do not fit.
-bool StoreText(const char* begin, const char* end, char kind, char* dest, std::size_t capacity) {
+/// Stores the characters [begin, end), and for %s and %[ a terminator. False when they do not fit.
+bool StoreText(const char* begin, const char* end, char kind, const Destination& dest) {
+    char* address = static_cast<char*>(dest.address);
     const std::size_t length = static_cast<std::size_t>(end - begin);
     const std::size_t terminator = kind == 'c' ? 0 : 1;
-    if (length + terminator > capacity) {
+    if (length + terminator > dest.capacity) {
+        address[0] = '\0';
         return false;
     }
-    std::memcpy(dest, begin, length);
+    std::memcpy(address, begin, length);
     if (terminator != 0) {
-        dest[length] = '\0';
+        address[length] = '\0';
     }
     return true;
 }
 
-/// Matches one white space, plain character or "%%" of the format, and moves both on. False when
-/// the text differs.
-bool MatchPlain(const char** format, const char** text) {
+/// Carries out one conversion and moves `text` past what it took.
+Outcome Convert(const Conversion& conversion, const char** text, std::va_list* args) {
+    Destination dest = {};
+    if (!conversion.suppressed && !TakeDestination(conversion.kind, args, &dest)) {
+        return Outcome::kBad;
+    }
+    int taken = 0;
+    const Outcome outcome = Measure(*text, conversion, &taken);
+    if (outcome != Outcome::kMatched) {
+        return outcome;
+    }
+    const char* begin = conversion.kind == 's' ? SkipSpace(*text) : *text;
+    const char* end = *text + taken;
+    *text = end;
+    if (conversion.suppressed) {
+        return Outcome::kMatched;
+    }
+    if (StoresText(conversion.kind)) {
+        return StoreText(begin, end, conversion.kind, dest) ? Outcome::kMatched : Outcome::kBad;
+    }
+    StoreNumber(begin, conversion, dest.address);
+    return Outcome::kMatched;
+}
+
+/// Matches one white space, plain character or "%%" of the format, and moves both past it.
+Outcome MatchPlain(const char** format, const char** text) {
     if (IsSpace(**format)) {
         *text = SkipSpace(*text);
         ++*format;
-        return true;
+        return Outcome::kMatched;
     }
     if (**format == '%') {
         *text = SkipSpace(*text);
         ++*format;
     }
     if (**text != **format) {
-        return false;
+        return **text == '\0' ? Outcome::kTextEnded : Outcome::kMismatch;
     }
     ++*text;
     ++*format;
-    return true;
+    return Outcome::kMatched;
 }
 
 int Scan(const char* text, const char* format, std::va_list* args) {
     int stored = 0;
-    while (*format != '\0') {
+    Outcome outcome = Outcome::kMatched;
+    while (*format != '\0' && outcome == Outcome::kMatched) {
         if (*format != '%' || format[1] == '%') {
-            if (!MatchPlain(&format, &text)) {
-                return stored == 0 && *text == '\0' ? -1 : stored;
-            }
+            outcome = MatchPlain(&format, &text);
             continue;
         }
         Conversion conversion;
@@ -133,32 +185,11 @@ int Scan(const char* text, const char* format, std::va_list* args) {
         if (format == nullptr) {
             return -1;
         }
-        void* dest = conversion.suppressed ? nullptr : va_arg(*args, void*);
-        std::size_t capacity = 0;
-        if (!conversion.suppressed && StoresText(conversion.kind)) {
-            capacity = va_arg(*args, std::size_t);
-            if (dest == nullptr || capacity == 0) {
-                return -1;
-            }
-            *static_cast<char*>(dest) = '\0';
-        }
-        const int taken = Measure(text, conversion);
-        if (taken < 0 || (!conversion.suppressed && dest == nullptr)) {
-            return taken < 0 && (stored != 0 || *SkipSpace(text) != '\0') ? stored : -1;
-        }
-        if (capacity != 0) {
-            const char* begin = conversion.kind == 's' ? SkipSpace(text) : text;
-            if (!StoreText(begin, text + taken, conversion.kind, static_cast<char*>(dest),
-                           capacity)) {
-                return -1;
-            }
-        } else if (dest != nullptr) {
-            StoreNumber(text, conversion, dest);
-        }
-        stored += conversion.suppressed ? 0 : 1;
-        text += taken;
+        outcome = Convert(conversion, &text, args);
+        stored += outcome == Outcome::kMatched && !conversion.suppressed ? 1 : 0;
     }
-    return stored;
+    const bool nothing = outcome == Outcome::kTextEnded && stored == 0;
+    return outcome == Outcome::kBad || nothing ? -1 : stored;
 }
 
 }  // namespace

@@ -35,10 +35,10 @@ int memmove_s(void* dest, std::size_t destMax, const void* src, std::size_t coun
 
 /// Scans `text` as libc's sscanf does, but each destination of %s, %[ and %c is followed by one
 /// more argument, its capacity as a `std::size_t`. Returns the number of fields stored (a field of
-/// suppressed assignment is not stored), or -1 when an argument is bad, the format holds something
-/// that is no conversion, the text ends before the first conversion, or a string does not fit its
-/// destination; that destination then holds the empty string. Conversions: d i o u x X a e f g
-/// s [ c and %%, with widths and, for numbers, the lengths hh h l ll z.
+/// suppressed assignment is not stored), or -1 when an argument is bad, the scan comes to something
+/// in the format that is no conversion, the text ends before a field was stored, or a string does
+/// not fit its destination, which then holds the empty string. Conversions: d i o u x X a e f g s
+/// [ c and %%, with widths and, for integers, the lengths hh h l ll z, for floats l.
 int sscanf_s(const char* text, const char* format, ...);
 
 }  // namespace paramgen

@@ -1,0 +1,142 @@
+#include "log/console_log.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <string>
+
+#include "support/captured_output.h"
+
+namespace paramgen::testing {
+namespace {
+
+// Without the format's check at compile time: for formats that are null or empty on purpose.
+void (*volatile g_print)(std::uint32_t, const char*, const char*, std::uint32_t, const char*,
+                         ...) = ConsoleLogPrint;
+
+/// What a record of each level prints, in order, as one digit for each that does.
+std::string LevelsPrinted() {
+    return CaptureStdout([] {
+        for (std::uint32_t level = 0; level <= 7; ++level) {
+            // The prefix is the same but for the level: keep the message's digit and a line end.
+            ConsoleLogPrint(level, "M", "F", 1, "%u\n", level);
+        }
+    });
+}
+
+std::string DigitsOf(const std::string& output) {
+    return std::regex_replace(output, std::regex("[^\n]*:([0-7])\n"), "$1");
+}
+
+std::string PrintAt(std::uint32_t level) {
+    return CaptureStdout([&] { ConsoleLogPrint(level, "PARAM", "Func", 42, "text\n"); });
+}
+
+/// The settings that the program starts with, whatever the test did to them.
+class ConsoleLog : public ::testing::Test {
+protected:
+    void TearDown() override { ConsoleLogSetup(1, 1, kConsoleInfo); }
+};
+
+TEST_F(ConsoleLog, InitiallyLevelFourWithTime) {
+    EXPECT_EQ(DigitsOf(LevelsPrinted()), "01234");
+    EXPECT_TRUE(std::regex_match(
+        PrintAt(4), std::regex("\033\\[m\\[([01][0-9]|2[0-3]):[0-5][0-9]:[0-6][0-9]:[0-9]{3} "
+                               "\033\\[1;32mINFO\033\\[m-PARAM\\]:Func\\[42\\]:text\n")));
+}
+
+TEST_F(ConsoleLog, EveryLevelWithoutTimeByteForByte) {
+    ConsoleLogSetup(1, 0, 5);
+    EXPECT_EQ(PrintAt(0), "\033[m[\033[1;35mFATAL\033[m-PARAM]:Func[42]:text\n");
+    EXPECT_EQ(PrintAt(1), "\033[m[-PARAM]:Func[42]:text\n");
+    EXPECT_EQ(PrintAt(2), "\033[m[\033[1;31mERROR\033[m-PARAM]:Func[42]:text\n");
+    EXPECT_EQ(PrintAt(3), "\033[m[\033[1;33mWARN\033[m-PARAM]:Func[42]:text\n");
+    EXPECT_EQ(PrintAt(4), "\033[m[\033[1;32mINFO\033[m-PARAM]:Func[42]:text\n");
+    EXPECT_EQ(PrintAt(5), "\033[m[DEBUG-PARAM]:Func[42]:text\n");
+}
+
+TEST_F(ConsoleLog, LevelOneWithTimeShowsNothingBetweenTimeAndDash) {
+    EXPECT_TRUE(std::regex_match(
+        PrintAt(1),
+        std::regex("\033\\[m\\[[0-9]{2}:[0-9]{2}:[0-9]{2}:[0-9]{3} -PARAM\\]:Func\\[42\\]:"
+                   "text\n")));
+}
+
+TEST_F(ConsoleLog, EachLevelLetsTheLevelsUpToItPass) {
+    const std::string all = "012345";
+    for (std::uint32_t level = 0; level <= 5; ++level) {
+        ConsoleLogSetup(1, 0, level);
+        EXPECT_EQ(DigitsOf(LevelsPrinted()), all.substr(0, level + 1));
+    }
+}
+
+TEST_F(ConsoleLog, LevelsAreComparedUnsigned) {
+    ConsoleLogSetup(1, 0, 5);
+    EXPECT_EQ(PrintAt(0xFFFFFFFFU), "");
+    EXPECT_EQ(PrintAt(0x80000000U), "");
+}
+
+TEST_F(ConsoleLog, SwitchedOffNothingIsWritten) {
+    ConsoleLogSetup(0, 0, 5);
+    EXPECT_EQ(LevelsPrinted(), "");
+}
+
+TEST_F(ConsoleLog, AnyNonZeroFlagMeansOn) {
+    ConsoleLogSetup(0, 0, 5);
+    ConsoleLogSetup(0x80000000U, 2, 5);
+    EXPECT_TRUE(std::regex_match(
+        PrintAt(5),
+        std::regex("\033\\[m\\[[0-9]{2}:[0-9]{2}:[0-9]{2}:[0-9]{3} DEBUG-PARAM\\]:Func\\[42\\]:"
+                   "text\n")));
+}
+
+TEST_F(ConsoleLog, InvalidLevelPrintsALineAndChangesNothing) {
+    ConsoleLogSetup(1, 0, 3);
+    EXPECT_EQ(CaptureStdout([] { ConsoleLogSetup(0, 1, 6); }), "level is invalid\n");
+    EXPECT_EQ(PrintAt(3), "\033[m[\033[1;33mWARN\033[m-PARAM]:Func[42]:text\n");
+    EXPECT_EQ(PrintAt(4), "");
+    EXPECT_EQ(CaptureStdout([] { ConsoleLogSetup(0, 1, 0xFFFFFFFFU); }), "level is invalid\n");
+    EXPECT_EQ(DigitsOf(LevelsPrinted()), "0123");
+}
+
+TEST_F(ConsoleLog, ValidSetupPrintsNothing) {
+    EXPECT_EQ(CaptureStdout([] { ConsoleLogSetup(1, 0, 5); }), "");
+}
+
+TEST_F(ConsoleLog, NullArgumentsCountAsEmpty) {
+    ConsoleLogSetup(1, 0, 5);
+    EXPECT_EQ(CaptureStdout([] { ConsoleLogPrint(5, nullptr, "Func", 1, "m\n"); }),
+              "\033[m[DEBUG-]:Func[1]:m\n");
+    EXPECT_EQ(CaptureStdout([] { ConsoleLogPrint(5, "PARAM", nullptr, 2, "m\n"); }),
+              "\033[m[DEBUG-PARAM]:[2]:m\n");
+    EXPECT_EQ(CaptureStdout([] { g_print(5, "PARAM", "Func", 3, nullptr); }),
+              "\033[m[DEBUG-PARAM]:Func[3]:");
+    EXPECT_EQ(CaptureStdout([] { g_print(5, nullptr, nullptr, 4, nullptr); }),
+              "\033[m[DEBUG-]:[4]:");
+}
+
+TEST_F(ConsoleLog, NothingIsAddedToTheMessage) {
+    ConsoleLogSetup(1, 0, 5);
+    EXPECT_EQ(CaptureStdout([] { ConsoleLogPrint(5, "PARAM", "F", 1, "no end"); }),
+              "\033[m[DEBUG-PARAM]:F[1]:no end");
+    EXPECT_EQ(CaptureStdout([] { g_print(5, "PARAM", "F", 1, ""); }), "\033[m[DEBUG-PARAM]:F[1]:");
+}
+
+TEST_F(ConsoleLog, LineIsUnsignedAndMessageTakesItsArguments) {
+    ConsoleLogSetup(1, 0, 5);
+    EXPECT_EQ(CaptureStdout([] {
+                  ConsoleLogPrint(5, "%s", "%d", 0xFFFFFFFFU, "[%s] failed[0x%08X]\n", "gsensor",
+                                  0xA1418046U);
+              }),
+              "\033[m[DEBUG-%s]:%d[4294967295]:[gsensor] failed[0xA1418046]\n");
+}
+
+TEST_F(ConsoleLog, LongMessagesAreWrittenWhole) {
+    ConsoleLogSetup(1, 0, 5);
+    const std::string text(5000, 'x');
+    EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(5, "P", "F", 1, "%s", text.c_str()); }),
+              "\033[m[DEBUG-P]:F[1]:" + text);
+}
+
+}  // namespace
+}  // namespace paramgen::testing
