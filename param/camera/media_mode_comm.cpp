@@ -23,7 +23,7 @@ namespace {
 constexpr Field kCamMediaModeCommFields[] = {
     RECORD(CamMediaModeCommCfg, vcap, kVcapCommTable),
     RECORD(CamMediaModeCommCfg, vproc, kVprocCommTable),
-    RECORD(CamMediaModeCommCfg, venc, kVencCommTable),
+    RECORD(CamMediaModeCommCfg, venc, kCamVencCommTable),
     RECORD(CamMediaModeCommCfg, dispCrop, kDispCropTable),
 };
 

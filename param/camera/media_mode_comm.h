@@ -32,7 +32,7 @@ static_assert(sizeof(DispCropCfg) == 16);
 struct CamMediaModeCommCfg {
     VcapCommCfg vcap;
     VprocCommCfg vproc[kVprocCommCount];
-    VencCommCfg venc;
+    CamVencCommCfg venc;
     DispCropCfg dispCrop;
 };
 static_assert(sizeof(CamMediaModeCommCfg) == 1164);

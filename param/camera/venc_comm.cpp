@@ -50,14 +50,14 @@ constexpr TableOf<VencCommAttr> kVencCommAttrTable{kVencNode, kVencCommAttrField
 
 namespace {
 
-constexpr Field kVencCommFields[] = {
-    COMPUTED(VencCommCfg, count),
-    RECORD(VencCommCfg, vencs, kVencCommAttrTable),
+constexpr Field kCamVencCommFields[] = {
+    COMPUTED(CamVencCommCfg, count),
+    RECORD(CamVencCommCfg, vencs, kVencCommAttrTable),
 };
 
 }  // namespace
 
-constexpr TableOf<VencCommCfg> kVencCommTable{nullptr, kVencCommFields};
+constexpr TableOf<CamVencCommCfg> kCamVencCommTable{nullptr, kCamVencCommFields};
 
 Status PDT_PARAM_LoadCamVencBindSrcAttr(const char* module, std::int32_t venc,
                                         VencBindSrcAttr* cfg) {
@@ -104,7 +104,7 @@ Status PDT_INIPARAM_LoadCamVencCommAttr(const char* module, std::int32_t venc, V
     return kOk;
 }
 
-Status PDT_INIPARAM_LoadCamVencCommCfg(const char* module, VencCommCfg* cfg) {
+Status PDT_INIPARAM_LoadCamVencCommCfg(const char* module, CamVencCommCfg* cfg) {
     cfg->count = 0;
     std::int32_t isExist = 1;
     for (std::int32_t venc = 0; venc < kVencCount; ++venc) {

@@ -54,17 +54,17 @@ static_assert(offsetof(VencCommAttr, payload) == 52);
 static_assert(offsetof(VencCommAttr, intraRefresh) == 64);
 
 /// The encoders. 404 bytes.
-struct VencCommCfg {
+struct CamVencCommCfg {
     std::uint32_t count;  ///< of leading encoders that have an "enable" key, 0 to 5
     VencCommAttr vencs[kVencCount];
 };
-static_assert(sizeof(VencCommCfg) == 404);
-static_assert(offsetof(VencCommCfg, vencs) == 4);
+static_assert(sizeof(CamVencCommCfg) == 404);
+static_assert(offsetof(CamVencCommCfg, vencs) == 4);
 
 extern const TableOf<VencBindSrcAttr> kVencBindSrcTable;
 extern const TableOf<VencIntraRefreshCfg> kVencIntraRefreshTable;
 extern const TableOf<VencCommAttr> kVencCommAttrTable;
-extern const TableOf<VencCommCfg> kVencCommTable;
+extern const TableOf<CamVencCommCfg> kCamVencCommTable;
 
 [[nodiscard]] Status PDT_PARAM_LoadCamVencBindSrcAttr(const char* module, std::int32_t venc,
                                                       VencBindSrcAttr* cfg);
@@ -78,6 +78,6 @@ extern const TableOf<VencCommCfg> kVencCommTable;
 
 /// The encoders up to and including the first one without an "enable" key, and the count, which
 /// leaves that one out.
-[[nodiscard]] Status PDT_INIPARAM_LoadCamVencCommCfg(const char* module, VencCommCfg* cfg);
+[[nodiscard]] Status PDT_INIPARAM_LoadCamVencCommCfg(const char* module, CamVencCommCfg* cfg);
 
 }  // namespace paramgen

@@ -74,7 +74,7 @@ TEST(DispCrop, ModeStaysWhenItCannotBeRead) {
 TEST(MediaModeComm, BlocksLieOneBehindTheOther) {
     std::vector<WalkedField> expected = WalkTable(kVcapCommTable, "m");
     for (const auto& part : {WalkTable(kVprocCommTable, "m", "", {0}, 440),
-                             WalkTable(kVencCommTable, "m", "", {}, 744),
+                             WalkTable(kCamVencCommTable, "m", "", {}, 744),
                              WalkTable(kDispCropTable, "m", "", {}, 1148)}) {
         expected.insert(expected.end(), part.begin(), part.end());
     }

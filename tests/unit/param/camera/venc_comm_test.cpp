@@ -14,7 +14,7 @@ namespace {
 using ::testing::ElementsAre;
 
 Status Load(void* record) {
-    return PDT_INIPARAM_LoadCamVencCommCfg("m", static_cast<VencCommCfg*>(record));
+    return PDT_INIPARAM_LoadCamVencCommCfg("m", static_cast<CamVencCommCfg*>(record));
 }
 
 LoadResult LoadTree(const ProductTree& tree) {
@@ -72,12 +72,14 @@ TEST(VencComm, TableIsTheBlocksLayout) {
         Append(&expected, DescribeWords(start, node, kStreamRows));
         Append(&expected, DescribeWords(start, node + ".intraRefresh", kIntraRefreshRows));
     }
-    EXPECT_EQ(DescribeTable(kVencCommTable, "m"), expected);
+    EXPECT_EQ(DescribeTable(kCamVencCommTable, "m"), expected);
 }
 
 TEST(VencComm, EveryRowLoadsItsOwnBytes) {
-    RowSubject subject = {
-        .fields = WalkTable(kVencCommTable, "m"), .size = 404, .load = Load, .base = EmptyModule()};
+    RowSubject subject = {.fields = WalkTable(kCamVencCommTable, "m"),
+                          .size = 404,
+                          .load = Load,
+                          .base = EmptyModule()};
     CheckAbsentKeys(subject);
     // Every encoder must be there, with all its bindings, for every row to be read; their own keys
     // have their tests below.
@@ -143,7 +145,7 @@ TEST(VencComm, ThereIsNoSixthEncoder) {
 
 TEST(VencComm, CountStartsFromZero) {
     const RegisteredProduct product(Encoders(1));
-    VencCommCfg cfg = {};
+    CamVencCommCfg cfg = {};
     cfg.count = 9;
     CaptureStdout([&] { EXPECT_EQ(Load(&cfg), 0); });
     EXPECT_EQ(cfg.count, 1U);
