@@ -191,10 +191,10 @@ TEST(Ldc, SearchEndsWithTheFirstMatch) {
     AddLdc(tree, 1, k1080P30, 6);
     EXPECT_EQ(FoundFor(7, tree), Ratio(5));
     const Lines capture = EchoOf(ForCapture(7, tree).output);
-    EXPECT_EQ(capture.front(),
+    EXPECT_EQ(LineAt(capture, 0),
               "PDT_INITPARAM_LoadCorrespondingVcapLDCAttr: Cam[0]  MediaMode[0] "
               "LDCDISConfigure:\n");
-    EXPECT_EQ(capture.back(), "PDT_INITPARAM_LoadVcapLDCAttr:  v1 enable[0] v3 enable[0]\n");
+    EXPECT_EQ(LastLine(capture), "PDT_INITPARAM_LoadVcapLDCAttr:  v1 enable[0] v3 enable[0]\n");
 }
 
 TEST(Ldc, ModuleThatServesAnotherModeIsPassedOver) {
@@ -350,7 +350,7 @@ TEST(Ldc, NextCalibrationIsReadFirst) {
     AddLdc(tree, 0, k1080P30, 5)
         .Set("cam0_ldccfg_0", "LDCV3Attr:src_calibration_ratio3", "2147483648")
         .Set("cam0_ldccfg_0", "LDCV3Attr:src_calibration_ratio_next3", "2147483648");
-    EXPECT_EQ(ErrorsOf(ForCapture(7, tree).output).front(),
+    EXPECT_EQ(LineAt(ErrorsOf(ForCapture(7, tree).output), 0),
               "PDT_INIPARAM_LoadCamLDCV3MatrixCfg: [LDCV3Attr:src_calibration_ratio_next3] "
               "failed[0xFFFFFFFF]\n");
 }
@@ -360,7 +360,7 @@ TEST(Ldc, CoefficientIsReadBeforeTheMatrix) {
     AddLdc(tree, 0, k1080P30, 5)
         .Set("cam0_ldccfg_0", "LDCV3Attr:src_calibration_ratio_next0", "2147483648")
         .Set("cam0_ldccfg_0", "LDCV3Attr:coef_intp_ratio", "2147483648");
-    EXPECT_EQ(ErrorsOf(ForCapture(7, tree).output)[1],
+    EXPECT_EQ(LineAt(ErrorsOf(ForCapture(7, tree).output), 1),
               "PDT_INIPARAM_LoadLDCV3Attr: [coef_intp_ratio] failed[0xFFFFFFFF]\n");
 }
 

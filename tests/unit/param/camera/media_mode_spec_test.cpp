@@ -283,7 +283,8 @@ TEST(MediaModeSpec, EchoBeginsWithTheModeAndThePipes) {
     EXPECT_EQ(echo[6],
               "PDT_INIPARAM_LoadCamVcapSnsCfg: vcapdev  sensor attr, "
               "sensor_mode[0],sensor_width[0],sensor_height[0],data_type[0] wdr_mode[0] \n");
-    EXPECT_EQ(echo.back(), "PDT_INIPARAM_LoadCamVencSpecCfg: \033[1;33mvenc comm  cnt[0] \n\033[m");
+    EXPECT_EQ(LastLine(echo),
+              "PDT_INIPARAM_LoadCamVencSpecCfg: \033[1;33mvenc comm  cnt[0] \n\033[m");
     echo.resize(6);
     EXPECT_THAT(
         echo,
@@ -377,7 +378,7 @@ TEST(MediaModeSpec, MissingModuleFailsAtTheFirstPipeOnly) {
 std::string LastErrorOfBad(const std::string& key, const std::string& value = "2147483648") {
     const LoadResult result = LoadTree(With(key, value));
     EXPECT_EQ(result.status, -1);
-    return ErrorsOf(result.output).back();
+    return LastLine(ErrorsOf(result.output));
 }
 
 TEST(MediaModeSpec, EachBlockHasItsLabel) {

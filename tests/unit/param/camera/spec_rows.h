@@ -44,6 +44,14 @@ inline void AppendLines(Lines* lines, const Lines& more) {
     lines->insert(lines->end(), more.begin(), more.end());
 }
 
+/// A line, and the last line; empty when there is no such line.
+inline std::string LineAt(const Lines& lines, std::size_t number) {
+    return number < lines.size() ? lines[number] : "";
+}
+inline std::string LastLine(const Lines& lines) {
+    return lines.empty() ? "" : lines.back();
+}
+
 /// The rows of a lens-distortion record at `offset`.
 inline Lines LdcLines(std::size_t offset) {
     Lines lines = SpecLines(

@@ -432,7 +432,7 @@ TEST(VcapSpec, SingleValuesAreReadInTheirOwnOrder) {
     ProductTree tree = EmptyTree();
     for (std::size_t i = order.size(); i-- > 0;) {
         tree.Set("mode", "vcap.pipe.0:" + order[i], "2147483648");
-        EXPECT_EQ(ErrorsOf(LoadTree(tree).output)[1],
+        EXPECT_EQ(LineAt(ErrorsOf(LoadTree(tree).output), 1),
                   "PDT_INIPARAM_LoadCamVcapSingleValue: [" + order[i] + "] failed[0xFFFFFFFF]\n");
     }
 }

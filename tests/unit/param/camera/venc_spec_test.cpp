@@ -165,10 +165,11 @@ TEST(VencSpec, BadBitRateIsLabelledWithItsBareKey) {
 }
 
 TEST(VencSpec, H265IsReadBeforeH264) {
-    EXPECT_EQ(ErrorsOf(LoadTree(Encoders(1)
-                                    .Set("mode", "venc.0:h264bitrate", "2147483648")
-                                    .Set("mode", "venc.0:h265bitrate", "2147483648"))
-                           .output)[1],
+    EXPECT_EQ(LineAt(ErrorsOf(LoadTree(Encoders(1)
+                                           .Set("mode", "venc.0:h264bitrate", "2147483648")
+                                           .Set("mode", "venc.0:h265bitrate", "2147483648"))
+                                  .output),
+                     1),
               "PDT_INIPARAM_LoadCamVencSpecAttr: [h265bitrate] failed[0xFFFFFFFF]\n");
 }
 
