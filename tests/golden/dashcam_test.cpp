@@ -7,6 +7,7 @@
 
 #include "support/program.h"
 #include "support/records.h"
+#include "support/row_checks.h"
 #include "support/temp_dir.h"
 
 namespace paramgen::testing {
@@ -85,6 +86,69 @@ TEST_F(Dashcam, FileManagementByHand) {
         expected.replace(548 + 64 * i, std::string(names[i]).size(), names[i]);
     }
     EXPECT_EQ(Part(22480, 1444), expected);
+}
+
+TEST_F(Dashcam, MediaCommonByHand) {
+    const std::int32_t words[] = {
+        // main stream: car, high profile; H.264 CBR, VBR, QVBR; H.265 the same; the fixed words
+        2, 2, 0,                           //
+        48, 22, 46, 20,                    //
+        47, 24, 45, 21,                    //
+        49, 23, 44, 19, 120, 35, 26, -18,  //
+        50, 25, 43, 18,                    //
+        46, 26, 42, 17,                    //
+        51, 27, 41, 16, 130, 40, 24, -16,  //
+        85, 75,                            //
+        // sub stream
+        2, 1, 0,                           //
+        45, 28, 40, 15,                    //
+        44, 29, 39, 14,                    //
+        43, 30, 38, 13, 110, 55, 22, -14,  //
+        42, 31, 37, 12,                    //
+        41, 32, 36, 11,                    //
+        40, 33, 35, 10, 115, 60, 20, -12,  //
+        85, 75,                            //
+        // snapshots: DCF, two large thumbnails and their sizes, quality, modes
+        1, 2, 1280, 720, 640, 360, 92, 1, 2,  //
+        0, 1, 128, 72, 96, 54, 74, 2, 1,      //
+        // hierarchical QP: deltas, frames
+        1,             //
+        -4, -2, 1, 3,  //
+        1, 2, 4, 8,    //
+        // live view from the sub stream's encoder
+        3, 1, 0,  //
+        // display, BT.709 to RGB limited, its picture controls, a reserved word
+        1, 1, 1052688, 1,    //
+        22, 51, 54, 49, 57,  //
+        0,                   //
+        // its source and window count; the playback window with its video rectangle and its place
+        2, 0, 2,                       //
+        1,                             //
+        1, 1, 0, 2,                    //
+        2, 2105376, 32, 18, 704, 396,  //
+        16, 24, 768, 432, 3,           //
+        // audio capture, its gain and channels
+        1, 1,                                  //
+        48000, 1, 2, 3, 4, 1024, 2, 32000, 0,  //
+        18,                                    //
+        1, 0, 1,                               //
+        1, 1, 0,                               //
+        // audio encoder: AAC; the band width is a half word
+        1, 2, 1, 0,                       //
+        0, 1024,                          //
+        0, 96000, 32000, 1, 1, 0, 14500,  //
+        // audio output, its volume and channels
+        1, 1,                               //
+        32000, 1, 1, 5, 3, 2048, 32000, 7,  //
+        65,                                 //
+        0, 0,                               //
+        1, 1,                               //
+    };
+    std::string expected;
+    for (const std::int32_t word : words) {
+        expected += LittleEndian(word, 4);
+    }
+    EXPECT_EQ(Part(8928, 716), expected);
 }
 
 }  // namespace

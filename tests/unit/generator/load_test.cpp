@@ -69,6 +69,7 @@ TEST(Load, EachSectionHasItsLabelAndItsTurn) {
     } sections[] = {
         {"devmng", "DevMng Conf"},
         {"filemng", "FileMng Conf"},
+        {"media_common", "Media Common Conf"},
         {"cam0_comm", "VideoMode Conf"},
     };
     for (const auto& section : sections) {
