@@ -84,7 +84,11 @@ Status CallGetString(const char* cfgName, const char* module, const char* confIt
     char* value = &sentinel;
     const Status status =
         ZV_CONFACCESS_GetString(cfgName, module, confItem, "default", hasValue ? &value : nullptr);
-    return value == &sentinel ? status : kTouched;
+    if (value == &sentinel) {
+        return status;
+    }
+    std::free(value);
+    return kTouched;
 }
 
 Status CallGetInt(const char* cfgName, const char* module, const char* confItem, bool hasValue) {
@@ -281,6 +285,11 @@ TEST_F(Queries, IntegerWithoutValueIsTheDefault) {
     EXPECT_EQ(IntegerOf("num:no", 2147483647), 2147483647);
 }
 
+/// The status of an integer query that leaves its out argument alone.
+Status RefusedInt(const char* key) {
+    return Observe([&] { return CallGetInt("cfg", "mod", key, true); }).status;
+}
+
 TEST_F(Queries, IntegersBeyondTheLimitsAreRefused) {
     for (const char* key : {"num:above", "num:below", "num:huge", "num:max"}) {
         // The last one is refused because of what the ones before left in errno.
@@ -296,8 +305,8 @@ TEST_F(Queries, IntegersAtTheLimitsAreTakenUnlessErrnoHeldERANGE) {
     EXPECT_EQ(IntegerOf("num:max"), 2147483647);
     EXPECT_EQ(IntegerOf("num:min"), -2147483647 - 1);
     errno = ERANGE;
-    EXPECT_EQ(CallGetInt("cfg", "mod", "num:max", true), -1);
-    EXPECT_EQ(CallGetInt("cfg", "mod", "num:min", true), -1);
+    EXPECT_EQ(RefusedInt("num:max"), -1);
+    EXPECT_EQ(RefusedInt("num:min"), -1);
     EXPECT_EQ(errno, ERANGE);
     EXPECT_EQ(IntegerOf("num:answer"), 42);
     EXPECT_EQ(errno, ERANGE);
@@ -337,7 +346,7 @@ TEST_F(Queries, FloatingPointHasNoLimitsButLeavesERANGEBehind) {
         errno = 0;
         EXPECT_EQ(Observe([&] { return CallGetDouble("cfg", "mod", key, true); }),
                   (Outcome{kTouched, ""}));
-        EXPECT_EQ(CallGetInt("cfg", "mod", "num:max", true), -1);
+        EXPECT_EQ(RefusedInt("num:max"), -1);
     }
 }
 
