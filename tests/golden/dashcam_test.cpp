@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 
 #include "support/program.h"
@@ -44,6 +45,22 @@ TEST_F(Dashcam, RunsTheSameEveryTime) {
     const ProgramRun again = RunProgram(directory_.path());
     EXPECT_EQ(again.output, run_.output);
     EXPECT_EQ(ReadFile(directory_.path() / "param.bin"), image_);
+}
+
+// The whole echo, source lines masked: a text that was read through by hand. A change to it is a
+// change to what the program says, never a matter of course.
+TEST_F(Dashcam, SaysWhatItShould) {
+    const std::string expected = ReadFile(PARAMGEN_GOLDEN "/dashcam_output.txt");
+    const std::string actual = MaskVolatile(run_.output);
+    std::istringstream expectedLines(expected);
+    std::istringstream actualLines(actual);
+    std::string expectedLine;
+    std::string actualLine;
+    for (int number = 1; std::getline(expectedLines, expectedLine); ++number) {
+        ASSERT_TRUE(std::getline(actualLines, actualLine)) << "ends before line " << number;
+        ASSERT_EQ(actualLine, expectedLine) << "line " << number;
+    }
+    EXPECT_EQ(actual.size(), expected.size());
 }
 
 TEST_F(Dashcam, FrameByHand) {

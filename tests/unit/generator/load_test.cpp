@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 #include "confaccess/confaccess.h"
 #include "log/console_log.h"
 #include "support/captured_output.h"
@@ -61,8 +64,29 @@ TEST(Load, RegistrationFailsUnderTheEntryPath) {
     EXPECT_FALSE(loaded.leftRegistered);
 }
 
-TEST(Load, EachSectionHasItsLabelAndItsTurn) {
-    // Without its module a section fails; those before it have been loaded.
+TEST(Load, SectionsAreLoadedInOrder) {
+    // Of several sections that must fail, the one whose turn comes first does.
+    ProductTree tree;
+    tree.AddModule("none");
+    for (const char* module :
+         {"devmng", "filemng", "media_common", "workmode_common", "valueset", "cam0_comm"}) {
+        const std::string error = ErrorsOf(LoadTree(tree).output).back();
+        const std::map<std::string, std::string> labels = {{"devmng", "DevMng Conf"},
+                                                           {"filemng", "FileMng Conf"},
+                                                           {"media_common", "Media Common Conf"},
+                                                           {"workmode_common", "WorkMode Conf"},
+                                                           {"valueset", "ValueSet Conf"},
+                                                           {"cam0_comm", "VideoMode Conf"}};
+        EXPECT_EQ(error, "PDT_INIPARAM_LoadCfg: [" + labels.at(module) + "] failed[0xA1418046]\n");
+        tree.AddModule(module);
+        if (std::string(module) == "workmode_common") {
+            tree.AddModule("workmode_photo").AddModule("workmode_record");
+        }
+    }
+}
+
+TEST(Load, EachSectionHasItsLabel) {
+    // Without its module a section fails.
     const struct {
         const char* module;
         const char* label;
@@ -70,6 +94,8 @@ TEST(Load, EachSectionHasItsLabelAndItsTurn) {
         {"devmng", "DevMng Conf"},
         {"filemng", "FileMng Conf"},
         {"media_common", "Media Common Conf"},
+        {"workmode_common", "WorkMode Conf"},
+        {"valueset", "ValueSet Conf"},
         {"cam0_comm", "VideoMode Conf"},
     };
     for (const auto& section : sections) {
