@@ -21,6 +21,7 @@ if(PARAMGEN_SANITIZERS)
 endif()
 
 if(PARAMGEN_COVERAGE)
-  add_compile_options(--coverage -fprofile-abs-path)
+  # Atomic, since threads count too.
+  add_compile_options(--coverage -fprofile-abs-path -fprofile-update=atomic)
   add_link_options(--coverage)
 endif()

@@ -46,6 +46,18 @@ using LibraryLog = SavePathTest;
 constexpr std::size_t kPrefixWithoutModule = 15 + 5 + 2 + 8;
 constexpr std::size_t kRecordMax = 510;  // of prefix and message together
 
+// First of all, before a test has set the threshold.
+TEST_F(LibraryLog, InitiallyErrAndFatalPass) {
+    for (const std::int32_t level : {-2147483647 - 1, -1, 0, 1, 2}) {
+        const Printed printed = Print(level, "m");
+        EXPECT_EQ(printed.status, 0) << level;
+        EXPECT_EQ(printed.output, "") << level;
+    }
+    EXPECT_EQ(MaskVolatile(Print(3, "m").output), "[time][ERR][TAG] Func:7 m");
+    EXPECT_EQ(MaskVolatile(Print(4, "m").output), "[time][FATAL][TAG] Func:7 m");
+    EXPECT_EQ(MaskVolatile(Print(5, "m").output), "[time][UKNOW][TAG] Func:7 m");
+}
+
 TEST_F(LibraryLog, RecordByteForByte) {
     const Printed printed = Print(kLibraryErr, "message\n");
     EXPECT_EQ(printed.status, 0);
@@ -57,17 +69,6 @@ TEST_F(LibraryLog, TimeHasFourDigitsOfMilliseconds) {
         Print(kLibraryErr, "m").output,
         std::regex("\\[([01][0-9]|2[0-3]):[0-5][0-9]:[0-6][0-9]:0[0-9]{3}\\]\\[ERR\\]\\[TAG\\] "
                    "Func:7 m")));
-}
-
-TEST_F(LibraryLog, InitiallyErrAndFatalPass) {
-    for (const std::int32_t level : {-2147483647 - 1, -1, 0, 1, 2}) {
-        const Printed printed = Print(level, "m");
-        EXPECT_EQ(printed.status, 0) << level;
-        EXPECT_EQ(printed.output, "") << level;
-    }
-    EXPECT_EQ(MaskVolatile(Print(3, "m").output), "[time][ERR][TAG] Func:7 m");
-    EXPECT_EQ(MaskVolatile(Print(4, "m").output), "[time][FATAL][TAG] Func:7 m");
-    EXPECT_EQ(MaskVolatile(Print(5, "m").output), "[time][UKNOW][TAG] Func:7 m");
 }
 
 TEST_F(LibraryLog, EachLevelHasItsName) {
