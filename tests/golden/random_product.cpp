@@ -41,22 +41,11 @@ const std::vector<std::pair<std::string, std::string>>& Decoys() {
         {"devmng", "storagemng:medium_type"},
         {"devmng", "storagemng:dev_port_no"},
         {"filemng", "storagemng:mount_path"},
-        {"filemng", "dtcf.dir.name:dir_name14"},
         {"media_common", "disp.0.window.0:enable"},
-        {"media_common", "disp.1:enable"},
         {"media_common", "aenc.0:format"},
         {"media_common", "aenc.0.mp3:bit_rate"},
-        {"cam0_comm_record", "vcap.pipe.0.chn.1:enable"},
-        {"cam0_comm_record", "vpss.0.vport.4:enable"},
-        {"cam0_comm_record", "venc.5:enable"},
-        {"cam0_comm_photo", "vpss.0.extvport.2:enable"},
         {"cam0_mediamode0", "vb_depth.pool.0:blk_size"},
-        {"cam0_mediamode0", "vb.pool.8:blk_size"},
         {"workmode_record", "record.common:muxer_type"},
-        {"workmode_record", "normal.0.filenum.0.fileattr:aenc_hdl1"},
-        {"workmode_photo", "osd.16:type"},
-        {"workmode_photo", "osd.0.display.4:show"},
-        {"valueset", "cam.1.enc.payloadtype:num"},
     };
     return decoys;
 }
@@ -73,6 +62,41 @@ std::string GenerousValue(const AskedKey& key) {
         return independent::MediaModes()[numbered ? static_cast<std::size_t>(last - '0') : 0].name;
     }
     return key.kind == Kind::kMatrix ? independent::CscMatrices()[0].name : "1";
+}
+
+/// The names that a name becomes when one of its numbers is the next.
+std::vector<std::string> NextNames(const std::string& name) {
+    std::vector<std::string> names;
+    for (std::size_t at = 0; at < name.size();) {
+        const std::size_t first = name.find_first_of("0123456789", at);
+        if (first == std::string::npos) {
+            break;
+        }
+        at = std::min(name.find_first_not_of("0123456789", first), name.size());
+        const std::size_t number = std::stoul(name.substr(first, at - first));
+        names.push_back(name.substr(0, first) + std::to_string(number + 1) + name.substr(at));
+    }
+    return names;
+}
+
+using KeysByName = std::map<std::pair<std::string, std::string>, AskedKey>;
+
+/// Adds the neighbours of keys: one display, pipe, module… further, as a rule too far.
+void AddNeighbours(KeysByName& keys) {
+    const KeysByName read = keys;
+    for (const auto& [name, key] : read) {
+        AskedKey next = key;
+        next.at = AskedKey::kNowhere;
+        for (const std::string& module : NextNames(key.module)) {
+            next.module = module;
+            keys.emplace(std::pair(module, key.key), next);
+        }
+        next.module = key.module;
+        for (const std::string& item : NextNames(key.key)) {
+            next.key = item;
+            keys.emplace(std::pair(key.module, item), next);
+        }
+    }
 }
 
 /// A text with its letters in upper or lower case at random.
@@ -103,12 +127,19 @@ public:
         Line(AnyCase(random_, key.substr(colon + 1)) + equals + value);
     }
 
-    /// The text of the file, with or without a line end at its end.
+    /// The text of the file. Without a line end at its end, there may be a last line that is
+    /// dropped, since it is too short or asks for another line.
     std::string Text() {
-        if (random_.OneIn(4) && !text_.empty()) {
-            text_.resize(text_.size() - lineEnd_.size());
+        switch (random_.Below(8)) {
+            case 0:
+                return text_.substr(0, text_.size() - lineEnd_.size());
+            case 1:
+                return text_ + "x";
+            case 2:
+                return text_ + lastKey_ + " = 9\\";
+            default:
+                return text_;
         }
-        return text_;
     }
 
 private:
@@ -121,7 +152,8 @@ private:
 
     void Line(const std::string& line) {
         if (!plain_ && random_.OneIn(10)) {
-            text_ += random_.OneOf({"", "# nothing = here", "  ; nothing", "   "}) + lineEnd_;
+            text_ += random_.OneOf({"", "# nothing = here", "  ; nothing", "   "});
+            text_ += lineEnd_;
         }
         const bool comment = !plain_ && random_.OneIn(10);
         text_ += (!plain_ && random_.OneIn(6) ? "   " : "") + line +
@@ -132,6 +164,7 @@ private:
     std::string lineEnd_;
     bool plain_;
     std::string section_;
+    std::string lastKey_ = "nothing";
     std::string text_;
 };
 
@@ -168,7 +201,10 @@ std::map<std::string, Keys> RandomModules(Random& random, const std::vector<Aske
         percent[module] = std::vector<std::size_t>{0, 40, 80, 97, 100}[random.Below(5)];
     }
     for (const AskedKey& key : keys) {
-        if (modules.count(key.module) != 0 && random.Below(100) < percent[key.module]) {
+        // Neighbours of known keys have no place of their own; some of them will do.
+        const bool wanted =
+            key.at != AskedKey::kNowhere || key.kind == Kind::kMode || random.OneIn(4);
+        if (modules.count(key.module) != 0 && wanted && random.Below(100) < percent[key.module]) {
             modules[key.module][key.key] = GoodValue(random, key, modes);
         }
     }
@@ -180,13 +216,16 @@ std::map<std::string, Keys> RandomModules(Random& random, const std::vector<Aske
     return modules;
 }
 
-/// Spoils the value of a key of which some value is bad.
+/// Spoils one of the values that have a place in the image.
 void Spoil(Random& random, const std::vector<AskedKey>& keys,
            std::map<std::string, Keys>& modules) {
-    const AskedKey& key = keys[random.Below(keys.size())];
-    const std::string bad = BadValue(key);
-    if (!bad.empty() && modules.count(key.module) != 0) {
-        modules[key.module][key.key] = bad;
+    for (bool spoilt = false; !spoilt;) {
+        const AskedKey& key = keys[random.Below(keys.size())];
+        const std::string bad = BadValue(key);
+        spoilt = !bad.empty() && key.at != AskedKey::kNowhere && modules.count(key.module) != 0;
+        if (spoilt) {
+            modules[key.module][key.key] = bad;
+        }
     }
 }
 
@@ -227,7 +266,7 @@ std::vector<AskedKey> AllKeys() {
             product[module];
         }
     }
-    std::map<std::pair<std::string, std::string>, AskedKey> keys;
+    KeysByName keys;
     for (std::size_t before = 1; keys.size() != before;) {
         before = keys.size();
         for (const AskedKey& key : independent::BuildImage(product).asked) {
@@ -235,6 +274,7 @@ std::vector<AskedKey> AllKeys() {
             product[key.module][independent::Lower(key.key)] = GenerousValue(key);
         }
     }
+    AddNeighbours(keys);
     std::vector<AskedKey> all;
     for (const auto& [name, key] : keys) {
         all.push_back(key);

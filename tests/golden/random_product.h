@@ -11,7 +11,7 @@
 namespace paramgen::testing {
 
 /// Every key that the independent builder asks for when all modules are there and all counts are as
-/// high as they may be.
+/// high as they may be, and neighbours of those keys: they have no place in the image.
 std::vector<independent::AskedKey> AllKeys();
 
 /// Whether one of the values is such that the program must stop if it reads it.

@@ -47,18 +47,18 @@ std::string CountValue(Random& random, const AskedKey& key) {
     if (key.above == independent::Above::kIsCut && random.OneIn(6)) {
         return random.OneIn(3) ? "-1" : SomeNumber(random, 0, static_cast<int>(key.limit) + 4);
     }
-    return SomeNumber(random, 0, static_cast<int>(key.limit));
+    return random.OneIn(3) ? std::to_string(key.limit)
+                           : SomeNumber(random, 0, static_cast<int>(key.limit));
 }
 
 /// A text of at most `limit` bytes, now and then of exactly so many.
 std::string SomeText(Random& random, std::size_t limit) {
-    const std::vector<std::string> pieces = {
-        "a", "Z", "7", "_", " ", "%s", "%n", "/",  ".", "\\", "\xC3\xA9", "\xE2\x82\xAC",
-        "=", "#", "'", "[", "]", ":",  "-",  "\t", "q"};
     const std::size_t length = random.OneIn(8) ? limit : random.Below(limit + 1);
     std::string text;
     while (text.size() < length) {
-        text += random.OneOf(pieces);
+        text += random.OneOf(
+            {"a", "Z", "7", "_", " ", "%s", "%n", "/",  ".", "\\", "\xC3\xA9", "\xE2\x82\xAC",
+             "=", "#", "'", "[", "]", ":",  "-",  "\t", "q"});
     }
     text.resize(length);
     return text;
@@ -79,7 +79,7 @@ std::string TextValue(Random& random, std::size_t limit) {
 std::string ModeValue(Random& random, const AskedKey& key, const std::vector<std::string>& modes) {
     const bool camera = key.module.rfind("cam0_", 0) == 0;
     const std::string name =
-        camera ? random.OneOf(modes)
+        camera ? modes[random.Below(modes.size())]
                : independent::MediaModes()[random.Below(independent::MediaModes().size())].name;
     return random.OneIn(4) ? "\"" + name + "\"" : name;
 }

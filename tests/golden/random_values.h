@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <random>
 #include <string>
 #include <vector>
@@ -17,8 +18,8 @@ public:
     /// 0 to `end` - 1.
     std::size_t Below(std::size_t end) { return static_cast<std::size_t>(engine_() % end); }
     bool OneIn(std::size_t times) { return Below(times) == 0; }
-    const std::string& OneOf(const std::vector<std::string>& texts) {
-        return texts[Below(texts.size())];
+    const char* OneOf(std::initializer_list<const char*> texts) {
+        return texts.begin()[Below(texts.size())];
     }
 
 private:

@@ -188,6 +188,16 @@ TEST_F(Modules, NamesAreRepeatedOnlyInTheSameCase) {
     EXPECT_THAT(Names(), ElementsAre("A", "a"));
 }
 
+TEST_F(Modules, NamesAreComparedToTheirEnd) {
+    const std::string name(113, 'm');
+    ASSERT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = " + name + "a\nmodule2 = " + name + "b\n[" +
+                   name + "a]\ncfg_filename = a.ini\n[" + name + "b]\ncfg_filename = b.ini\n"),
+              (Outcome{0, ""}));
+    ASSERT_THAT(Names(), ElementsAre(name + "b", name + "a"));
+    EXPECT_STREQ(FindText(*Module(name + "a")->dictionary, "s:key", nullptr), "of a");
+    EXPECT_STREQ(FindText(*Module(name + "b")->dictionary, "s:key", nullptr), "of b");
+}
+
 TEST_F(Modules, NameIsRepeatedOnlyWhenTheFirstOneLoaded) {
     const std::string loadFailed = "[time][QXCONFACCE] Load " + In("missing.ini") + " failed\n";
     EXPECT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = a\nmodule2 = a\n"

@@ -222,6 +222,18 @@ TEST_F(Registration, NamesAreToldApartByCase) {
     EXPECT_EQ(Deinit("Name"), (Outcome{0, ""}));
 }
 
+TEST_F(Registration, NamesAreComparedToTheirEnd) {
+    const std::string entry = WriteEntry();
+    const std::string head(126, 'n');
+    EXPECT_EQ(Init(head + "a", entry), (Outcome{0, ""}));
+    EXPECT_EQ(Init(head + "b", entry), (Outcome{0, ""}));
+    EXPECT_EQ(Init(head, entry), (Outcome{0, ""}));
+    EXPECT_EQ(Init(head + "b", entry), (Outcome{Code(0xA1418043U), ""}));
+    for (const char* end : {"", "a", "b"}) {
+        EXPECT_EQ(Deinit(head + end), (Outcome{0, ""}));
+    }
+}
+
 TEST_F(Registration, NewestConfigurationStandsFirst) {
     const std::string entry = WriteEntry();
     ASSERT_EQ(Init("one", entry), (Outcome{0, ""}));
