@@ -54,6 +54,9 @@ function(paramgen_program name)
     target_link_libraries(${name} PRIVATE ${used_target})
   endforeach()
   target_link_options(${name} PRIVATE -Wl,--gc-sections -Wl,--as-needed)
+  target_link_options(${name} PRIVATE
+    $<$<BOOL:${PARAMGEN_STATIC}>:-static> $<$<BOOL:${PARAMGEN_STRIP}>:-s>
+    "-Wl,-Map=$<TARGET_FILE:${name}>.map")
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE C)
 endfunction()
 

@@ -11,12 +11,19 @@ inline constexpr char kParamTag[] = "PARAM";
 
 }  // namespace paramgen
 
+/// Begins a statement macro: `line_` in what follows is the line on which the macro's name stands.
+/// In the body of a macro with parameters __LINE__ would not do: where a use takes several lines,
+/// compilers disagree about which of them it is.
+#define AT_THIS_LINE_ if (constexpr std::uint32_t line_ = __LINE__)
+
 /// Logs at ERROR: a format and its arguments.
-#define LOG_ERROR(...)                                                                      \
-    ::paramgen::ConsoleLogPrint(::paramgen::kConsoleError, ::paramgen::kParamTag, __func__, \
-                                static_cast<std::uint32_t>(__LINE__), __VA_ARGS__)
+#define LOG_ERROR AT_THIS_LINE_ LOG_ERROR_
+#define LOG_ERROR_(...)                                                                            \
+    ::paramgen::ConsoleLogPrint(::paramgen::kConsoleError, ::paramgen::kParamTag, __func__, line_, \
+                                __VA_ARGS__)
 
 /// Logs at DEBUG: a format and its arguments.
-#define LOG_DEBUG(...)                                                                      \
-    ::paramgen::ConsoleLogPrint(::paramgen::kConsoleDebug, ::paramgen::kParamTag, __func__, \
-                                static_cast<std::uint32_t>(__LINE__), __VA_ARGS__)
+#define LOG_DEBUG AT_THIS_LINE_ LOG_DEBUG_
+#define LOG_DEBUG_(...)                                                                            \
+    ::paramgen::ConsoleLogPrint(::paramgen::kConsoleDebug, ::paramgen::kParamTag, __func__, line_, \
+                                __VA_ARGS__)

@@ -10,31 +10,34 @@
 #include "param/common/param_log.h"
 
 /// Runs a step. When it fails, logs `label` with its code and returns the code.
-#define CALL_OR_RETURN(step, label)                                                         \
-    do {                                                                                    \
-        const ::paramgen::Status status_ = (step);                                          \
-        if (status_ != ::paramgen::kOk) {                                                   \
-            LOG_ERROR("[%s] failed[0x%08X]\n", label, static_cast<std::uint32_t>(status_)); \
-            return status_;                                                                 \
-        }                                                                                   \
+#define CALL_OR_RETURN AT_THIS_LINE_ CALL_OR_RETURN_
+#define CALL_OR_RETURN_(step, label)                                                         \
+    do {                                                                                     \
+        const ::paramgen::Status status_ = (step);                                           \
+        if (status_ != ::paramgen::kOk) {                                                    \
+            LOG_ERROR_("[%s] failed[0x%08X]\n", label, static_cast<std::uint32_t>(status_)); \
+            return status_;                                                                  \
+        }                                                                                    \
     } while (false)
 
 /// Formats `key` (a `Key`) from a template and its arguments. When the text does not fit, logs
 /// `label` and returns -1.
-#define FORMAT_OR_RETURN(key, label, ...)      \
-    do {                                       \
-        if ((key).Format(__VA_ARGS__) == -1) { \
-            LOG_ERROR("[%s] failed\n", label); \
-            return ::paramgen::kFailed;        \
-        }                                      \
+#define FORMAT_OR_RETURN AT_THIS_LINE_ FORMAT_OR_RETURN_
+#define FORMAT_OR_RETURN_(key, label, ...)      \
+    do {                                        \
+        if ((key).Format(__VA_ARGS__) == -1) {  \
+            LOG_ERROR_("[%s] failed\n", label); \
+            return ::paramgen::kFailed;         \
+        }                                       \
     } while (false)
 
 /// Formats `key` as the full key of the row `field` for element `index`, under `node` where the row
 /// has no node of its own. When it does not fit, logs "sprintf_s" and returns -1.
-#define FORMAT_KEY_OR_RETURN(key, node, field, index)                      \
+#define FORMAT_KEY_OR_RETURN AT_THIS_LINE_ FORMAT_KEY_OR_RETURN_
+#define FORMAT_KEY_OR_RETURN_(key, node, field, index)                     \
     do {                                                                   \
         if (::paramgen::FormatFullKey(&(key), node, field, index) == -1) { \
-            LOG_ERROR("[%s] failed\n", "sprintf_s");                       \
+            LOG_ERROR_("[%s] failed\n", "sprintf_s");                      \
             return ::paramgen::kFailed;                                    \
         }                                                                  \
     } while (false)
@@ -42,40 +45,44 @@
 /// Loads the rows of `fields` (a row, a slice or a table) into `record`, each looked up under
 /// `node` in `module`. When a row fails, what it logged stands under this function's name, and its
 /// code is returned.
-#define LOAD_OR_RETURN(module, node, fields, record)                                         \
-    do {                                                                                     \
-        const ::paramgen::Status status_ = ::paramgen::LoadFields(                           \
-            {__func__, static_cast<std::uint32_t>(__LINE__)}, module, node, fields, record); \
-        if (status_ != ::paramgen::kOk) {                                                    \
-            return status_;                                                                  \
-        }                                                                                    \
+#define LOAD_OR_RETURN AT_THIS_LINE_ LOAD_OR_RETURN_
+#define LOAD_OR_RETURN_(module, node, fields, record)                                \
+    do {                                                                             \
+        const ::paramgen::Status status_ =                                           \
+            ::paramgen::LoadFields({__func__, line_}, module, node, fields, record); \
+        if (status_ != ::paramgen::kOk) {                                            \
+            return status_;                                                          \
+        }                                                                            \
     } while (false)
 
 /// Loads one row, `field`, for element `index` of what it stands for.
-#define LOAD_ELEMENT_OR_RETURN(module, node, field, index, record)                                 \
-    do {                                                                                           \
-        const ::paramgen::Status status_ = ::paramgen::LoadField(                                  \
-            {__func__, static_cast<std::uint32_t>(__LINE__)}, module, node, field, index, record); \
-        if (status_ != ::paramgen::kOk) {                                                          \
-            return status_;                                                                        \
-        }                                                                                          \
+#define LOAD_ELEMENT_OR_RETURN AT_THIS_LINE_ LOAD_ELEMENT_OR_RETURN_
+#define LOAD_ELEMENT_OR_RETURN_(module, node, field, index, record)                       \
+    do {                                                                                  \
+        const ::paramgen::Status status_ =                                                \
+            ::paramgen::LoadField({__func__, line_}, module, node, field, index, record); \
+        if (status_ != ::paramgen::kOk) {                                                 \
+            return status_;                                                               \
+        }                                                                                 \
     } while (false)
 
 /// Returns -1, logging so, when a loader is given no record.
-#define REQUIRE_RECORD_OR_RETURN(record)                 \
-    do {                                                 \
-        if ((record) == nullptr) {                       \
-            LOG_ERROR("pointer[%s] is null\n", "param"); \
-            return ::paramgen::kFailed;                  \
-        }                                                \
+#define REQUIRE_RECORD_OR_RETURN AT_THIS_LINE_ REQUIRE_RECORD_OR_RETURN_
+#define REQUIRE_RECORD_OR_RETURN_(record)                 \
+    do {                                                  \
+        if ((record) == nullptr) {                        \
+            LOG_ERROR_("pointer[%s] is null\n", "param"); \
+            return ::paramgen::kFailed;                   \
+        }                                                 \
     } while (false)
 
 /// Returns -1, logging `key` and `count`, when a count is larger than what its section has room
 /// for.
-#define REQUIRE_COUNT_OR_RETURN(key, count, max)                                 \
-    do {                                                                         \
-        if ((count) > (max)) {                                                   \
-            LOG_ERROR("[%s] count[%u] is beyond the section\n", (key), (count)); \
-            return ::paramgen::kFailed;                                          \
-        }                                                                        \
+#define REQUIRE_COUNT_OR_RETURN AT_THIS_LINE_ REQUIRE_COUNT_OR_RETURN_
+#define REQUIRE_COUNT_OR_RETURN_(key, count, max)                                 \
+    do {                                                                          \
+        if ((count) > (max)) {                                                    \
+            LOG_ERROR_("[%s] count[%u] is beyond the section\n", (key), (count)); \
+            return ::paramgen::kFailed;                                           \
+        }                                                                         \
     } while (false)

@@ -5,9 +5,15 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <optional>
+#include <regex>
 #include <vector>
 
+#include "support/records.h"
 #include "support/temp_dir.h"
 
 namespace paramgen::testing {
@@ -20,52 +26,142 @@ std::string FromEnvironment(const char* name, const char* otherwise) {
     return value == nullptr ? otherwise : value;
 }
 
+/// What is run, and how.
+struct Command {
+    std::string runner;  ///< empty: the program itself is run
+    std::string program;
+    Output output;
+    Rights rights;
+};
+
 /// In the child: becomes the program, or exits with 127.
-[[noreturn]] void Become(const std::filesystem::path& directory, const std::string& program,
-                         const std::string& capture, Output output, Rights rights) {
-    const std::string runner = FromEnvironment("PARAMGEN_RUNNER", "");
+[[noreturn]] void Become(const std::filesystem::path& directory, Command command,
+                         const std::string& capture) {
     std::vector<char*> arguments;
-    std::string runnerText = runner;
-    std::string programText = program;
-    if (!runner.empty()) {
-        arguments.push_back(runnerText.data());
+    if (!command.runner.empty()) {
+        arguments.push_back(command.runner.data());
     }
-    arguments.push_back(programText.data());
+    arguments.push_back(command.program.data());
     arguments.push_back(nullptr);
     close(STDOUT_FILENO);
     const bool redirected =
-        output == Output::kClosed || open(capture.c_str(), O_WRONLY | O_CREAT, 0666) == 1;
-    const bool droppedRights =
-        rights == Rights::kOwn || geteuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0);
+        command.output == Output::kClosed || open(capture.c_str(), O_WRONLY | O_CREAT, 0666) == 1;
+    const bool droppedRights = command.rights == Rights::kOwn || geteuid() != 0 ||
+                               (setgid(kNobody) == 0 && setuid(kNobody) == 0);
     if (redirected && droppedRights && chdir(directory.c_str()) == 0) {
         execvp(arguments[0], arguments.data());
     }
     _exit(127);
 }
 
-}  // namespace
-
-ProgramRun RunProgram(const std::filesystem::path& directory, Output output, Rights rights) {
+ProgramRun Run(const std::filesystem::path& directory, Command command) {
     const TempDir capture;
-    std::string program = FromEnvironment("PARAMGEN_PROGRAM", PARAMGEN_PROGRAM);
-    if (rights == Rights::kNobody) {
+    if (command.rights == Rights::kNobody) {
         // Nobody may not reach the build directory.
         const std::filesystem::path copy = capture.path() / "paramgen";
-        std::filesystem::copy_file(program, copy);
-        program = copy.string();
+        std::filesystem::copy_file(command.program, copy);
+        command.program = copy.string();
         std::filesystem::permissions(capture.path(), std::filesystem::perms(0755));
         std::filesystem::permissions(directory, std::filesystem::perms(0777));
     }
     const std::string file = (capture.path() / "stdout").string();
     const pid_t child = fork();
     if (child == 0) {
-        Become(directory, program, file, output, rights);
+        Become(directory, command, file);
     }
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child) {
         ADD_FAILURE() << "the program cannot be run";
     }
     return {.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -1, .output = ReadFile(file)};
+}
+
+constexpr std::array kOutputFiles = {"param.bin", "paramdef.bin"};
+
+/// The bytes of the output files; none where there is no plain file.
+using Files = std::array<std::optional<std::string>, kOutputFiles.size()>;
+
+Files ReadFiles(const std::filesystem::path& directory) {
+    Files files;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (std::filesystem::is_regular_file(directory / kOutputFiles[i])) {
+            files[i] = ReadFile(directory / kOutputFiles[i]);
+        }
+    }
+    return files;
+}
+
+/// Puts the output files back to what they were, where they are plain files now.
+void Restore(const std::filesystem::path& directory, const Files& before) {
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const std::filesystem::path path = directory / kOutputFiles[i];
+        if (before[i]) {
+            std::ofstream(path, std::ios::binary) << *before[i];
+        } else if (std::filesystem::is_regular_file(path)) {
+            std::filesystem::remove(path);
+        }
+    }
+}
+
+/// Output as it has to be the same for every program. How much of a file fwrite takes before it
+/// meets a full disk depends on the buffer of the libc.
+std::string Comparable(std::string_view output) {
+    static const std::regex taken("(fwrite : total 29928, write )[0-9]+");
+    return std::regex_replace(MaskTimes(output), taken, "$1#");
+}
+
+std::string Describe(const std::optional<std::string>& bytes) {
+    return bytes ? std::to_string(bytes->size()) + " bytes" : "no plain file";
+}
+
+/// Says at the end how many runs were compared, lest none is.
+class Comparisons : public ::testing::Environment {
+public:
+    void TearDown() override {
+        if (count_ != 0) {
+            std::printf("%d runs compared with %s\n", count_,
+                        FromEnvironment(kReference, "").c_str());
+        }
+    }
+    void CountOne() { ++count_; }
+
+    static constexpr char kReference[] = "PARAMGEN_REFERENCE_PROGRAM";
+
+private:
+    int count_ = 0;
+};
+
+Comparisons* const g_comparisons = static_cast<Comparisons*>(
+    ::testing::AddGlobalTestEnvironment(new Comparisons));  // GoogleTest owns it
+
+}  // namespace
+
+ProgramRun RunProgram(const std::filesystem::path& directory, Output output, Rights rights) {
+    const Command command = {.runner = FromEnvironment("PARAMGEN_RUNNER", ""),
+                             .program = FromEnvironment("PARAMGEN_PROGRAM", PARAMGEN_PROGRAM),
+                             .output = output,
+                             .rights = rights};
+    const std::string reference = FromEnvironment(Comparisons::kReference, "");
+    if (reference.empty()) {
+        return Run(directory, command);
+    }
+    const Files before = ReadFiles(directory);
+    const ProgramRun expected =
+        Run(directory, {.runner = "", .program = reference, .output = output, .rights = rights});
+    const Files expectedFiles = ReadFiles(directory);
+    Restore(directory, before);
+
+    const ProgramRun run = Run(directory, command);
+    const Files files = ReadFiles(directory);
+    EXPECT_EQ(run.exitStatus, expected.exitStatus) << "unlike " << reference;
+    EXPECT_EQ(Comparable(run.output), Comparable(expected.output)) << "unlike " << reference;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        EXPECT_TRUE(files[i] == expectedFiles[i])
+            << kOutputFiles[i] << " is unlike that of " << reference << ": " << Describe(files[i])
+            << ", there " << Describe(expectedFiles[i]);
+    }
+    g_comparisons->CountOne();
+    return run;
 }
 
 }  // namespace paramgen::testing

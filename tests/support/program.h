@@ -21,6 +21,10 @@ struct ProgramRun {
 /// Runs the program in `directory`. The program is the one that was built along with the tests, or
 /// that of the environment variable PARAMGEN_PROGRAM; PARAMGEN_RUNNER names an emulator to run it
 /// by.
+///
+/// With PARAMGEN_REFERENCE_PROGRAM set, that program, one of the host, runs in `directory` before,
+/// and the two are expected to do the same: exit status, what they write to standard output, time
+/// stamps apart, and what they leave in the output files.
 ProgramRun RunProgram(const std::filesystem::path& directory, Output output = Output::kCaptured,
                       Rights rights = Rights::kOwn);
 

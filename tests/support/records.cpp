@@ -50,11 +50,14 @@ std::vector<std::string> TextsOf(std::string_view output, std::string_view level
     return texts;
 }
 
+std::string MaskTimes(std::string_view output) {
+    static const std::regex time("\\[[0-9]{2}:[0-9]{2}:[0-9]{2}:[0-9]{3,4}\\]");
+    return std::regex_replace(std::string(output), time, "[time]");
+}
+
 std::string MaskVolatile(std::string_view output) {
     static const std::regex line("(\033\\[m\\[[^\n]*?-PARAM\\]:[A-Za-z0-9_]*)\\[[0-9]+\\]:");
-    static const std::regex time("\\[[0-9]{2}:[0-9]{2}:[0-9]{2}:[0-9]{3,4}\\]");
-    const std::string lines = std::regex_replace(std::string(output), line, "$1[#]:");
-    return std::regex_replace(lines, time, "[time]");
+    return std::regex_replace(MaskTimes(output), line, "$1[#]:");
 }
 
 }  // namespace paramgen::testing

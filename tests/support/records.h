@@ -35,8 +35,11 @@ inline std::vector<std::string> EchoOf(std::string_view output) {
     return TextsOf(output, "DEBUG");
 }
 
+/// The output with every time stamp of a library record replaced by "[time]".
+std::string MaskTimes(std::string_view output);
+
 /// The output with every source line number of a console record replaced by "[#]", and every time
-/// stamp of a library record by "[time]".
+/// stamp masked.
 std::string MaskVolatile(std::string_view output);
 
 }  // namespace paramgen::testing

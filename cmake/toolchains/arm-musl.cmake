@@ -1,0 +1,11 @@
+# The target: 32-bit little-endian ARM Linux with musl. docs/target.md tells how to use it.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR arm)
+
+set(PARAMGEN_MACHINE arm)
+set(PARAMGEN_MUSL_TRIPLET arm-linux-musleabihf)
+set(PARAMGEN_GNU_TRIPLET arm-linux-gnueabihf)
+# What Debian's musl and libgcc are built for.
+set(PARAMGEN_CPU_FLAGS "-march=armv7-a -mfpu=vfpv3-d16 -mfloat-abi=hard -mthumb")
+
+include("${CMAKE_CURRENT_LIST_DIR}/musl.cmake")
