@@ -152,7 +152,7 @@ private:
 
     void Line(const std::string& line) {
         if (!plain_ && random_.OneIn(10)) {
-            text_ += random_.OneOf({"", "# nothing = here", "  ; nothing", "   "});
+            text_ += random_.OneOf({"", "# nothing = here", "  ; nothing", "   ", "[]"});
             text_ += lineEnd_;
         }
         const bool comment = !plain_ && random_.OneIn(10);
