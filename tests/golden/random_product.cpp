@@ -122,6 +122,7 @@ public:
         if (!plain_ && random_.OneIn(40)) {
             Line(key.substr(colon + 1) + " = overwritten");
         }
+        lastKey_ = key.substr(colon + 1);
         const std::string equals =
             plain_ ? " = " : random_.OneOf({"=", " = ", "\t=\t", "  =", "= "});
         Line(AnyCase(random_, key.substr(colon + 1)) + equals + value);
