@@ -53,11 +53,17 @@ void PlaceFrame(Building& building) {
 BuiltImage BuildImage(const Product& product) {
     Building building{.product = product, .image = "", .asked = {}};
     PlaceFrame(building);
+    building.end = 24344;
     PlaceDeviceManagement(Placer(building, "devmng"), 23924);
+    building.end = 23924;
     PlaceFileManagement(Placer(building, "filemng"), 22480);
+    building.end = 9644;
     PlaceMediaCommon(Placer(building, "media_common"), 8928);
+    building.end = 8928;
     PlaceWorkMode(Placer(building, ""), 16);
+    building.end = 29920;
     PlaceValueSets(Placer(building, "valueset"), 24344);
+    building.end = 22480;
     PlaceCamera(Placer(building, ""), 9648, 0);
     return {.bytes = building.image, .asked = building.asked, .failed = building.failed};
 }

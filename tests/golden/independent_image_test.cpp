@@ -106,6 +106,59 @@ TEST(IndependentImage, OfTheExampleProduct) {
     EXPECT_EQ(Differences(directory.path()), "");
 }
 
+/// What a file of the example product is given besides.
+struct Change {
+    std::string file;
+    std::string lines;
+};
+
+class ChangedExample : public ::testing::TestWithParam<Change> {};
+
+/// Loads to the same image, or is refused by both.
+TEST_P(ChangedExample, AsIndependently) {
+    const TempDir directory;
+    std::filesystem::copy(PARAMGEN_EXAMPLES "/dashcam", directory.path(),
+                          std::filesystem::copy_options::recursive);
+    const std::string text = ReadFile(directory.path() / GetParam().file);
+    directory.Write(GetParam().file, text + GetParam().lines);
+    const ProgramRun run = RunProgram(directory.path());
+    const bool loads = BuildIndependentImage(directory.path()).has_value();
+    EXPECT_EQ(run.exitStatus == 0, loads) << ::testing::PrintToString(ErrorsOf(run.output));
+    EXPECT_TRUE(!loads || Differences(directory.path()).empty()) << Differences(directory.path());
+}
+
+const std::string kRecord = "workmode/record.ini";
+const std::string kValueSet = "valueset.ini";
+const std::string kMode = "camera/mediamode/mode0_2160p_30.ini";
+
+// Counts without a bound of their own run into what follows, up to the end of the section.
+INSTANTIATE_TEST_SUITE_P(
+    Counts, ChangedExample,
+    ::testing::Values(Change{kRecord, "[normal.0]\nthmcnt = 7\nthmhdl4 = 77\nthmhdl6 = 78\n"},
+                      Change{kRecord, "[normal.0]\nthmcnt = 1105\nthmhdl1104 = 77\n"},
+                      Change{kRecord, "[normal.0]\nthmcnt = 1106\n"},
+                      Change{kRecord, "[normal.0]\nthmcnt = -1\n"},
+                      Change{kValueSet, "[volume]\nnum = 12\nvalue10 = 10\nvalue11 = 11\n"},
+                      Change{kValueSet, "[screen.dormant]\nnum = 12\nvalue11 = 11\n"},
+                      Change{kValueSet, "[cam.0.enc.payloadtype]\nnum = 348\nvalue300 = 3\n"},
+                      Change{kValueSet, "[cam.0.enc.payloadtype]\nnum = 349\n"},
+                      Change{kValueSet, "[cam.0.burst.mediamode]\nnum = 11\n"},
+                      Change{kValueSet, "[usb.mode]\nnum = -1\n"},
+                      Change{kMode, "[vb]\nmax_poolcnt = 9\n"},
+                      Change{kMode, "[vb]\nmax_poolcnt = -1\n"}));
+
+// A number at the end of its range counts as out of it once another was out of its own.
+INSTANTIATE_TEST_SUITE_P(
+    Ranges, ChangedExample,
+    ::testing::Values(
+        Change{kMode, "[vcap.pipe.0]\nisp_width = 2147483647\nscene_param_idx = -2147483648\n"},
+        Change{kMode, "[vcap.dev]\ncomponentmask0 = 99999999999\n"},
+        Change{kMode, "[vcap.dev]\ncomponentmask0 = 99999999999\n[venc.0]\ngop = 2147483647\n"},
+        Change{kMode, "[vcap.dev]\ncomponentmask0 = -99999999999\n"},
+        Change{kMode, "[vcap.pipe.0]\nisp_framerate = 1e999\n"},
+        Change{kMode, "[vcap.pipe.0]\nisp_framerate = 1e999\nisp_width = 2147483647\n"},
+        Change{kMode, "[vcap.pipe.0]\nisp_framerate = -inf\n"}));
+
 TEST(IndependentImage, NoTwoKeysShareAByte) {
     std::vector<int> owners(29928);
     for (const AskedKey& key : Keys()) {

@@ -38,7 +38,9 @@ bool AddLine(const std::string& line, std::string& section, IniKeys& keys) {
         return true;
     }
     if (text.front() == '[' && text.back() == ']') {
-        section = Lower(Strip(text.substr(1, text.find(']') - 1)));
+        const std::string name = text.substr(1, text.find(']') - 1);
+        // Brackets around nothing go on with the section before.
+        section = name.empty() ? section : Lower(Strip(name));
         keys[section] = std::nullopt;
         return true;
     }

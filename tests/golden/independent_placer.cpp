@@ -219,7 +219,7 @@ std::uint32_t Placer::At(std::size_t at) const {
 }
 
 void Placer::Store(std::size_t at, std::uint64_t value, std::size_t bytes) {
-    if (at + bytes > building_->image.size()) {
+    if (at + bytes > building_->end) {
         Fail();
         return;
     }
@@ -229,7 +229,7 @@ void Placer::Store(std::size_t at, std::uint64_t value, std::size_t bytes) {
 }
 
 void Placer::StoreText(std::size_t at, std::size_t size, const std::string& text) {
-    if (text.size() >= size || at + size > building_->image.size()) {
+    if (text.size() >= size || at + size > building_->end) {
         Fail();
         return;
     }

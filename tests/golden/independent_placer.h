@@ -44,6 +44,7 @@ struct AskedKey {
 struct Building {
     const Product& product;
     std::string image;
+    std::size_t end = 0;      ///< where the section ends that is being filled
     bool failed = false;      ///< something was met that must stop the program
     bool rangeError = false;  ///< a number before was out of the range of its type
     std::vector<AskedKey> asked;

@@ -122,6 +122,7 @@ public:
         if (!plain_ && random_.OneIn(40)) {
             Line(key.substr(colon + 1) + " = overwritten");
         }
+        lastKey_ = key.substr(colon + 1);
         const std::string equals =
             plain_ ? " = " : random_.OneOf({"=", " = ", "\t=\t", "  =", "= "});
         Line(AnyCase(random_, key.substr(colon + 1)) + equals + value);
@@ -152,7 +153,7 @@ private:
 
     void Line(const std::string& line) {
         if (!plain_ && random_.OneIn(10)) {
-            text_ += random_.OneOf({"", "# nothing = here", "  ; nothing", "   "});
+            text_ += random_.OneOf({"", "# nothing = here", "  ; nothing", "   ", "[]"});
             text_ += lineEnd_;
         }
         const bool comment = !plain_ && random_.OneIn(10);
