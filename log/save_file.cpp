@@ -26,7 +26,6 @@ struct SaveFile {
 struct SavePath {
     pthread_mutex_t lock;
     std::atomic<bool> enabled;  ///< changed under the lock, asked for without
-    std::uint32_t sizeLimit;    ///< in bytes, of either file
     SaveFile* current;          ///< the file written last
     SaveFile first;
     SaveFile second;
@@ -35,11 +34,14 @@ struct SavePath {
 
 SavePath g_save = {.lock = PTHREAD_MUTEX_INITIALIZER,
                    .enabled = false,
-                   .sizeLimit = kSaveFileSizeLimit,
                    .current = nullptr,
                    .first = {},
                    .second = {},
                    .secondOpenCount = 0};
+
+/// In bytes, of either file; guarded as well. It stands apart so that the rest, being zero, takes
+/// no room in the program's file.
+std::uint32_t g_sizeLimit = kSaveFileSizeLimit;
 
 /// One record on its way into a file.
 struct Record {
@@ -113,7 +115,7 @@ std::int32_t LOG_WriteLog(SaveFile* file, const Record& record) {
         }
         return result;
     }
-    if (record.length + file->bytes > g_save.sizeLimit) {
+    if (record.length + file->bytes > g_sizeLimit) {
         return kSaveFull;
     }
     if (!WriteWhole(*file, record)) {
@@ -219,7 +221,7 @@ std::int32_t ZV_LOG_OpenSave(const char* directory, std::uint32_t sizeLimit) {
     CloseFiles();
     const std::int32_t result = OpenFirst(directory);
     if (result == 0) {
-        g_save.sizeLimit = sizeLimit;
+        g_sizeLimit = sizeLimit;
         g_save.enabled.store(true, std::memory_order_relaxed);
     }
     Unlock();
