@@ -168,8 +168,11 @@ TEST_F(Modules, MissingNameAbandonsTheRegistration) {
 }
 
 TEST_F(Modules, SectionMarkerInPlaceOfANameIsNone) {
-    EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 = a\n[module:module1]\n").status,
-              Code(0xA1418049U));
+    EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 = a\n[module:module1]\n"
+                   "[a]\ncfg_filename = a.ini\n"),
+              (Outcome{Code(0xA1418049U), "[time][QXCONFACCE] Load module:module1 failed\n" +
+                                              std::string(kModuleInfoFailed) +
+                                              AddCfgFailed("A1418049")}));
 }
 
 TEST_F(Modules, RepeatedNameAbandonsTheRegistration) {
