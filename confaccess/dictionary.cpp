@@ -72,11 +72,13 @@ bool Dictionary::Grow(std::uint32_t slots) {
     if (index == nullptr) {
         return false;
     }
-    Slot* moved = static_cast<Slot*>(std::realloc(slots_.get(), std::size_t{slots} * sizeof(Slot)));
+    Slot* moved = static_cast<Slot*>(std::malloc(std::size_t{slots} * sizeof(Slot)));
     if (moved == nullptr) {
         return false;
     }
-    static_cast<void>(slots_.release());
+    if (used_ != 0) {
+        std::memcpy(moved, slots_.get(), used_ * sizeof(Slot));
+    }
     slots_.reset(moved);
     index_ = std::move(index);
     size_ = slots;

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 
 #include "confaccess/argument_checks.h"
 #include "confaccess/confaccess.h"
@@ -96,7 +97,7 @@ Status ZV_CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "RealPath failed\n");
         return kFailed;
     }
-    if (std::strstr(cfgPath, ".ini") == nullptr) {
+    if (std::string_view(cfgPath).find(".ini") == std::string_view::npos) {
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "Cfgpath is not correct\n");
         return kNoConfiguration;
     }

@@ -1,6 +1,5 @@
 #include "log/console_log.h"
 
-#include <cstdarg>
 #include <cstdio>
 
 #include "log/wall_clock.h"
@@ -54,17 +53,21 @@ void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint3
 
 void ConsoleLogPrint(std::uint32_t level, const char* module, const char* function,
                      std::uint32_t line, const char* format, ...) {
+    std::va_list args;
+    va_start(args, format);
+    ConsoleLogPrintV(level, module, function, line, format, args);
+    va_end(args);
+}
+
+void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* function,
+                      std::uint32_t line, const char* format, std::va_list args) {
     if (level > g_settings.level || !g_settings.enabled) {
         return;
     }
     PrintPrefix(level, OrEmpty(module), OrEmpty(function), line);
-    if (format == nullptr) {
-        return;
+    if (format != nullptr) {
+        std::vprintf(format, args);
     }
-    std::va_list args;
-    va_start(args, format);
-    std::vprintf(format, args);
-    va_end(args);
 }
 
 }  // namespace paramgen

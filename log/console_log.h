@@ -5,6 +5,7 @@
 /// process-wide and unguarded: the console log serves one thread.
 #pragma once
 
+#include <cstdarg>
 #include <cstdint>
 
 namespace paramgen {
@@ -29,5 +30,10 @@ void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint3
 [[gnu::format(printf, 5, 6)]] void ConsoleLogPrint(std::uint32_t level, const char* module,
                                                    const char* function, std::uint32_t line,
                                                    const char* format, ...);
+
+/// The same with the arguments in `args`.
+[[gnu::format(printf, 5, 0)]] void ConsoleLogPrintV(std::uint32_t level, const char* module,
+                                                    const char* function, std::uint32_t line,
+                                                    const char* format, std::va_list args);
 
 }  // namespace paramgen

@@ -42,6 +42,9 @@ int FormatPrefix(char (&record)[kRecordSize], const char* levelName, const char*
 
 }  // namespace
 
+// Here and not in the save path, which a program need not have.
+std::atomic<void (*)(const char*, std::size_t)> g_saveRecord = nullptr;
+
 void ZV_LOG_SetThreshold(std::int32_t threshold) {
     g_threshold.store(threshold, std::memory_order_relaxed);
 }
@@ -74,8 +77,9 @@ std::int32_t ZV_LOG_PrintfInfo(const char* module, std::int32_t level, const cha
     if (message == -1) {
         return -1;
     }
-    if (ZV_LOG_IsSaveOpen()) {
-        LOG_SaveLog(record, static_cast<std::size_t>(prefix) + static_cast<std::size_t>(message));
+    const auto save = g_saveRecord.load(std::memory_order_relaxed);
+    if (save != nullptr) {
+        save(record, static_cast<std::size_t>(prefix) + static_cast<std::size_t>(message));
     }
     std::printf("%s", record);
     return 0;

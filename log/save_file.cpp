@@ -3,7 +3,6 @@
 #include <pthread.h>
 #include <sys/stat.h>
 
-#include <atomic>
 #include <cstdio>
 
 #include "log/own_message.h"
@@ -25,15 +24,13 @@ struct SaveFile {
 /// State of the save path; `lock` guards all of it.
 struct SavePath {
     pthread_mutex_t lock;
-    std::atomic<bool> enabled;  ///< changed under the lock, asked for without
-    SaveFile* current;          ///< the file written last
+    SaveFile* current;  ///< the file written last
     SaveFile first;
     SaveFile second;
     std::uint32_t secondOpenCount;
 };
 
 SavePath g_save = {.lock = PTHREAD_MUTEX_INITIALIZER,
-                   .enabled = false,
                    .current = nullptr,
                    .first = {},
                    .second = {},
@@ -175,7 +172,7 @@ std::int32_t WriteInTurn(const Record& record) {
 void CloseFiles() {
     CloseStream(&g_save.first);
     g_save.first.bytes = 0;
-    g_save.enabled.store(false, std::memory_order_relaxed);
+    g_saveRecord.store(nullptr, std::memory_order_relaxed);
     CloseStream(&g_save.second);
     g_save.second.bytes = 0;
     g_save.secondOpenCount = 0;
@@ -199,7 +196,7 @@ std::int32_t OpenFirst(const char* directory) {
 }  // namespace
 
 bool ZV_LOG_IsSaveOpen() {
-    return g_save.enabled.load(std::memory_order_relaxed);
+    return g_saveRecord.load(std::memory_order_relaxed) != nullptr;
 }
 
 std::int32_t LOG_CheckFileSize(std::FILE* handle, std::uint32_t* size) {
@@ -222,7 +219,7 @@ std::int32_t ZV_LOG_OpenSave(const char* directory, std::uint32_t sizeLimit) {
     const std::int32_t result = OpenFirst(directory);
     if (result == 0) {
         g_sizeLimit = sizeLimit;
-        g_save.enabled.store(true, std::memory_order_relaxed);
+        g_saveRecord.store(LOG_SaveLog, std::memory_order_relaxed);
     }
     Unlock();
     return result;

@@ -3,6 +3,7 @@
 /// all of it.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -33,6 +34,10 @@ bool ZV_LOG_IsSaveOpen();
 /// Appends one record of `length` bytes to the file whose turn it is. A failure closes the save
 /// path.
 void LOG_SaveLog(const char* record, std::size_t length);
+
+/// `LOG_SaveLog` while the save path is open, null otherwise. The library log reaches the save path
+/// through this alone: a program that never opens it does not carry it along.
+extern std::atomic<void (*)(const char* record, std::size_t length)> g_saveRecord;
 
 /// Measures an open file by seeking to its end, where it stays. Returns 0, or `kSaveNoSize` when
 /// there is no file, its position cannot be read or it does not fit 31 bits.
