@@ -13,7 +13,7 @@ namespace {
 
 /// One row on its way into a record.
 struct Load {
-    const CallSite& site;
+    CallSite site;
     const char* module;
     const char* node;  ///< the row's own, or the loader's
     const char* item;  ///< the row's key, its number in place
@@ -21,15 +21,8 @@ struct Load {
     std::byte* dest;
 };
 
-void LogNotFormatted(const CallSite& site) {
-    ConsoleLogPrint(kConsoleError, kParamTag, site.function, site.line, "[%s] failed\n",
-                    "sprintf_s");
-}
-
-Status LogFailed(const CallSite& site, const char* label, Status status) {
-    ConsoleLogPrint(kConsoleError, kParamTag, site.function, site.line, "[%s] failed[0x%08X]\n",
-                    label, static_cast<std::uint32_t>(status));
-    return status;
+Status LogNotFormatted(CallSite site) {
+    return LogFailed(site.function, site.line, "sprintf_s");
 }
 
 template <typename Value>
@@ -60,8 +53,8 @@ bool FitsInt16(std::int32_t number) {
            number <= std::numeric_limits<std::int16_t>::max();
 }
 
-Status LogOutOfRange(const CallSite& site) {
-    ConsoleLogPrint(kConsoleError, kParamTag, site.function, site.line, "value is out of range");
+Status LogOutOfRange(CallSite site) {
+    LogError(site.function, site.line, "value is out of range");
     return kFailed;
 }
 
@@ -100,8 +93,7 @@ Status LoadThroughReader(const Load& load) {
     switch (load.field.kind) {
         case FieldKind::kText:
             if (length == -1) {
-                LogNotFormatted(load.site);
-                return kFailed;
+                return LogNotFormatted(load.site);
             }
             status = ReadText(load, fullKey.c_str());
             break;
@@ -126,7 +118,10 @@ Status LoadThroughReader(const Load& load) {
         return kOk;
     }
     const char* label = load.field.fullLabel ? fullKey.c_str() : load.item;
-    return LogFailed(load.site, load.field.label != nullptr ? load.field.label : label, status);
+    if (load.field.extra == FieldExtra::kLabel) {
+        label = load.field.label;
+    }
+    return LogFailed(load.site.function, load.site.line, label, status);
 }
 
 /// Queries a name and stores its number; an absent key leaves the member as it is.
@@ -169,8 +164,7 @@ Status QueryNumber(const Load& load, const char* fullKey) {
 Status LoadThroughQuery(const Load& load) {
     Key fullKey;
     if (fullKey.Format("%s:%s", load.node, load.item) == -1) {
-        LogNotFormatted(load.site);
-        return kFailed;
+        return LogNotFormatted(load.site);
     }
     Status status = kOk;
     switch (load.field.kind) {
@@ -184,7 +178,8 @@ Status LoadThroughQuery(const Load& load) {
             status = QueryNumber(load, fullKey.c_str());
             break;
     }
-    return status == kOk ? kOk : LogFailed(load.site, fullKey.c_str(), status);
+    return status == kOk ? kOk
+                         : LogFailed(load.site.function, load.site.line, fullKey.c_str(), status);
 }
 
 /// Puts an element's number into a key template.
@@ -198,7 +193,7 @@ int FormatItem(Key* item, const char* key, std::uint32_t index) {
 
 }  // namespace
 
-Status LoadField(const CallSite& site, const char* module, const char* node, const Field& field,
+Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
                  std::uint32_t index, void* record) {
     std::byte* start = static_cast<std::byte*>(record);
     std::byte* dest = start + field.offset;
@@ -217,8 +212,7 @@ Status LoadField(const CallSite& site, const char* module, const char* node, con
     }
     Key item;
     if (FormatItem(&item, field.key, index) == -1) {
-        LogNotFormatted(site);
-        return kFailed;
+        return LogNotFormatted(site);
     }
     const Load load = {.site = site,
                        .module = module,
@@ -237,7 +231,7 @@ int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t 
     return key->Format("%s:%s", field.ownNode ? field.node : node, item.c_str());
 }
 
-Status LoadFields(const CallSite& site, const char* module, const char* node,
+Status LoadFields(CallSite site, const char* module, const char* node,
                   std::span<const Field> fields, void* record) {
     for (const Field& field : fields) {
         const Status status = LoadField(site, module, node, field, 0, record);

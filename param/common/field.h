@@ -44,27 +44,52 @@ enum class FieldSource : std::uint8_t {
 
 struct RecordTable;
 
-/// One row.
+namespace field_detail {
+
+// Never defined: a compiler that has to evaluate one of these names the mistake in a table.
+void ARowOverlapsAnother();
+void TheRowsLeaveBytesOut();
+void NoSuchRowsInThisOrder();
+void TheKeyTakesMoreThanOneNumber();
+void ThisKindHasNoDefault();
+void NoReaderStoresThisKind();
+void NoQueryStoresThisKind();
+void ARowHasOneExtraAtMost();
+
+}  // namespace field_detail
+
+/// What some rows have besides. No row has two of them, so that one place holds either.
+enum class FieldExtra : std::uint8_t {
+    kNothing,
+    kLabel,           ///< what its failure is labelled with
+    kModule,          ///< where it comes from, if not from the record's module
+    kSearchedModule,  ///< the same, found by a search
+    kLookup,          ///< kName: who knows the names
+};
+
+/// One row. Hundreds of them are what the program is largely made of, hence the unions and widths.
 struct Field {
-    const char* key;     ///< item name or its template; null when there is none
-    const char* node;    ///< where it stands, if not under the record's node; see `ownNode`
-    const char* module;  ///< where it comes from, if not from the record's module
-    const char* label;   ///< failure label; null: the item name, after its node if `fullLabel`
     union {
-        NameLookup lookup;         ///< kName
-        const RecordTable* table;  ///< kRecord
+        const char* key;           ///< item name or its template; null when there is none
+        const RecordTable* table;  ///< kTable
     };
+    const char* node;  ///< where it stands, if not under the record's node; see `ownNode`
+    union {
+        const char* label;
+        const char* module;
+        NameLookup lookup;
+    };                          ///< see `extra`
     std::int32_t defaultValue;  ///< of an absent key; kConstant: the value; kCopy: the offset of
                                 ///< what is copied
     std::uint16_t offset;       ///< of the first element, in bytes from the record's start
     std::uint16_t size;         ///< of one element, in bytes
     std::uint16_t count;        ///< number of elements, 1 when the member is no array
-    FieldKind kind;
-    FieldSource source;
-    bool isArray;  ///< an element's number belongs to the numbers that templates take
-    bool ownNode;  ///< `node` is the very node, whatever node the loader is at
-    bool fullLabel;
-    bool isSearched;  ///< `module` is found by a search
+    FieldKind kind : 4;
+    FieldSource source : 4;
+    FieldExtra extra : 4;
+    bool isArray : 1;    ///< an element's number belongs to the numbers that templates take
+    bool ownNode : 1;    ///< `node` is the very node, whatever node the loader is at
+    bool fullLabel : 1;  ///< its failure is labelled with key and node, not with the key alone
 
     constexpr Field At(const char* veryNode) const {
         Field row = *this;
@@ -74,7 +99,7 @@ struct Field {
         return row;
     }
     constexpr Field Label(const char* text) const {
-        Field row = *this;
+        Field row = With(FieldExtra::kLabel);
         row.label = text;
         return row;
     }
@@ -89,16 +114,36 @@ struct Field {
         return row;
     }
     constexpr Field From(const char* moduleTemplate) const {
-        Field row = *this;
+        Field row = With(FieldExtra::kModule);
         row.module = moduleTemplate;
         return row;
     }
     constexpr Field FromMatching(const char* moduleTemplate) const {
-        Field row = From(moduleTemplate);
-        row.isSearched = true;
+        Field row = With(FieldExtra::kSearchedModule);
+        row.module = moduleTemplate;
+        return row;
+    }
+    constexpr Field NamesFrom(NameLookup names) const {
+        Field row = With(FieldExtra::kLookup);
+        row.lookup = names;
+        return row;
+    }
+
+    bool HasModule() const {
+        return extra == FieldExtra::kModule || extra == FieldExtra::kSearchedModule;
+    }
+
+private:
+    constexpr Field With(FieldExtra what) const {
+        if (extra != FieldExtra::kNothing) {
+            field_detail::ARowHasOneExtraAtMost();
+        }
+        Field row = *this;
+        row.extra = what;
         return row;
     }
 };
+static_assert(sizeof(void*) != 4 || sizeof(Field) == 24, "on the target");
 
 /// The rows of one record.
 struct RecordTable {
@@ -108,15 +153,6 @@ struct RecordTable {
 };
 
 namespace field_detail {
-
-// Never defined: a compiler that has to evaluate one of these names the mistake in a table.
-void ARowOverlapsAnother();
-void TheRowsLeaveBytesOut();
-void NoSuchRowsInThisOrder();
-void TheKeyTakesMoreThanOneNumber();
-void ThisKindHasNoDefault();
-void NoReaderStoresThisKind();
-void NoQueryStoresThisKind();
 
 /// A member element by element; a text is one element.
 template <typename Member>
@@ -134,21 +170,14 @@ requires(!std::is_same_v<T, char> && !std::is_same_v<T, std::byte>) struct Shape
 
 template <typename Member>
 constexpr Field Row(std::size_t offset, FieldKind kind, FieldSource source) {
-    return {.key = nullptr,
-            .node = nullptr,
-            .module = nullptr,
-            .label = nullptr,
-            .lookup = nullptr,
-            .defaultValue = 0,
-            .offset = static_cast<std::uint16_t>(offset),
-            .size = sizeof(typename Shape<Member>::Element),
-            .count = Shape<Member>::kCount,
-            .kind = kind,
-            .source = source,
-            .isArray = Shape<Member>::kIsArray,
-            .ownNode = false,
-            .fullLabel = false,
-            .isSearched = false};
+    Field row = {};
+    row.offset = static_cast<std::uint16_t>(offset);
+    row.size = sizeof(typename Shape<Member>::Element);
+    row.count = Shape<Member>::kCount;
+    row.kind = kind;
+    row.source = source;
+    row.isArray = Shape<Member>::kIsArray;
+    return row;
 }
 
 constexpr int CountNumbers(const char* key) {
@@ -181,9 +210,8 @@ constexpr Field KeyRow(FieldSource source, std::size_t offset, const char* key,
     }
     Field row = Row<Member>(offset, Traits::kKind, source);
     row.key = key;
-    row.lookup = Traits::Lookup;
     row.defaultValue = defaultValue;
-    return row;
+    return Traits::kKind == FieldKind::kName ? row.NamesFrom(Traits::Lookup) : row;
 }
 
 template <typename Member>
@@ -269,20 +297,20 @@ struct CallSite {
 /// that is filled. A failure has been logged when this returns, under `site` as the loader's, and
 /// its code is returned. Rows of nested records, of reserved bytes and those that the loader reads
 /// itself are passed over.
-[[nodiscard]] Status LoadField(const CallSite& site, const char* module, const char* node,
+[[nodiscard]] Status LoadField(CallSite site, const char* module, const char* node,
                                const Field& field, std::uint32_t index, void* record);
 
 /// Loads each of `fields` in turn, up to the first failure; of arrays the element 0. `node` may be
 /// null when every row has its own.
-[[nodiscard]] Status LoadFields(const CallSite& site, const char* module, const char* node,
+[[nodiscard]] Status LoadFields(CallSite site, const char* module, const char* node,
                                 std::span<const Field> fields, void* record);
 
 /// The same for one row, and for all rows of a table.
-[[nodiscard]] inline Status LoadFields(const CallSite& site, const char* module, const char* node,
+[[nodiscard]] inline Status LoadFields(CallSite site, const char* module, const char* node,
                                        const Field& field, void* record) {
     return LoadField(site, module, node, field, 0, record);
 }
-[[nodiscard]] inline Status LoadFields(const CallSite& site, const char* module, const char* node,
+[[nodiscard]] inline Status LoadFields(CallSite site, const char* module, const char* node,
                                        const RecordTable& table, void* record) {
     return LoadFields(site, module, node, table.fields, record);
 }

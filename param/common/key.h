@@ -10,6 +10,8 @@ class Key {
 public:
     static constexpr std::size_t kSize = 128;
 
+    Key() { text_[0] = '\0'; }
+
     /// Formats the text. Returns the number of characters, or -1 when they do not fit; the key is
     /// then empty.
     [[gnu::format(printf, 2, 3), nodiscard]] int Format(const char* format, ...);
@@ -18,7 +20,7 @@ public:
     const char* c_str() const { return text_; }
 
 private:
-    char text_[kSize] = "";
+    char text_[kSize];
 };
 
 }  // namespace paramgen

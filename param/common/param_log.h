@@ -2,12 +2,26 @@
 /// line of the function that logs.
 #pragma once
 
-#include "log/console_log.h"
+#include <cstdint>
+
+#include "confaccess/status.h"
 
 namespace paramgen {
 
 /// The module tag of every record of the generator.
 inline constexpr char kParamTag[] = "PARAM";
+
+/// One record at ERROR, or at DEBUG. Few arguments, since loaders call these hundreds of times.
+[[gnu::format(printf, 3, 4)]] void LogError(const char* function, std::uint32_t line,
+                                            const char* format, ...);
+[[gnu::format(printf, 3, 4)]] void LogDebug(const char* function, std::uint32_t line,
+                                            const char* format, ...);
+
+/// Logs that the step `label` has failed with `status`, which is returned.
+Status LogFailed(const char* function, std::uint32_t line, const char* label, Status status);
+
+/// Logs that the step `label`, which has no code, has failed. Returns -1.
+Status LogFailed(const char* function, std::uint32_t line, const char* label);
 
 }  // namespace paramgen
 
@@ -18,12 +32,8 @@ inline constexpr char kParamTag[] = "PARAM";
 
 /// Logs at ERROR: a format and its arguments.
 #define LOG_ERROR AT_THIS_LINE_ LOG_ERROR_
-#define LOG_ERROR_(...)                                                                            \
-    ::paramgen::ConsoleLogPrint(::paramgen::kConsoleError, ::paramgen::kParamTag, __func__, line_, \
-                                __VA_ARGS__)
+#define LOG_ERROR_(...) ::paramgen::LogError(__func__, line_, __VA_ARGS__)
 
 /// Logs at DEBUG: a format and its arguments.
 #define LOG_DEBUG AT_THIS_LINE_ LOG_DEBUG_
-#define LOG_DEBUG_(...)                                                                            \
-    ::paramgen::ConsoleLogPrint(::paramgen::kConsoleDebug, ::paramgen::kParamTag, __func__, line_, \
-                                __VA_ARGS__)
+#define LOG_DEBUG_(...) ::paramgen::LogDebug(__func__, line_, __VA_ARGS__)

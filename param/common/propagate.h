@@ -11,24 +11,22 @@
 
 /// Runs a step. When it fails, logs `label` with its code and returns the code.
 #define CALL_OR_RETURN AT_THIS_LINE_ CALL_OR_RETURN_
-#define CALL_OR_RETURN_(step, label)                                                         \
-    do {                                                                                     \
-        const ::paramgen::Status status_ = (step);                                           \
-        if (status_ != ::paramgen::kOk) {                                                    \
-            LOG_ERROR_("[%s] failed[0x%08X]\n", label, static_cast<std::uint32_t>(status_)); \
-            return status_;                                                                  \
-        }                                                                                    \
+#define CALL_OR_RETURN_(step, label)                                       \
+    do {                                                                   \
+        const ::paramgen::Status status_ = (step);                         \
+        if (status_ != ::paramgen::kOk) {                                  \
+            return ::paramgen::LogFailed(__func__, line_, label, status_); \
+        }                                                                  \
     } while (false)
 
 /// Formats `key` (a `Key`) from a template and its arguments. When the text does not fit, logs
 /// `label` and returns -1.
 #define FORMAT_OR_RETURN AT_THIS_LINE_ FORMAT_OR_RETURN_
-#define FORMAT_OR_RETURN_(key, label, ...)      \
-    do {                                        \
-        if ((key).Format(__VA_ARGS__) == -1) {  \
-            LOG_ERROR_("[%s] failed\n", label); \
-            return ::paramgen::kFailed;         \
-        }                                       \
+#define FORMAT_OR_RETURN_(key, label, ...)                        \
+    do {                                                          \
+        if ((key).Format(__VA_ARGS__) == -1) {                    \
+            return ::paramgen::LogFailed(__func__, line_, label); \
+        }                                                         \
     } while (false)
 
 /// Formats `key` as the full key of the row `field` for element `index`, under `node` where the row
@@ -37,8 +35,7 @@
 #define FORMAT_KEY_OR_RETURN_(key, node, field, index)                     \
     do {                                                                   \
         if (::paramgen::FormatFullKey(&(key), node, field, index) == -1) { \
-            LOG_ERROR_("[%s] failed\n", "sprintf_s");                      \
-            return ::paramgen::kFailed;                                    \
+            return ::paramgen::LogFailed(__func__, line_, "sprintf_s");    \
         }                                                                  \
     } while (false)
 

@@ -37,10 +37,11 @@ void Walk(const RecordTable& table, const Place& place, std::vector<WalkedField>
 void WalkElement(const Field& field, const std::string& node, const Place& place,
                  std::vector<WalkedField>* found) {
     Place inner = place;
-    if (field.module != nullptr) {
+    if (field.HasModule()) {
         // Of the modules of a search the walk takes the one numbered 0.
         const std::vector<unsigned> zeros(std::strlen(field.module));
-        inner.module = Expand(field.module, "", field.isSearched ? zeros : place.numbers);
+        inner.module = Expand(field.module, "",
+                              field.extra == FieldExtra::kSearchedModule ? zeros : place.numbers);
     }
     std::string under = node;
     if (field.node != nullptr) {
@@ -57,7 +58,7 @@ void WalkElement(const Field& field, const std::string& node, const Place& place
         const std::string item = Expand(field.key, "", place.numbers);
         key = under + ":" + item;
         const bool full = field.fullLabel || field.source == FieldSource::kQuery;
-        label = field.label != nullptr ? field.label : full ? key : item;
+        label = field.extra == FieldExtra::kLabel ? field.label : full ? key : item;
     }
     found->push_back({&field, inner.module, key, label, place.offset});
 }
