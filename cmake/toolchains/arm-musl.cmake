@@ -7,5 +7,7 @@ set(PARAMGEN_MUSL_TRIPLET arm-linux-musleabihf)
 set(PARAMGEN_GNU_TRIPLET arm-linux-gnueabihf)
 # What Debian's musl and libgcc are built for.
 set(PARAMGEN_CPU_FLAGS "-march=armv7-a -mfpu=vfpv3-d16 -mfloat-abi=hard -mthumb")
+# For a small program: whole-program optimisation, and common sequences made functions.
+set(PARAMGEN_SIZE_FLAGS "-Oz -flto -moutline")
 
 include("${CMAKE_CURRENT_LIST_DIR}/musl.cmake")

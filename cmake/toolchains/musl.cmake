@@ -47,14 +47,16 @@ set(musl_lib /usr/lib/${PARAMGEN_MUSL_TRIPLET})
 set(CMAKE_C_FLAGS_INIT "${PARAMGEN_CPU_FLAGS} -fno-pie -nostdinc")
 set(CMAKE_CXX_FLAGS_INIT
   "${PARAMGEN_CPU_FLAGS} -fno-pie -nostdinc -nostdinc++ -D_LIBCPP_HAS_MUSL_LIBC")
-set(CMAKE_CXX_FLAGS_MINSIZEREL "-Oz -DNDEBUG" CACHE STRING "Flags for the smallest program")
+set(CMAKE_CXX_FLAGS_MINSIZEREL "${PARAMGEN_SIZE_FLAGS} -DNDEBUG" CACHE STRING "For a small program")
+set(CMAKE_EXE_LINKER_FLAGS_MINSIZEREL "${PARAMGEN_SIZE_FLAGS}" CACHE STRING "For a small program")
 set(CMAKE_C_STANDARD_INCLUDE_DIRECTORIES "${clang_resources}/include" "${musl_include}")
 set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES
   "${clang_resources}/../../../include/c++/v1" ${CMAKE_C_STANDARD_INCLUDE_DIRECTORIES})
 
 # Always static: this musl's dynamic loader is on no product.
-set(linking "-fuse-ld=lld -Wno-unused-command-line-argument -static -no-pie -nostdlib")
-set(CMAKE_EXE_LINKER_FLAGS_INIT "${linking} ${musl_lib}/crt1.o ${musl_lib}/crti.o")
+set(linking "-fuse-ld=lld -Wl,-O2 -Wl,--icf=safe -Wno-unused-command-line-argument")
+set(CMAKE_EXE_LINKER_FLAGS_INIT
+  "${linking} -static -no-pie -nostdlib ${musl_lib}/crt1.o ${musl_lib}/crti.o")
 set(libraries "-Wl,--start-group ${musl_lib}/libc.a ${libgcc} ${libgcc_eh} -Wl,--end-group")
 set(CMAKE_C_STANDARD_LIBRARIES_INIT "${libraries} ${musl_lib}/crtn.o")
 set(CMAKE_CXX_STANDARD_LIBRARIES_INIT "${CMAKE_C_STANDARD_LIBRARIES_INIT}")
