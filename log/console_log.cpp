@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "log/wall_clock.h"
+#include "safestr/plain_format.h"
 
 namespace paramgen {
 namespace {
@@ -30,14 +31,48 @@ const char* OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
 }
 
-void PrintPrefix(std::uint32_t level, const char* module, const char* function,
-                 std::uint32_t line) {
+/// A record on its way to standard output: gathered, and written in one piece.
+class Record {
+public:
+    ~Record() { Write(); }
+
+    /// Adds a text as printf does.
+    [[gnu::format(printf, 2, 3)]] void Add(const char* format, ...) {
+        std::va_list args;
+        va_start(args, format);
+        AddV(format, args);
+        va_end(args);
+    }
+
+    [[gnu::format(printf, 2, 0)]] void AddV(const char* format, std::va_list args) {
+        const int length = FormatPlain(text_ + length_, sizeof text_ - length_, format, args);
+        if (length >= 0) {
+            length_ += static_cast<std::size_t>(length);
+            return;
+        }
+        // Too long, or too special: libc writes it, behind what there is.
+        Write();
+        std::vprintf(format, args);
+    }
+
+private:
+    void Write() {
+        std::fwrite(text_, 1, length_, stdout);
+        length_ = 0;
+    }
+
+    std::size_t length_ = 0;
+    char text_[512];
+};
+
+void AddPrefix(Record* record, std::uint32_t level, const char* module, const char* function,
+               std::uint32_t line) {
     if (!g_settings.timeStamps) {
-        std::printf("\033[m[%s-%s]:%s[%u]:", kLevelTexts[level], module, function, line);
+        record->Add("\033[m[%s-%s]:%s[%u]:", kLevelTexts[level], module, function, line);
         return;
     }
     const WallClock now = ReadWallClock();
-    std::printf("\033[m[%02d:%02d:%02d:%03lld %s-%s]:%s[%u]:", now.hour, now.minute, now.second,
+    record->Add("\033[m[%02d:%02d:%02d:%03lld %s-%s]:%s[%u]:", now.hour, now.minute, now.second,
                 now.millisecond, kLevelTexts[level], module, function, line);
 }
 
@@ -64,9 +99,10 @@ void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* funct
     if (level > g_settings.level || !g_settings.enabled) {
         return;
     }
-    PrintPrefix(level, OrEmpty(module), OrEmpty(function), line);
+    Record record;
+    AddPrefix(&record, level, OrEmpty(module), OrEmpty(function), line);
     if (format != nullptr) {
-        std::vprintf(format, args);
+        record.AddV(format, args);
     }
 }
 

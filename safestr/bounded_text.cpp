@@ -1,5 +1,6 @@
 #include <cstdio>
 
+#include "safestr/plain_format.h"
 #include "safestr/safestr.h"
 
 namespace paramgen {
@@ -13,7 +14,10 @@ int vsnprintf_s(char* dest, std::size_t destMax, std::size_t count, const char* 
     if (format == nullptr) {
         return -1;
     }
-    const int length = std::vsnprintf(dest, destMax, format, args);
+    int length = FormatPlain(dest, destMax, format, args);
+    if (length == kNotPlain) {
+        length = std::vsnprintf(dest, destMax, format, args);
+    }
     if (length < 0 || static_cast<std::size_t>(length) >= destMax ||
         static_cast<std::size_t>(length) > count) {
         dest[0] = '\0';
