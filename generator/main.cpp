@@ -28,6 +28,13 @@ struct Outcome {
     unsigned long written;  ///< bytes
 };
 
+/// Has standard output written in large pieces: there is a record for every value, and libc's own
+/// buffer may be as small as 1 KiB.
+void BufferOutput() {
+    static char buffer[std::size_t{64} * 1024];
+    std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
+}
+
 Outcome WriteImage(const OutputFile& output) {
     std::FILE* file = std::fopen(output.path, "w+b");
     if (file == nullptr) {
@@ -42,6 +49,7 @@ Outcome WriteImage(const OutputFile& output) {
 }  // namespace
 
 int main() {
+    BufferOutput();
     paramgen::BuildFrame(&g_image);
     paramgen::ConsoleLogSetup(1, 0, paramgen::kConsoleDebug);
     const paramgen::Status status = paramgen::PDT_INIPARAM_LoadCfg();
