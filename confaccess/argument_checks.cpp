@@ -6,22 +6,19 @@
 
 #include "confaccess/confaccess.h"
 #include "safestr/safestr.h"
+#include "safestr/short_text.h"
 
 namespace paramgen {
 namespace {
 
 bool IsShorter(const char* text, std::size_t limit) {
-    return strnlen(text, limit) < limit;
+    return LengthUpTo(text, limit) < limit;
 }
 
 }  // namespace
 
-bool IsNullArgument(const void* pointer, const char* function, CheckLine line,
-                    const char* argument) {
-    if (pointer == nullptr) {
-        std::printf("func:%s,line:%d,pointer[%s] is null\n", function, line, argument);
-    }
-    return pointer == nullptr;
+void TellNullArgument(const char* function, CheckLine line, const char* argument) {
+    std::printf("func:%s,line:%d,pointer[%s] is null\n", function, line, argument);
 }
 
 bool IsFalseExpression(bool holds, const char* function, CheckLine line, const char* expression) {

@@ -10,9 +10,17 @@ namespace paramgen {
 /// Where a check stands: the line that its message names.
 using CheckLine = int;
 
+/// Tells that an argument is null.
+void TellNullArgument(const char* function, CheckLine line, const char* argument);
+
 /// Whether `pointer` is null; tells so, naming the argument.
-bool IsNullArgument(const void* pointer, const char* function, CheckLine line,
-                    const char* argument);
+inline bool IsNullArgument(const void* pointer, const char* function, CheckLine line,
+                           const char* argument) {
+    if (pointer == nullptr) {
+        TellNullArgument(function, line, argument);
+    }
+    return pointer == nullptr;
+}
 
 /// Whether a check has failed; tells so, quoting the expression that should hold.
 bool IsFalseExpression(bool holds, const char* function, CheckLine line, const char* expression);

@@ -4,6 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
+
+#include "confaccess/folded_key.h"
 
 namespace paramgen {
 
@@ -15,12 +18,16 @@ struct FreeDeleter {
 /// Maps keys to values, where a value may be null: the mark of a section. It owns copies of all of
 /// them. Inserting and looking up take constant time on average, whatever the number of keys.
 ///
-/// Slots stand in the order in which their keys first came; an index of open addressing over the
-/// keys' hashes finds them. Texts live in large blocks, released together: a value that is replaced
-/// stays there, unused, until then.
+/// Keys and values stand one behind the other, as they came, in few large blocks that never move; a
+/// value that is replaced stays there, unused. A table of open addressing tells where the entry of
+/// a hash is. Together they take about twice the room of the texts.
 class Dictionary {
 public:
-    static constexpr std::uint32_t kInitialSlots = 128;
+    /// The table's first size, enough for three quarters as many keys.
+    static constexpr std::uint32_t kFirstSlots = 256;
+
+    /// The most characters of a value.
+    static constexpr std::size_t kValueMax = 4000;
 
     Dictionary() = default;
     ~Dictionary();
@@ -31,38 +38,41 @@ public:
     /// only be destroyed.
     [[nodiscard]] bool Create();
 
-    /// Gives `key` a copy of `value`, which may be null, in place of what it had. Returns false
-    /// when memory runs out; the dictionary then holds what it held before.
-    [[nodiscard]] bool Set(const char* key, const char* value);
+    /// Gives `key` a copy of `value`, in place of what it had; a value without data is null.
+    /// Returns false when memory runs out or the value is too long; the dictionary then holds what
+    /// it held before.
+    [[nodiscard]] bool Set(const FoldedKey& key, std::string_view value);
 
     /// The value of `key`, which is null for a section, or `defaultValue` when there is no such
-    /// key. Keys are compared as they are.
-    const char* Get(const char* key, const char* defaultValue) const;
+    /// key.
+    const char* Get(const FoldedKey& key, const char* defaultValue) const;
 
     /// The number of keys.
     std::uint32_t Count() const { return used_; }
 
-    /// The hash of a key.
-    static std::uint32_t Hash(const char* key);
-
 private:
-    struct Slot {
-        const char* key;
-        const char* value;
-        std::uint32_t hash;
-    };
-    struct Block;
+    struct Entry;
 
-    /// An index entry holds a slot's number plus 1, or 0 when it is free.
-    std::uint32_t* FindIndex(const char* key, std::uint32_t hash) const;
-    bool Grow(std::uint32_t slots);
-    const char* CopyText(const char* text);
+    /// Where the entry of a key stands; place 0 is nowhere.
+    struct Slot {
+        std::uint32_t hash;
+        std::uint32_t place;
+    };
+
+    // A place counts entries' units from 1. Block number n holds 2^n times what block 0 holds, so
+    // that a place tells its block.
+    static constexpr std::uint32_t kBlockCount = 20;
+
+    Entry* EntryAt(std::uint32_t place) const;
+    Slot* FindSlot(const FoldedKey& key, std::uint32_t hash) const;
+    bool GrowTable(std::uint32_t slots);
+    std::uint32_t ReserveEntry(std::size_t bytes);
 
     std::unique_ptr<Slot, FreeDeleter> slots_;
-    std::unique_ptr<std::uint32_t, FreeDeleter> index_;
-    std::uint32_t size_ = 0;  ///< number of slots, a power of two; the index has twice as many
+    std::uint32_t size_ = 0;  ///< number of slots, a power of two
     std::uint32_t used_ = 0;
-    Block* blocks_ = nullptr;
+    std::uint32_t nextPlace_ = 1;  ///< of the entry that comes next, if its block has room
+    char* blocks_[kBlockCount] = {};
 };
 
 }  // namespace paramgen

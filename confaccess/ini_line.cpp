@@ -1,101 +1,91 @@
 #include "confaccess/ini_line.h"
 
-#include <cctype>
-#include <cstring>
-
 namespace paramgen {
 namespace {
 
-char g_empty[] = "";
+constexpr std::string_view kEmpty = "";
+
+constexpr IniLine kNoContent = {.kind = IniLineKind::kNothing, .name = {}, .value = {}};
+constexpr IniLine kBadLine = {.kind = IniLineKind::kSyntaxError, .name = {}, .value = {}};
 
 bool IsSpace(char c) {
-    return std::isspace(static_cast<unsigned char>(c)) != 0;
+    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-char* SkipSpace(char* text) {
-    while (IsSpace(*text)) {
-        ++text;
+std::string_view StripStart(std::string_view text) {
+    while (!text.empty() && IsSpace(text.front())) {
+        text.remove_prefix(1);
     }
     return text;
 }
 
-void StripEnd(char* text) {
-    std::size_t length = std::strlen(text);
-    while (length != 0 && IsSpace(text[length - 1])) {
-        --length;
+std::string_view StripEnd(std::string_view text) {
+    while (!text.empty() && IsSpace(text.back())) {
+        text.remove_suffix(1);
     }
-    text[length] = '\0';
+    return text;
 }
 
-void CutAt(char* text, char c) {
-    char* at = std::strchr(text, c);
-    if (at != nullptr) {
-        *at = '\0';
+/// Where `c` stands, or the text's end. Lines are short: a call of libc would cost more than this.
+std::size_t Find(std::string_view text, char c) {
+    std::size_t at = 0;
+    while (at < text.size() && text[at] != c) {
+        ++at;
     }
+    return at;
+}
+
+std::string_view CutAt(std::string_view text, char c) {
+    return {text.data(), Find(text, c)};
 }
 
 /// A name between brackets. What stands after the first ']' is ignored.
-IniLine ParseSection(char* text) {
-    ++text;
-    if (*text == ']') {
-        return {.kind = IniLineKind::kSection, .name = nullptr, .value = nullptr};
+IniLine ParseSection(std::string_view text) {
+    text.remove_prefix(1);
+    if (text.front() == ']') {
+        return {.kind = IniLineKind::kSection, .name = {}, .value = {}};
     }
-    CutAt(text, ']');
-    text = SkipSpace(text);
-    StripEnd(text);
-    FoldToLower(text);
-    return {.kind = IniLineKind::kSection, .name = text, .value = nullptr};
+    return {
+        .kind = IniLineKind::kSection, .name = StripEnd(StripStart(CutAt(text, ']'))), .value = {}};
 }
 
 /// A value in quotes goes up to the next quote or the line's end; it has at least one character.
-bool IsQuoted(const char* value) {
-    return (value[0] == '\'' || value[0] == '"') && value[1] != '\0' && value[1] != value[0];
+bool IsQuoted(std::string_view value) {
+    return value.size() > 1 && (value[0] == '\'' || value[0] == '"') && value[1] != value[0];
 }
 
-/// What stands after the '=', blanks skipped. Nothing before a '#' leaves an empty value, and so
-/// does a pair of quotes alone.
-char* ParseValue(char* value) {
+/// What stands after the '='. Nothing before a '#' leaves an empty value, and so does a pair of
+/// quotes alone.
+std::string_view ParseValue(std::string_view text) {
+    std::string_view value = StripStart(text);
     if (IsQuoted(value)) {
-        const char quote = *value++;
-        CutAt(value, quote);
-        return value;
+        const char quote = value.front();
+        value.remove_prefix(1);
+        return CutAt(value, quote);
     }
-    CutAt(value, '#');
-    StripEnd(value);
-    if (std::strcmp(value, "\"\"") == 0 || std::strcmp(value, "''") == 0) {
-        return g_empty;
-    }
-    return value;
+    value = StripEnd(CutAt(value, '#'));
+    return value == "\"\"" || value == "''" ? kEmpty : value;
 }
 
 }  // namespace
 
-void FoldToLower(char* text) {
-    for (; *text != '\0'; ++text) {
-        if (*text >= 'A' && *text <= 'Z') {
-            *text = static_cast<char>(*text - 'A' + 'a');
-        }
+IniLine ParseIniLine(std::string_view text) {
+    text = StripStart(text);
+    // Told by its first character, a comment costs no more than that.
+    if (text.empty() || text.front() == '#' || text.front() == ';') {
+        return kNoContent;
     }
-}
-
-IniLine ParseIniLine(char* text) {
-    text = SkipSpace(text);
-    CutAt(text, ';');
-    StripEnd(text);
-    if (*text == '\0' || *text == '#') {
-        return {.kind = IniLineKind::kNothing, .name = nullptr, .value = nullptr};
-    }
-    if (*text == '[' && text[std::strlen(text) - 1] == ']') {
+    text = StripEnd(CutAt(text, ';'));
+    if (text.front() == '[' && text.back() == ']') {
         return ParseSection(text);
     }
-    char* equals = std::strchr(text, '=');
-    if (equals == nullptr || equals == text) {
-        return {.kind = IniLineKind::kSyntaxError, .name = nullptr, .value = nullptr};
+    const std::size_t equals = Find(text, '=');
+    if (equals == 0 || equals == text.size()) {
+        return kBadLine;
     }
-    *equals = '\0';
-    StripEnd(text);
-    FoldToLower(text);
-    return {.kind = IniLineKind::kValue, .name = text, .value = ParseValue(SkipSpace(equals + 1))};
+    const std::string_view name(text.data(), equals);
+    text.remove_prefix(equals + 1);
+    return {.kind = IniLineKind::kValue, .name = StripEnd(name), .value = ParseValue(text)};
 }
 
 }  // namespace paramgen

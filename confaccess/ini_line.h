@@ -1,22 +1,21 @@
 /// The grammar of one line of an INI file.
 #pragma once
 
+#include <string_view>
+
 namespace paramgen {
 
 /// What a line of an INI file is.
 enum class IniLineKind { kNothing, kSection, kValue, kSyntaxError };
 
-/// A line taken apart. The texts point into the line.
+/// A line taken apart. The texts are parts of the line.
 struct IniLine {
     IniLineKind kind;
-    char* name;   ///< section or key name, stripped and in lower case; null for "[]"
-    char* value;  ///< for kValue; never null
+    std::string_view name;   ///< section or key name, stripped; without data for "[]"
+    std::string_view value;  ///< for kValue; never without data
 };
 
-/// Takes a line apart in place: `text` is changed.
-IniLine ParseIniLine(char* text);
-
-/// Folds the ASCII letters of `text` to lower case.
-void FoldToLower(char* text);
+/// Takes a line apart, which holds no NUL.
+IniLine ParseIniLine(std::string_view text);
 
 }  // namespace paramgen

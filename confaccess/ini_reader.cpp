@@ -1,5 +1,6 @@
 #include "confaccess/ini_reader.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -7,16 +8,13 @@
 #include <new>
 
 #include "confaccess/ini_line.h"
+#include "confaccess/line_reader.h"
 #include "confaccess/number.h"
-#include "safestr/safestr.h"
 
 namespace paramgen {
 namespace {
 
-constexpr std::size_t kLineSize = 1024;              // a read takes at most 1023 characters
-constexpr std::size_t kFieldMax = 1024;              // characters of a section or key name
-constexpr std::size_t kKeySize = 2 * kFieldMax + 2;  // section, colon, key, terminator
-static_assert(kLineSize <= kFieldMax, "both names of a line fit a key");
+static_assert(LineReader::kPieceMax <= FoldedKey::kNameMax, "both names of a line fit a key");
 
 IniError g_lastError = IniError::kNone;
 
@@ -37,10 +35,10 @@ DictionaryPtr NewDictionary() {
 /// Puts the lines of one file into a dictionary.
 class Loader {
 public:
-    explicit Loader(Dictionary* dictionary) : dictionary_(dictionary) {}
+    explicit Loader(Dictionary* dictionary) : dictionary_(dictionary) { key_.Append(":"); }
 
     /// Takes one line. Returns false when memory runs out.
-    bool Take(char* text) {
+    bool Take(std::string_view text) {
         const IniLine line = ParseIniLine(text);
         switch (line.kind) {
             case IniLineKind::kNothing:
@@ -62,45 +60,44 @@ public:
 private:
     /// Names the current section: the beginning of every key up to the next section. Without a name
     /// it stays what it was.
-    bool OpenSection(const char* name) {
-        if (name != nullptr) {
-            sectionLength_ = std::strlen(name);
-            static_cast<void>(memcpy_s(key_, sizeof key_, name, sectionLength_));
-        }
-        key_[sectionLength_] = '\0';
-        return dictionary_->Set(key_, nullptr);
+    bool OpenSection(std::string_view name) {
+        key_.CutTo(name.data() == nullptr ? sectionLength_ : 0);
+        key_.Append(name);
+        sectionLength_ = key_.Text().size();
+        const bool stored = dictionary_->Set(key_, {});
+        key_.Append(":");
+        return stored;
     }
 
     bool StoreValue(const IniLine& line) {
-        char* item = key_ + sectionLength_;
-        *item++ = ':';
-        static_cast<void>(memcpy_s(item, kFieldMax, line.name, std::strlen(line.name) + 1));
-        return dictionary_->Set(key_, line.value);
+        key_.Append(line.name);
+        const bool stored = dictionary_->Set(key_, line.value);
+        key_.CutTo(sectionLength_ + 1);
+        return stored;
     }
 
     Dictionary* dictionary_;
     bool hasErrors_ = false;
+    FoldedKey key_;  ///< between lines: the current section and a colon
     std::size_t sectionLength_ = 0;
-    char key_[kKeySize] = "";
 };
 
 /// Reads every line of `file` into the loader. Returns false when the file counts as unreadable.
 bool ReadLines(std::FILE* file, Loader* loader) {
-    char line[kLineSize];
-    while (std::fgets(line, sizeof line, file) != nullptr) {
-        const std::size_t length = std::strlen(line);
-        if (length <= 1) {
+    LineReader lines(file);
+    TextLine line;
+    while (lines.Next(&line)) {
+        if (line.text.size() + (line.hasNewline ? 1 : 0) <= 1) {
             continue;
         }
-        const char last = line[length - 1];
-        if (last != '\n' && std::feof(file) == 0) {
+        if (!line.hasNewline && !line.isLast) {
             g_lastError = IniError::kSyntax;
             return false;
         }
-        if (last == '\\') {
+        if (!line.hasNewline && line.text.back() == '\\') {
             continue;  // asks for a next line where there is none
         }
-        if (!loader->Take(line)) {
+        if (!loader->Take(line.text)) {
             g_lastError = IniError::kLoadNotInserted;
             return false;
         }
@@ -141,13 +138,9 @@ DictionaryPtr LoadIniFile(const char* path) {
     return dictionary;
 }
 
-const char* FindText(const Dictionary& dictionary, const char* key, const char* defaultValue) {
-    char folded[kFieldMax + 1];
-    const std::size_t length = strnlen(key, kFieldMax);
-    static_cast<void>(memcpy_s(folded, sizeof folded, key, length));
-    folded[length] = '\0';
-    FoldToLower(folded);
-    return dictionary.Get(folded, defaultValue);
+const char* FindText(const Dictionary& dictionary, std::string_view key, const char* defaultValue) {
+    return dictionary.Get(FoldedKey({key.data(), std::min(key.size(), FoldedKey::kNameMax)}),
+                          defaultValue);
 }
 
 std::int32_t FindInteger(const Dictionary& dictionary, const char* key, std::int32_t defaultValue) {

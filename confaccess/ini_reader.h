@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "confaccess/dictionary.h"
 
@@ -44,7 +45,7 @@ DictionaryPtr LoadIniFile(const char* path);
 
 /// The value of `key` ("section:key", in any case; only its first 1024 characters count), or
 /// `defaultValue` when there is no such key. The key of a section has a null value.
-const char* FindText(const Dictionary& dictionary, const char* key, const char* defaultValue);
+const char* FindText(const Dictionary& dictionary, std::string_view key, const char* defaultValue);
 
 /// The value of `key` as an integer in prefixed notation, or `defaultValue` when it has none.
 std::int32_t FindInteger(const Dictionary& dictionary, const char* key, std::int32_t defaultValue);

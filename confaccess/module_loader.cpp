@@ -153,6 +153,7 @@ Status CONFACCESS_ModuleInfo(ConfigEntry* config) {
 }
 
 void CONFACCESS_DelModuleList(ConfigEntry* config) {
+    config->lastFound = nullptr;
     while (!ListIsEmpty(config->modules)) {
         const ModulePtr module(static_cast<ModuleEntry*>(ListTakeFirst(&config->modules)));
         // Without a module tag, so the library log drops this record.

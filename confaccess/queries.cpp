@@ -1,19 +1,16 @@
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <memory>
 
 #include "confaccess/argument_checks.h"
 #include "confaccess/confaccess.h"
 #include "confaccess/number.h"
 #include "confaccess/registry.h"
 #include "log/library_log.h"
+#include "safestr/short_text.h"
 
 namespace paramgen {
 namespace {
-
-using HeapText = std::unique_ptr<char, FreeDeleter>;
 
 /// Lines that the checks of a typed query name, in the order in which they are made.
 struct QueryLines {
@@ -34,37 +31,98 @@ struct QueryArguments {
     const void* value;
 };
 
-Status CheckArguments(const QueryArguments& query, const char* function, const QueryLines& lines) {
-    if (IsNullArgument(query.cfgName, function, lines.noConfigName, "cfgName") ||
-        IsNullArgument(query.module, function, lines.noModule, "module") ||
-        IsNullArgument(query.confItem, function, lines.noKey, "confItem") ||
-        IsNullArgument(query.value, function, lines.noValue, "value") ||
-        IsLongConfigName(query.cfgName, function, lines.longConfigName) ||
-        IsLongModuleName(query.module, function, lines.longModule) ||
-        IsLongKey(query.confItem, function, lines.longKey)) {
-        return kBadArgument;
-    }
-    return kOk;
+/// Lines that the checks of `ZV_CONFACCESS_GetString` name.
+constexpr QueryLines kGetStringLines = {377, 378, 379, 380, 381, 383, 385};
+
+bool HasNullArgument(const QueryArguments& query, const char* function, const QueryLines& lines) {
+    return IsNullArgument(query.cfgName, function, lines.noConfigName, "cfgName") ||
+           IsNullArgument(query.module, function, lines.noModule, "module") ||
+           IsNullArgument(query.confItem, function, lines.noKey, "confItem") ||
+           IsNullArgument(query.value, function, lines.noValue, "value");
 }
 
-/// Asks for a value as text; a failure is also told, with its code, under the asking function's
-/// name.
-Status GetText(const QueryArguments& query, const char* function, CheckLine line, HeapText* text) {
-    char* found = nullptr;
-    const Status status =
-        ZV_CONFACCESS_GetString(query.cfgName, query.module, query.confItem, nullptr, &found);
-    if (status != kOk) {
-        TellErrorCode(function, line, status);
-        return status;
-    }
-    text->reset(found);
-    return kOk;
+bool HasLongArgument(const QueryArguments& query, const char* function, const QueryLines& lines) {
+    return IsLongConfigName(query.cfgName, function, lines.longConfigName) ||
+           IsLongModuleName(query.module, function, lines.longModule) ||
+           IsLongKey(query.confItem, function, lines.longKey);
 }
 
-Status CopyValue(const char* found, char** value) {
+/// Checks the arguments of a query and finds the value that it asks for. It keeps the lock of its
+/// configuration, since the text is the dictionary's own.
+class Lookup {
+public:
+    Lookup(const QueryArguments& query, const char* function, const QueryLines& lines,
+           const char* defaultValue) {
+        if (HasNullArgument(query, function, lines)) {
+            status_ = kBadArgument;
+            return;
+        }
+        // Measured last, and only when something is amiss: names that are registered are short
+        // enough, and so are nearly all that are asked for.
+        if (!Find(query, defaultValue) && HasLongArgument(query, function, lines)) {
+            status_ = kBadArgument;
+        }
+    }
+    ~Lookup() {
+        if (config_ != nullptr) {
+            pthread_mutex_unlock(&config_->lock);
+        }
+    }
+    Lookup(const Lookup&) = delete;
+    Lookup& operator=(const Lookup&) = delete;
+
+    Status status() const { return status_; }
+
+    /// The value, or the default when there is no such key; null for a section.
+    const char* text() const { return text_; }
+
+    /// The status. One that is not about the arguments is told, with its code, under the asking
+    /// function's name.
+    Status TellStatus(const char* function, CheckLine line) const {
+        if (status_ != kOk && status_ != kBadArgument) {
+            TellErrorCode(function, line, status_);
+        }
+        return status_;
+    }
+
+private:
+    /// Returns false when the configuration or the module is not registered, or the key is too
+    /// long.
+    bool Find(const QueryArguments& query, const char* defaultValue) {
+        config_ = FindConfig(query.cfgName);
+        if (config_ == nullptr) {
+            status_ = kNoConfiguration;
+            return false;
+        }
+        pthread_mutex_lock(&config_->lock);
+        const ModuleEntry* module = FindModule(config_, query.module);
+        if (module == nullptr) {
+            status_ = kNoModule;
+            return false;
+        }
+        const std::size_t length = LengthUpTo(query.confItem, QX_CONFACCESS_KEY_MAX_LEN);
+        text_ = FindText(*module->dictionary, {query.confItem, length}, defaultValue);
+        return length < QX_CONFACCESS_KEY_MAX_LEN;
+    }
+
+    ConfigEntry* config_ = nullptr;
+    Status status_ = kOk;
+    const char* text_ = nullptr;
+};
+
+}  // namespace
+
+Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const char* confItem,
+                               const char* defaultValue, char** value) {
+    const QueryArguments query = {
+        .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
+    const Lookup found(query, __func__, kGetStringLines, defaultValue);
+    if (found.status() != kOk) {
+        return found.status();
+    }
     char* copy = nullptr;
-    if (found != nullptr) {
-        copy = strdup(found);
+    if (found.text() != nullptr) {
+        copy = strdup(found.text());
         if (copy == nullptr) {
             return kOutOfMemory;
         }
@@ -73,46 +131,20 @@ Status CopyValue(const char* found, char** value) {
     return kOk;
 }
 
-}  // namespace
-
-Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const char* confItem,
-                               const char* defaultValue, char** value) {
-    const Status checked =
-        CheckArguments({.cfgName = cfgName, .module = module, .confItem = confItem, .value = value},
-                       __func__, {377, 378, 379, 380, 381, 383, 385});
-    if (checked != kOk) {
-        return checked;
-    }
-    ConfigEntry* config = FindConfig(cfgName);
-    if (config == nullptr) {
-        return kNoConfiguration;
-    }
-    pthread_mutex_lock(&config->lock);
-    const ModuleEntry* entry = FindModule(config, module);
-    const Status status =
-        entry == nullptr ? kNoModule
-                         : CopyValue(FindText(*entry->dictionary, confItem, defaultValue), value);
-    pthread_mutex_unlock(&config->lock);
-    return status;
-}
-
 Status ZV_CONFACCESS_GetInt(const char* cfgName, const char* module, const char* confItem,
                             std::int32_t defaultValue, std::int32_t* value) {
     const QueryArguments query = {
         .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    HeapText text;
-    Status status = CheckArguments(query, __func__, {424, 425, 426, 427, 428, 430, 432});
-    if (status == kOk) {
-        status = GetText(query, __func__, 437, &text);
-    }
+    const Lookup found(query, __func__, {424, 425, 426, 427, 428, 430, 432}, nullptr);
+    const Status status = found.TellStatus(__func__, 437);
     if (status != kOk) {
         return status;
     }
-    if (text == nullptr) {
+    if (found.text() == nullptr) {
         *value = defaultValue;
         return kOk;
     }
-    const std::int32_t number = ParseInteger(text.get(), 10);
+    const std::int32_t number = ParseInteger(found.text(), 10);
     const bool atLimit = number == std::numeric_limits<std::int32_t>::max() ||
                          number == std::numeric_limits<std::int32_t>::min();
     // errno keeps what earlier conversions left in it.
@@ -129,13 +161,10 @@ Status ZV_CONFACCESS_GetDouble(const char* cfgName, const char* module, const ch
                                double defaultValue, double* value) {
     const QueryArguments query = {
         .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    HeapText text;
-    Status status = CheckArguments(query, __func__, {456, 457, 458, 459, 460, 462, 464});
+    const Lookup found(query, __func__, {456, 457, 458, 459, 460, 462, 464}, nullptr);
+    const Status status = found.TellStatus(__func__, 469);
     if (status == kOk) {
-        status = GetText(query, __func__, 469, &text);
-    }
-    if (status == kOk) {
-        *value = text == nullptr ? defaultValue : ParseDouble(text.get());
+        *value = found.text() == nullptr ? defaultValue : ParseDouble(found.text());
     }
     return status;
 }
@@ -144,15 +173,12 @@ Status ZV_CONFACCESS_GetBool(const char* cfgName, const char* module, const char
                              std::int32_t defaultValue, std::int32_t* value) {
     const QueryArguments query = {
         .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    HeapText text;
-    Status status = CheckArguments(query, __func__, {484, 485, 486, 487, 488, 490, 492});
-    if (status == kOk) {
-        status = GetText(query, __func__, 497, &text);
-    }
+    const Lookup found(query, __func__, {484, 485, 486, 487, 488, 490, 492}, nullptr);
+    const Status status = found.TellStatus(__func__, 497);
     if (status != kOk) {
         return status;
     }
-    switch (text == nullptr ? '\0' : *text) {
+    switch (found.text() == nullptr ? '\0' : *found.text()) {
         case '1':
         case 'y':
         case 'Y':
@@ -199,12 +225,15 @@ Status ZV_CONFACCESS_IsConfItemExist(const char* cfgName, const char* module, co
         IsNullArgument(isExist, __func__, 626, "isExist")) {
         return kBadArgument;
     }
-    HeapText text;
-    const Status status =
-        GetText({.cfgName = cfgName, .module = module, .confItem = confItem, .value = isExist},
-                __func__, 630, &text);
+    const QueryArguments query = {
+        .cfgName = cfgName, .module = module, .confItem = confItem, .value = isExist};
+    const Lookup found(query, "ZV_CONFACCESS_GetString", kGetStringLines, nullptr);
+    const Status status = found.status();
+    if (status != kOk) {
+        TellErrorCode(__func__, 630, status);
+    }
     if (status == kOk) {
-        *isExist = text == nullptr ? 0 : 1;
+        *isExist = found.text() == nullptr ? 0 : 1;
     }
     return status;
 }

@@ -1,24 +1,16 @@
 #include "confaccess/registry.h"
 
-#include <cstring>
+#include "safestr/short_text.h"
 
 namespace paramgen {
 
 std::int32_t g_confAccessCount = 0;
 ListLink g_configs = {.next = &g_configs, .prev = &g_configs};
 
-namespace {
-
-bool SameName(const char* a, const char* b) {
-    return std::strncmp(a, b, QX_CONFACCESS_NAME_MAX_LEN) == 0;
-}
-
-}  // namespace
-
 ConfigEntry* FindConfig(const char* cfgName) {
     for (ListLink* link = g_configs.next; link != &g_configs; link = link->next) {
         ConfigEntry* config = static_cast<ConfigEntry*>(link);
-        if (SameName(config->cfgName, cfgName)) {
+        if (SameText(config->cfgName, cfgName, QX_CONFACCESS_NAME_MAX_LEN)) {
             return config;
         }
     }
@@ -26,9 +18,14 @@ ConfigEntry* FindConfig(const char* cfgName) {
 }
 
 ModuleEntry* FindModule(ConfigEntry* config, const char* module) {
+    if (config->lastFound != nullptr &&
+        SameText(config->lastFound->name, module, QX_CONFACCESS_NAME_MAX_LEN)) {
+        return config->lastFound;
+    }
     for (ListLink* link = config->modules.next; link != &config->modules; link = link->next) {
         ModuleEntry* entry = static_cast<ModuleEntry*>(link);
-        if (SameName(entry->name, module)) {
+        if (SameText(entry->name, module, QX_CONFACCESS_NAME_MAX_LEN)) {
+            config->lastFound = entry;
             return entry;
         }
     }

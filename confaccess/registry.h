@@ -27,7 +27,8 @@ struct ConfigEntry : ListLink {
     char cfgName[QX_CONFACCESS_NAME_MAX_LEN];
     char configPath[QX_CONFACCESS_PATH_MAX_LEN];  ///< canonical absolute path of the entry file
     ListLink modules;                             ///< `ModuleEntry`s, newest first
-    char entryFile[QX_CONFACCESS_PATH_MAX_LEN];   ///< the path that was parsed
+    ModuleEntry* lastFound;  ///< the module that was asked for last, or null: it is asked for often
+    char entryFile[QX_CONFACCESS_PATH_MAX_LEN];  ///< the path that was parsed
     DictionaryPtr entryDictionary;
     pthread_mutex_t lock;  ///< guards the modules and the dictionaries
 };

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <string_view>
 #include <type_traits>
 
 #include "confaccess/dictionary.h"
@@ -20,6 +21,7 @@
 namespace {
 
 using paramgen::Dictionary;
+using paramgen::FoldedKey;
 using paramgen::IniLine;
 using paramgen::IniLineKind;
 using paramgen::Key;
@@ -166,18 +168,18 @@ void CheckScan() {
 /// A line with `byte` before and after its name, and before and after its value.
 void CheckByteInLine(unsigned byte) {
     const char c = static_cast<char>(byte);
-    char line[] = {c, 'K', c, '=', c, 'V', c, '\0'};
-    const char name[] = {c, 'k', c, '\0'};
-    const char value[] = {c, 'V', c, '\0'};
+    const char line[] = {c, 'K', c, '=', c, 'V', c};
+    const char name[] = {c, 'K', c};
+    const char value[] = {c, 'V', c};
     char subject[] = "byte 0x??";
     paramgen::sprintf_s(subject, sizeof subject, "byte 0x%02X", byte);
-    const IniLine parsed = paramgen::ParseIniLine(line);
+    const IniLine parsed = paramgen::ParseIniLine({line, sizeof line});
     const bool isBlank = byte == ' ' || (byte >= '\t' && byte <= '\r');
     Check(parsed.kind == IniLineKind::kValue, "kind of line", subject);
-    Check(parsed.name != nullptr && std::strcmp(parsed.name, isBlank ? "k" : name) == 0,
-          "name in line", subject);
-    Check(parsed.value != nullptr && std::strcmp(parsed.value, isBlank ? "V" : value) == 0,
-          "value in line", subject);
+    Check(parsed.name == (isBlank ? "K" : std::string_view(name, sizeof name)), "name in line",
+          subject);
+    Check(parsed.value == (isBlank ? "V" : std::string_view(value, sizeof value)), "value in line",
+          subject);
 }
 
 // Bytes above 127 are plain characters: no blanks, no letters with a lower case.
@@ -188,31 +190,21 @@ void CheckBytesInLines() {
     for (const unsigned byte : {0x01U, 0x08U, 0x09U, 0x0BU, 0x0CU, 0x0DU, 0x0EU, 0x20U, 0x7FU}) {
         CheckByteInLine(byte);
     }
-    char folded[] = "AZ\xC0\xDE\xC3\x89[@`{";
-    paramgen::FoldToLower(folded);
-    CheckText(folded, "az\xC0\xDE\xC3\x89[@`{", "FoldToLower");
+    const FoldedKey folded("AZ\xC0\xDE\xC3\x89[@`{");
+    Check(folded.Text() == "az\xC0\xDE\xC3\x89[@`{", "FoldedKey", "bytes above 127");
 }
 
 void CheckDictionary() {
-    Check(Dictionary::Hash("") == 0, "Hash", "");
-    Check(Dictionary::Hash("a") == 0xCA2E9442U, "Hash", "a");
-    Check(Dictionary::Hash("\x80") == 0x277FCEDBU, "Hash", "\\x80");
-    Check(Dictionary::Hash("\xFF\xFF") == 0x1D759C3DU, "Hash", "\\xFF\\xFF");
-    Check(Dictionary::Hash("caf\xE9:gr\xF6\xDF"
-                           "e") == 0x12BE3E3BU,
-          "Hash", "Latin-1");
-    Check(Dictionary::Hash("caf\xC3\xA9:gr\xC3\xB6\xC3\x9F"
-                           "e") == 0x074CE088U,
-          "Hash", "UTF-8");
+    const FoldedKey key(
+        "caf\xE9:GR\xF6\xDF"
+        "e");
     Dictionary dictionary;
-    Check(dictionary.Create() && dictionary.Set("caf\xE9:gr\xF6\xDF"
-                                                "e",
-                                                "\xFE\xFF"),
-          "Dictionary", "Set");
-    CheckText(dictionary.Get("caf\xE9:gr\xF6\xDF"
-                             "e",
-                             nullptr),
-              "\xFE\xFF", "Dictionary");
+    Check(dictionary.Create() && dictionary.Set(key, "\xFE\xFF"), "Dictionary", "Set");
+    CheckText(dictionary.Get(key, nullptr), "\xFE\xFF", "Dictionary");
+    Check(dictionary.Get(FoldedKey("caf\xC9:gr\xF6\xDF"
+                                   "e"),
+                         nullptr) == nullptr,
+          "Dictionary", "another key");
 }
 
 void CheckClock() {

@@ -64,9 +64,8 @@ char* __real_strdup(const char* text);
 void __real_free(void* memory);
 std::FILE* __real_fopen(const char* path, const char* mode);
 int __real_fclose(std::FILE* file);
-char* __real_fgets(char* line, int size, std::FILE* file);
+std::size_t __real_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file);
 int __real_ferror(std::FILE* file);
-int __real_vsnprintf(char* text, std::size_t size, const char* format, std::va_list args);
 
 void* __wrap_malloc(std::size_t size) {
     return Fails(Fault::kAllocation) ? nullptr : Taken(__real_malloc(size));
@@ -102,24 +101,31 @@ int __wrap_fclose(std::FILE* file) {
     return __real_fclose(file);
 }
 
-char* __wrap_fgets(char* line, int size, std::FILE* file) {
+std::size_t __wrap_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file) {
     if (!Fails(Fault::kRead)) {
-        return __real_fgets(line, size, file);
+        return __real_fread(bytes, size, count, file);
     }
     g_plan.failedFile = file;
     errno = EIO;
-    return nullptr;
+    return 0;
 }
 
 int __wrap_ferror(std::FILE* file) {
     return file == g_plan.failedFile ? 1 : __real_ferror(file);
 }
 
-int __wrap_vsnprintf(char* text, std::size_t size, const char* format, std::va_list args) {
-    return Fails(Fault::kFormat) ? -1 : __real_vsnprintf(text, size, format, args);
+// The names of functions as the linker sees them, where a size is an unsigned long.
+
+int __real__ZN8paramgen11FormatPlainEPcmPKcP13__va_list_tag(char* text, std::size_t size,
+                                                            const char* format, std::va_list args);
+
+int __wrap__ZN8paramgen11FormatPlainEPcmPKcP13__va_list_tag(char* text, std::size_t size,
+                                                            const char* format, std::va_list args) {
+    return Fails(Fault::kFormat)
+               ? -1
+               : __real__ZN8paramgen11FormatPlainEPcmPKcP13__va_list_tag(text, size, format, args);
 }
 
-// The function's name as the linker sees it, where a size is an unsigned long.
 std::int32_t __real__ZN8paramgen21CONFACCESS_GetDirNameEPKcPcm(const char* path, char* directory,
                                                                std::size_t size);
 
