@@ -84,19 +84,33 @@ Status ReadText(const Load& load, const char* fullKey) {
                                         load.field.size);
 }
 
+/// Labels the failure of a row's typed reader.
+Status LogReaderFailed(const Load& load, Status status) {
+    Key fullKey;
+    const char* label = load.item;
+    if (load.field.extra == FieldExtra::kLabel) {
+        label = load.field.label;
+    } else if (load.field.fullLabel) {
+        // A key that is too long leaves the label empty.
+        static_cast<void>(fullKey.Join(load.node, load.item));
+        label = fullKey.c_str();
+    }
+    return LogFailed(load.site.function, load.site.line, label, status);
+}
+
 /// Reads one row through its typed reader, and labels a failure as the row says.
 Status LoadThroughReader(const Load& load) {
-    Key fullKey;
-    const int length = fullKey.Format("%s:%s", load.node, load.item);
     std::int32_t number = 0;
     Status status = kOk;
     switch (load.field.kind) {
-        case FieldKind::kText:
-            if (length == -1) {
+        case FieldKind::kText: {
+            Key fullKey;
+            if (fullKey.Join(load.node, load.item) == -1) {
                 return LogNotFormatted(load.site);
             }
             status = ReadText(load, fullKey.c_str());
             break;
+        }
         case FieldKind::kBool:
             status = ReadBool(load);
             break;
@@ -114,14 +128,7 @@ Status LoadThroughReader(const Load& load) {
             }
             break;
     }
-    if (status == kOk) {
-        return kOk;
-    }
-    const char* label = load.field.fullLabel ? fullKey.c_str() : load.item;
-    if (load.field.extra == FieldExtra::kLabel) {
-        label = load.field.label;
-    }
-    return LogFailed(load.site.function, load.site.line, label, status);
+    return status == kOk ? kOk : LogReaderFailed(load, status);
 }
 
 /// Queries a name and stores its number; an absent key leaves the member as it is.
@@ -163,7 +170,7 @@ Status QueryNumber(const Load& load, const char* fullKey) {
 /// Queries one row directly; its failure is labelled with the full key.
 Status LoadThroughQuery(const Load& load) {
     Key fullKey;
-    if (fullKey.Format("%s:%s", load.node, load.item) == -1) {
+    if (fullKey.Join(load.node, load.item) == -1) {
         return LogNotFormatted(load.site);
     }
     Status status = kOk;
@@ -210,25 +217,26 @@ Status LoadField(CallSite site, const char* module, const char* node, const Fiel
         default:
             return kOk;
     }
-    Key item;
-    if (FormatItem(&item, field.key, index) == -1) {
+    Key numbered;
+    if (field.isNumbered && FormatItem(&numbered, field.key, index) == -1) {
         return LogNotFormatted(site);
     }
     const Load load = {.site = site,
                        .module = module,
                        .node = field.ownNode ? field.node : node,
-                       .item = item.c_str(),
+                       .item = field.isNumbered ? numbered.c_str() : field.key,
                        .field = field,
                        .dest = field.isArray ? dest + std::size_t{index} * field.size : dest};
     return field.source == FieldSource::kReader ? LoadThroughReader(load) : LoadThroughQuery(load);
 }
 
 int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t index) {
-    Key item;
-    if (FormatItem(&item, field.key, index) == -1) {
+    Key numbered;
+    if (field.isNumbered && FormatItem(&numbered, field.key, index) == -1) {
         return -1;
     }
-    return key->Format("%s:%s", field.ownNode ? field.node : node, item.c_str());
+    return key->Join(field.ownNode ? field.node : node,
+                     field.isNumbered ? numbered.c_str() : field.key);
 }
 
 Status LoadFields(CallSite site, const char* module, const char* node,

@@ -87,9 +87,10 @@ struct Field {
     FieldKind kind : 4;
     FieldSource source : 4;
     FieldExtra extra : 4;
-    bool isArray : 1;    ///< an element's number belongs to the numbers that templates take
-    bool ownNode : 1;    ///< `node` is the very node, whatever node the loader is at
-    bool fullLabel : 1;  ///< its failure is labelled with key and node, not with the key alone
+    bool isArray : 1;     ///< an element's number belongs to the numbers that templates take
+    bool isNumbered : 1;  ///< `key` is a template that takes a number
+    bool ownNode : 1;     ///< `node` is the very node, whatever node the loader is at
+    bool fullLabel : 1;   ///< its failure is labelled with key and node, not with the key alone
 
     constexpr Field At(const char* veryNode) const {
         Field row = *this;
@@ -210,6 +211,7 @@ constexpr Field KeyRow(FieldSource source, std::size_t offset, const char* key,
     }
     Field row = Row<Member>(offset, Traits::kKind, source);
     row.key = key;
+    row.isNumbered = CountNumbers(key) != 0;
     row.defaultValue = defaultValue;
     return Traits::kKind == FieldKind::kName ? row.NamesFrom(Traits::Lookup) : row;
 }

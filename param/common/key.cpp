@@ -14,4 +14,24 @@ int Key::Format(const char* format, ...) {
     return length;
 }
 
+int Key::Join(const char* node, const char* item) {
+    char* at = text_;
+    char* const end = text_ + sizeof text_ - 1;
+    while (at != end && *node != '\0') {
+        *at++ = *node++;
+    }
+    if (at != end && *node == '\0') {
+        *at++ = ':';
+        while (at != end && *item != '\0') {
+            *at++ = *item++;
+        }
+        if (*item == '\0') {
+            *at = '\0';
+            return static_cast<int>(at - text_);
+        }
+    }
+    text_[0] = '\0';
+    return -1;
+}
+
 }  // namespace paramgen

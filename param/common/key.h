@@ -16,6 +16,9 @@ public:
     /// then empty.
     [[gnu::format(printf, 2, 3), nodiscard]] int Format(const char* format, ...);
 
+    /// Makes the text "node:item". Returns what `Format` does.
+    [[nodiscard]] int Join(const char* node, const char* item);
+
     /// The text, valid as long as the key.
     const char* c_str() const { return text_; }
 

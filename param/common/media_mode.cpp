@@ -6,7 +6,9 @@
 namespace paramgen {
 namespace {
 
-constexpr NamedNumber kMediaModes[] = {
+constexpr char kPrefix[] = "QX_PARAM_MEDIAMODE_";
+
+constexpr NamedNumber<kPrefix, 15> kMediaModes[] = {
     {"QX_PARAM_MEDIAMODE_480P_25", 0},       {"QX_PARAM_MEDIAMODE_720P_30", 1},
     {"QX_PARAM_MEDIAMODE_720P_30_WDR", 2},   {"QX_PARAM_MEDIAMODE_720P_60", 3},
     {"QX_PARAM_MEDIAMODE_720P_60_WDR", 4},   {"QX_PARAM_MEDIAMODE_1080P_25", 5},
@@ -39,12 +41,12 @@ constexpr NamedNumber kMediaModes[] = {
 }  // namespace
 
 Status PARAM_INIPARAM_GetMediaModeEnum(const char* name, MediaMode* mode) {
-    const NamedNumber* found = FindName(kMediaModes, name);
-    if (found == nullptr) {
+    std::int32_t number = 0;
+    if (!FindName(kMediaModes, name, &number)) {
         LOG_ERROR("Invalid MediaMode[%s]\n", name);
         return kFailed;
     }
-    *mode = static_cast<MediaMode>(found->number);
+    *mode = static_cast<MediaMode>(number);
     LOG_DEBUG("MediaMode[%s] Enum[%d]\n", name, *mode);
     return kOk;
 }

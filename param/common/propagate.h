@@ -29,6 +29,15 @@
         }                                                         \
     } while (false)
 
+/// Makes `key` the text "node:item". When it does not fit, logs "sprintf_s" and returns -1.
+#define JOIN_OR_RETURN AT_THIS_LINE_ JOIN_OR_RETURN_
+#define JOIN_OR_RETURN_(key, node, item)                                \
+    do {                                                                \
+        if ((key).Join(node, item) == -1) {                             \
+            return ::paramgen::LogFailed(__func__, line_, "sprintf_s"); \
+        }                                                               \
+    } while (false)
+
 /// Formats `key` as the full key of the row `field` for element `index`, under `node` where the row
 /// has no node of its own. When it does not fit, logs "sprintf_s" and returns -1.
 #define FORMAT_KEY_OR_RETURN AT_THIS_LINE_ FORMAT_KEY_OR_RETURN_

@@ -24,7 +24,7 @@ Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* pre
                                              const char* key, std::int32_t defaultValue,
                                              std::int32_t* value) {
     Key item;
-    FORMAT_OR_RETURN(item, "sprintf_s", "%s:%s", prefix, key);
+    JOIN_OR_RETURN(item, prefix, key);
     CALL_OR_RETURN(ZV_CONFACCESS_GetInt(kProductConfig, module, item.c_str(), defaultValue, value),
                    item.c_str());
     return kOk;
@@ -34,7 +34,7 @@ Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* pr
                                               const char* key, std::int32_t defaultValue,
                                               std::uint32_t* value) {
     Key item;
-    FORMAT_OR_RETURN(item, "sprintf_s", "%s:%s", prefix, key);
+    JOIN_OR_RETURN(item, prefix, key);
     std::int32_t number = 0;
     CALL_OR_RETURN(
         ZV_CONFACCESS_GetInt(kProductConfig, module, item.c_str(), defaultValue, &number),
@@ -46,7 +46,7 @@ Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* pr
 Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* prefix,
                                               const char* key, Bool32 defaultValue, Bool32* value) {
     Key item;
-    FORMAT_OR_RETURN(item, "sprintf_s", "%s:%s", prefix, key);
+    JOIN_OR_RETURN(item, prefix, key);
     std::int32_t truth = static_cast<std::int32_t>(*value);
     CALL_OR_RETURN(ZV_CONFACCESS_GetBool(kProductConfig, module, item.c_str(),
                                          static_cast<std::int32_t>(defaultValue), &truth),

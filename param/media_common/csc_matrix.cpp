@@ -6,7 +6,9 @@
 namespace paramgen {
 namespace {
 
-constexpr NamedNumber kCscMatrices[] = {
+constexpr char kPrefix[] = "QX_MAPI_DISP_CSC_MATRIX_";
+
+constexpr NamedNumber<kPrefix, 24> kCscMatrices[] = {
     {"QX_MAPI_DISP_CSC_MATRIX_BT601LIMIT_TO_BT601LIMIT", kCscMatrixBt601LimitToBt601Limit},
     {"QX_MAPI_DISP_CSC_MATRIX_BT601LIMIT_TO_BT709LIMIT", kCscMatrixBt601LimitToBt709Limit},
     {"QX_MAPI_DISP_CSC_MATRIX_BT709LIMIT_TO_BT601LIMIT", kCscMatrixBt709LimitToBt601Limit},
@@ -21,12 +23,12 @@ constexpr NamedNumber kCscMatrices[] = {
 }  // namespace
 
 Status PDT_INIPARAM_GetMediaCommCSCMatrixEnum(const char* name, CscMatrix* matrix) {
-    const NamedNumber* found = FindName(kCscMatrices, name);
-    if (found == nullptr) {
+    std::int32_t number = 0;
+    if (!FindName(kCscMatrices, name, &number)) {
         LOG_ERROR("Invalid CSCMatrix[%s]\n", name);
         return kFailed;
     }
-    *matrix = static_cast<CscMatrix>(found->number);
+    *matrix = static_cast<CscMatrix>(number);
     LOG_DEBUG("    CSCMatrix[%s] Enum[%d]\n", name, *matrix);
     return kOk;
 }

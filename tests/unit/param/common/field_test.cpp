@@ -219,8 +219,8 @@ TEST(Field, KeysThatDoNotFitAreTold) {
     }
     constexpr Field endless = FIELD(Outer, number,
                                     "an item name of far more characters than any key may have, "
-                                    "which no table has, but which a "
-                                    "table might have, and then it must fail like any other");
+                                    "which no table has, but which a table "
+                                    "might have, number %u, and then it fails like any other");
     Status status = 0;
     const std::string output =
         CaptureStdout([&] { status = LoadField(site, "m", "n", endless, 0, &outer); });

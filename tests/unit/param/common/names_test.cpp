@@ -7,15 +7,43 @@
 namespace paramgen::testing {
 namespace {
 
-TEST(Names, SixtyFourCharactersDecide) {
-    const std::string longName(64, 'n');
-    const NamedNumber table[] = {{"one", 1}, {"one", 2}, {longName.c_str(), 3}};
-    EXPECT_EQ(FindName(table, "one")->number, 1);
-    EXPECT_EQ(FindName(table, "one more"), nullptr);
-    EXPECT_EQ(FindName(table, "on"), nullptr);
-    EXPECT_EQ(FindName(table, ""), nullptr);
-    EXPECT_EQ(FindName(table, (longName + "whatever follows").c_str())->number, 3);
-    EXPECT_EQ(FindName(table, std::string(63, 'n').c_str()), nullptr);
+constexpr char kPrefix[] = "QX_";
+constexpr NamedNumber<kPrefix, 60> kTable[] = {
+    {"QX_one", 1},
+    {"QX_one", 2},
+    {"QX_", 3},
+    {"QX_nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn", -4},  // 63 characters
+};
+
+/// The number of a name, or 0.
+std::int32_t NumberOf(const std::string& name) {
+    std::int32_t number = 0;
+    const bool found = FindName(kTable, name.c_str(), &number);
+    EXPECT_EQ(found, number != 0);
+    return number;
+}
+
+TEST(Names, TheFirstOfTwoCounts) {
+    EXPECT_EQ(NumberOf("QX_one"), 1);
+}
+
+TEST(Names, EveryCharacterDecides) {
+    EXPECT_EQ(NumberOf("QX_one more"), 0);
+    EXPECT_EQ(NumberOf("QX_on"), 0);
+    EXPECT_EQ(NumberOf("QX_onE"), 0);
+    EXPECT_EQ(NumberOf("QY_one"), 0);
+    EXPECT_EQ(NumberOf("one"), 0);
+    EXPECT_EQ(NumberOf("QX"), 0);
+    EXPECT_EQ(NumberOf(""), 0);
+    EXPECT_EQ(NumberOf("QX_"), 3);
+}
+
+TEST(Names, LongNamesAreComparedToTheirEnd) {
+    const std::string longest = "QX_" + std::string(60, 'n');
+    EXPECT_EQ(NumberOf(longest), -4);
+    EXPECT_EQ(NumberOf(longest + "n"), 0);
+    EXPECT_EQ(NumberOf(longest.substr(0, 62)), 0);
+    EXPECT_EQ(NumberOf(longest + std::string(1000, 'n')), 0);
 }
 
 }  // namespace
