@@ -13,7 +13,7 @@
 #include <time.h>
 #include <unistd.h>
 
-enum { kCommandMax = 8 };
+enum { kCommandMax = 16 };
 
 extern char** environ;
 
