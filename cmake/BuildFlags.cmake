@@ -14,6 +14,19 @@ target_compile_options(paramgen_program_flags INTERFACE
   -fno-exceptions -fno-rtti -fno-threadsafe-statics
   -ffunction-sections -fdata-sections)
 
+# A static program starts faster and runs on any Linux, but not every toolchain has a static libc.
+if(PARAMGEN_STATIC STREQUAL "AUTO")
+  include(CheckCSourceCompiles)
+  set(CMAKE_REQUIRED_LINK_OPTIONS -static)
+  check_c_source_compiles("#include <stdio.h>\nint main(void) { return puts(\"\"); }"
+    PARAMGEN_HAS_STATIC_LIBC)
+  unset(CMAKE_REQUIRED_LINK_OPTIONS)
+  set(PARAMGEN_STATIC OFF)
+  if(PARAMGEN_HAS_STATIC_LIBC)
+    set(PARAMGEN_STATIC ON)
+  endif()
+endif()
+
 if(PARAMGEN_SANITIZERS)
   add_compile_options(-fsanitize=${PARAMGEN_SANITIZERS} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)

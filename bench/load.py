@@ -1,0 +1,140 @@
+"""One file of many keys: loaded, and asked for every key as an integer."""
+
+import random
+
+import tools
+
+KEYS_PER_SECTION = 20
+# Asked for in steps of a large prime, keys are all over the file.
+SCATTERED = 611953
+
+READERS = {
+    "newlines": "floor: finds newlines",
+    "paramgen": "paramgen, glibc",
+    "paramgen_musl": "paramgen, musl",
+    "gkeyfile": "GKeyFile",
+    "inih": "inih and unordered_map",
+    "simpleini": "SimpleIni",
+    "property_tree": "Boost.PropertyTree",
+}
+# How many times slower than paramgen with glibc a peer is expected to be.
+TARGETS = {"gkeyfile": 1.5, "inih": 2, "simpleini": 3, "property_tree": 3}
+# Numbers of keys, and how often they are measured.
+ROUNDS = {1000: 101, 10000: 51, 100000: 21, 1000000: 7}
+SHORT_ROUNDS = {1000: 1, 2000: 1}
+TEXTS = ("enabled", "off", "main stream", "sensor_a", "/mnt/card/movie", "H.265 high profile")
+
+
+class KeyFile:
+    """A file of keys as a product might have them: sections, comments, numbers, some texts."""
+
+    def __init__(self, directory, keys):
+        self.keys = keys
+        self.path = directory / f"keys_{keys}.ini"
+        self.entry = directory / f"entry_{keys}.ini"
+        self.sum = 0
+        self.entry.write_text("[module]\nmodule_num = 1\nmodule1 = keys\n\n"
+                              f"[keys]\ncfg_filename = {self.path.name}\n")
+        self.write()
+        self.size = self.path.stat().st_size
+
+    def write(self):
+        chance = random.Random(self.keys)
+        with open(self.path, "w") as file:
+            for key in range(self.keys):
+                section, name = divmod(key, KEYS_PER_SECTION)
+                if name == 0:
+                    file.write(f"{'' if key == 0 else chr(10)}[sect{section}]\n")
+                if chance.random() < 0.05:
+                    file.write("# what the next value is for, and in which unit\n")
+                if chance.random() < 0.05:
+                    file.write(f"key{name} = {chance.choice(TEXTS)}\n")
+                else:
+                    value = chance.choice((chance.randrange(10), chance.randrange(10000),
+                                           -chance.randrange(100), chance.randrange(2**31)))
+                    self.sum += value
+                    file.write(f"key{name} = {value}\n")
+
+    def command(self, reader, step=1):
+        preset = "host-static" if reader == "paramgen_musl" else "release"
+        ours = reader.startswith("paramgen")
+        program = tools.BUILT[preset] / ("reader_paramgen" if ours else f"reader_{reader}")
+        return [str(program), str(self.entry if ours else self.path), str(self.keys),
+                str(KEYS_PER_SECTION), str(step)]
+
+    def run(self, reader, step=1):
+        """Nanoseconds of loading and of asking, and the peak of the memory in bytes."""
+        helper = str(tools.BUILT["release"] / "peak_memory")
+        stdout, stderr = tools.output_of([helper, *self.command(reader, step)], self.path.parent)
+        loading, asking, total = map(int, stdout.split())
+        if reader != "newlines" and total != self.sum:
+            raise SystemExit(f"{reader} adds {self.keys} keys up to {total}, not {self.sum}")
+        return loading, asking, int(stderr) * 1024
+
+
+def measure(file, readers, rounds):
+    """Of every reader, rounds in turn: loading, asking, both (in nanoseconds), and memory."""
+    runs = {reader: [] for reader in readers}
+    for _ in range(rounds):
+        for reader in readers:
+            loading, asking, memory = file.run(reader)
+            runs[reader].append((loading, asking, loading + asking, memory))
+    return runs
+
+
+def print_readers(file, rounds):
+    runs = measure(file, READERS, rounds)
+    medians = {reader: [tools.median(column) for column in zip(*values)]
+               for reader, values in runs.items()}
+    floor, ours = medians["newlines"], medians["paramgen"]
+    rows = []
+    for reader, (loading, asking, both, memory) in medians.items():
+        best = min(run[2] for run in runs[reader])
+        times = [f"{time / 1e6:.2f}" for time in (loading, asking, both, best)]
+        rows.append([READERS[reader], *times, f"{both / floor[2]:.1f}", f"{both / ours[2]:.2f}",
+                     TARGETS.get(reader, ""), f"{memory / 2**20:.1f}", f"{memory / file.size:.1f}"])
+    tools.print_table(
+        f"{file.keys:,} keys, {file.size:,} bytes, median of {rounds}, times in ms",
+        ["reader", "load", "ask", "both", "best", "/ floor", "/ paramgen", "target", "peak MiB",
+         "/ file"], rows)
+
+
+def print_comparison(directory, short):
+    """Our configuration access beside other readers."""
+    for keys, rounds in (SHORT_ROUNDS if short else ROUNDS).items():
+        print_readers(KeyFile(directory, keys), rounds)
+    print("targets, besides those in the table (at 100,000 keys): at 100,000 keys 25 times the floor;"
+          " at 1,000,000 keys memory 4 times the file", flush=True)
+
+
+def time_per_key(file, step):
+    """The median of nanoseconds."""
+    runs = [file.run("paramgen", step) for _ in range(min(101, max(7, 300000 // file.keys)))]
+    return tools.median([loading + asking for loading, asking, _ in runs]) / file.keys
+
+
+def instructions_per_key(file):
+    """With the libc of the static program: the other resolves its functions while it runs."""
+    return tools.count_instructions(file.command("paramgen_musl"), file.path.parent,
+                                    only=("BenchLoad", "BenchSum")) / file.keys
+
+
+def print_growth(directory, short):
+    """How the cost of a key grows with their number."""
+    rows, costs = [], {}
+    for keys in SHORT_ROUNDS if short else ROUNDS:
+        file = KeyFile(directory, keys)
+        cost = [time_per_key(file, step) for step in (1, SCATTERED)]
+        cost.append(instructions_per_key(file) if keys <= 100000 else None)
+        costs[keys] = cost
+        rows.append([f"{keys:,}", *("" if value is None else f"{value:.1f}" for value in cost)])
+    tools.print_table("What a key costs, loading and asking",
+                      ["keys", "ns, in the file's order", "ns, all over the file", "instructions"],
+                      rows)
+    for unit, column, more, fewer, target in (
+            ("time", 0, 1000000, 10000, ", target 2.5"), ("time", 0, 1000000, 1000, ""),
+            ("time, all over the file", 1, 1000000, 10000, ""),
+            ("instructions", 2, 100000, 10000, ", target 1.1")):
+        if more in costs:
+            print(f"{unit} at {more:,} keys / at {fewer:,}:"
+                  f" {costs[more][column] / costs[fewer][column]:.2f}{target}", flush=True)

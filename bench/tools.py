@@ -1,0 +1,57 @@
+"""What the parts of bench/run share: builds, runs, medians, instructions, tables."""
+
+import pathlib
+import re
+import statistics
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BUILT = {preset: ROOT / "build" / preset / "bench" for preset in ("host-static", "release")}
+
+
+def need_packages(packages):
+    subprocess.run(["bash", "-euc", '. scripts/packages.sh; need_packages "$@"', "bash", *packages],
+                   cwd=ROOT, check=True)
+
+
+def build(preset, targets):
+    """Builds in the preset's directory; what else is there stays as it is."""
+    for command in (["cmake", "--preset", preset, "-DPARAMGEN_BENCH=ON"],
+                    ["cmake", "--build", f"build/{preset}", "--target", *targets]):
+        run = subprocess.run(command, cwd=ROOT, capture_output=True, text=True)
+        if run.returncode != 0:
+            raise SystemExit(run.stdout + run.stderr)
+
+
+def output_of(command, directory):
+    """Standard output and standard error of a run that has to succeed."""
+    run = subprocess.run(command, cwd=directory, capture_output=True, text=True)
+    if run.returncode != 0:
+        raise SystemExit(f"{command} failed: {run.returncode}\n{run.stdout[-500:]}{run.stderr}")
+    return run.stdout, run.stderr
+
+
+def count_instructions(command, directory, only=(), record=None):
+    """Instructions in user space, of the whole run or only inside some functions."""
+    out = f"--callgrind-out-file={record or '/dev/null'}"
+    collect = [f"--toggle-collect={function}" for function in only]
+    _, told = output_of(["valgrind", "--tool=callgrind", out, *collect, *command], directory)
+    return int(re.search(r"Collected : (\d+)", told)[1])
+
+
+def median(values):
+    return statistics.median(values)
+
+
+def print_table(title, head, rows):
+    """Prints a table as Markdown has it: the first column to the left, the others to the right."""
+    rows = [[str(cell) for cell in row] for row in [head, *rows]]
+    widths = [max(len(row[column]) for row in rows) for column in range(len(head))]
+    lines = [[cell.ljust(width) if column == 0 else cell.rjust(width)
+              for column, (cell, width) in enumerate(zip(row, widths))] for row in rows]
+    lines.insert(1, ["-" * width if column == 0 else "-" * (width - 1) + ":"
+                     for column, width in enumerate(widths)])
+    print(f"\n{title}\n")
+    for line in lines:
+        print("| " + " | ".join(line) + " |")
+    print(flush=True)

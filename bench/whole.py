@@ -1,0 +1,139 @@
+"""The whole program on the example product."""
+
+import os
+import re
+import shutil
+import subprocess
+
+import tools
+
+# A way of linking, and the preset that builds it.
+WAYS = {
+    "host_static": "host-static",
+    "static": "release",
+    "static_pie": "release",
+    "dynamic": "release",
+    "dynamic_libstdcxx": "release",
+}
+NAMES = {
+    "host_static": "musl, static: `host-static`",
+    "static": "glibc, static",
+    "static_pie": "glibc, static, position-independent",
+    "dynamic": "glibc, dynamic",
+    "dynamic_libstdcxx": "glibc and libstdc++, dynamic",
+}
+
+
+class Product:
+    """A copy of the example product, and how the programs are run on it."""
+
+    def __init__(self, directory):
+        self.directory = directory / "product"
+        shutil.copytree(tools.ROOT / "examples/dashcam", self.directory, dirs_exist_ok=True)
+        self.output = directory / "output"
+        self.files = sorted(str(file.relative_to(self.directory))
+                            for file in self.directory.rglob("*.ini"))
+        stdout, _ = tools.output_of([self.program("paramgen", "host_static")], self.directory)
+        self.bytes = len(stdout.encode())
+
+    def program(self, name, way):
+        return str(tools.BUILT[WAYS[way]] / f"{name}_{way}")
+
+    def commands(self, way):
+        """The program, the floor, and the empty program."""
+        return [[self.program("paramgen", way)],
+                [self.program("floor", way), str(self.bytes), *self.files],
+                [self.program("empty", way)]]
+
+    def times(self, ways, output, rounds):
+        """The medians of the wall times, in microseconds: of every way, those of its commands."""
+        commands = [command for way in ways for command in self.commands(way)]
+        race = [str(tools.BUILT["release"] / "race"), str(rounds), str(output), *commands[0]]
+        for command in commands[1:]:
+            race += ["--", *command]
+        lines, _ = tools.output_of(race, self.directory)
+        columns = zip(*(map(int, line.split()) for line in lines.splitlines()))
+        medians = [tools.median(column) / 1000 for column in columns]
+        return [medians[first:first + 3] for first in range(0, len(medians), 3)]
+
+    def system_calls(self, command):
+        """How many there are, and how many of them write to standard output, a file."""
+        trace = self.directory / "trace"
+        with open(self.output, "w") as output:
+            subprocess.run(["strace", "-o", trace, *command], cwd=self.directory, stdout=output,
+                           check=True)
+        calls = re.findall(r"^(\w+)\((\w*)", trace.read_text(), re.MULTILINE)
+        return len(calls), calls.count(("write", "1")) + calls.count(("writev", "1"))
+
+    def page_faults(self, command):
+        run = subprocess.Popen(command, cwd=self.directory, stdout=subprocess.DEVNULL)
+        return os.wait4(run.pid, 0)[2].ru_minflt
+
+
+def print_instructions(product, ways):
+    rows = []
+    for way in ways:
+        program, floor, empty = [tools.count_instructions(command, product.directory)
+                                 for command in product.commands(way)]
+        rows.append([NAMES[way], f"{program:,}", f"{floor:,}", f"{empty:,}",
+                     f"{program - empty:,}"])
+    tools.print_table(
+        f"Instructions of a whole run ({len(product.files)} files, {product.bytes:,} bytes of"
+        " output). Target for `host-static`: 4,000,000 above empty, aim 2,500,000",
+        ["linked", "paramgen", "floor", "empty", "above empty"], rows)
+
+
+def print_times(product, ways, rounds):
+    rows = []
+    for output in ("pipe", product.output):
+        for way, times in zip(ways, product.times(ways, output, rounds)):
+            rows.append([NAMES[way], "pipe" if output == "pipe" else "file",
+                         *(f"{time:.0f}" for time in times), f"{times[0] / times[1]:.2f}"])
+    tools.print_table(
+        f"Wall time of a whole run in microseconds, median of {rounds} runs in turn. Target for"
+        " `host-static`: 2.5 times the floor, aim 2",
+        ["linked", "output", "paramgen", "floor", "empty", "paramgen / floor"], rows)
+
+
+def print_kernel(product):
+    rows = [[name, *product.system_calls(command), product.page_faults(command)]
+            for name, command in zip(("paramgen", "floor", "empty"),
+                                     product.commands("host_static"))]
+    tools.print_table("What the kernel is asked for by `host-static`. Target: at most 10 writes",
+                      ["program", "system calls", "writes to standard output", "page faults"], rows)
+
+
+def print_whole_run(directory, short):
+    product = Product(directory)
+    ways = ["host_static"] if short else list(WAYS)
+    for way in ways[1:]:
+        tools.build(WAYS[way], [f"bench_{way}"])
+    print_instructions(product, ways)
+    print_times(product, ways, 5 if short else 500)
+    print_kernel(product)
+
+
+def plain_name(function, names):
+    """Without namespaces and arguments. An address is what callgrind gives two names' place."""
+    if function.startswith("0x"):
+        return names.get(int(function, 16), function)
+    return re.sub(r"paramgen::|\(anonymous namespace\)::|(?<=\w)\(.*", "", function)
+
+
+def print_profile(directory, short):
+    """Where the instructions of a whole run go, by function."""
+    product = Product(directory)
+    record = product.directory / "profile"
+    command = product.commands("host_static")[0]
+    tools.count_instructions(command, product.directory, record=record)
+    symbols, _ = tools.output_of(["nm", "--extern-only", *command], product.directory)
+    names = {int(address, 16): name
+             for address, name in re.findall(r"^(\w+) T (\w+)$", symbols, re.MULTILINE)}
+    for title, inclusive in (("in the function itself", "no"), ("with what it calls", "yes")):
+        told, _ = tools.output_of(["callgrind_annotate", "--auto=no", f"--inclusive={inclusive}",
+                                   str(record)], product.directory)
+        lines = re.findall(r"^ *([\d,]+) \( *([\d.]+)%\)  [^:\n]*:(.*?)(?: \[.*)?$", told,
+                           re.MULTILINE)
+        rows = [[plain_name(name, names), count, share] for count, share, name in lines]
+        tools.print_table(f"Instructions by function, {title}", ["function", "instructions", "%"],
+                          rows[:5 if short else 40])

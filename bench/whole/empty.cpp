@@ -1,0 +1,4 @@
+/// What starting and ending a program costs.
+int main() {
+    return 0;
+}
