@@ -43,6 +43,11 @@ def median(values):
     return statistics.median(values)
 
 
+def undisturbed(values):
+    """The time that a tenth of the runs stays below: what a busy machine has not held up."""
+    return sorted(values)[len(values) // 10]
+
+
 def print_table(title, head, rows):
     """Prints a table as Markdown has it: the first column to the left, the others to the right."""
     rows = [[str(cell) for cell in row] for row in [head, *rows]]
