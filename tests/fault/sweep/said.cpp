@@ -61,11 +61,12 @@ bool IsOneOf(std::string_view text, const auto& texts, std::string_view before,
     });
 }
 
-/// Whether the lines from `first` on are the levels of a failure: a loader at least, the section,
-/// PDT_INIPARAM_LoadCfg and main.
+/// Whether the lines from `first` on are the levels of a failure: loaders, then
+/// PDT_INIPARAM_LoadCfg, which names the section, and main.
 bool HasLevels(const Lines& lines, std::size_t first, const std::string& code) {
     const std::string failed = "] failed[0x" + code + "]";
-    if (lines.size() < first + 3 || *(lines.end() - 1) != "ERROR main: [load config" + failed ||
+    if (lines.size() < 3 || lines.size() < first + 2 ||
+        *(lines.end() - 1) != "ERROR main: [load config" + failed ||
         !IsOneOf(*(lines.end() - 2), kSections, "ERROR PDT_INIPARAM_LoadCfg: [", failed)) {
         return false;
     }
@@ -102,7 +103,7 @@ bool IsFormattingChain(const Lines& lines) {
         "ERROR PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg: get dir name failed!";
     const std::size_t first = lines.size() > 1 && lines[1] == kDirNames ? 2 : 1;
     return !lines.empty() && lines.front().starts_with("ERROR ") &&
-           lines.front().ends_with("sprintf_s] failed") && HasLevels(lines, first, "FFFFFFFF");
+           lines.front().ends_with("printf_s] failed") && HasLevels(lines, first, "FFFFFFFF");
 }
 
 }  // namespace paramgen::testing
