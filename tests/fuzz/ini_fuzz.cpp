@@ -38,7 +38,7 @@ private:
 
 void CompareValue(const Dictionary& dictionary, const std::string& key,
                   const std::optional<std::string>& value) {
-    const char* found = dictionary.Get(key.c_str(), kNothing);
+    const char* found = dictionary.Get(FoldedKey(key), kNothing);
     Require(found != kNothing, "every key is there");
     Require(value.has_value() ? found != nullptr && *value == found : found == nullptr,
             "every value is as it stands in the file");
@@ -52,7 +52,7 @@ void CompareValue(const Dictionary& dictionary, const std::string& key,
     for (char& c : upper) {
         c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     }
-    Require(key.size() > 1024 || FindText(dictionary, upper.c_str(), kNothing) == found,
+    Require(key.size() > 1024 || FindText(dictionary, upper, kNothing) == found,
             "a key in capitals is the same key");
 }
 

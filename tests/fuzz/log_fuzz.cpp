@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -49,7 +51,7 @@ public:
                 break;
             case 2:
                 unlink(paths_[argument % 2].c_str());
-                last_ = 0;
+                Forget();
                 break;
             case 3:
                 Cut(paths_[argument % 2], argument / 2);
@@ -83,6 +85,7 @@ private:
         const std::int32_t result = ZV_LOG_OpenSave(FuzzDirectory().c_str(), limit);
         Require((result == 0) == ZV_LOG_IsSaveOpen(), "open is open");
         limit_ = limit;
+        isReopened_ = true;
     }
 
     /// Part of a file is lost, or all of it.
@@ -90,20 +93,25 @@ private:
         struct stat status = {};
         if (stat(path.c_str(), &status) == 0 && status.st_size > size) {
             Require(truncate(path.c_str(), size) == 0, "a file can be cut");
-            last_ = 0;
+            Forget();
         }
     }
 
     void Save(unsigned length) {
         char number[kNumberSize + 2];
         std::snprintf(number, sizeof number, "%08u:", ++count_);
-        // A line end before it as well, since the record before may have been cut.
-        const std::string record = "\n" + (number + std::string(length, 'r')) + "\n";
+        // The line end stands before it: what comes behind one that was cut is on its own line.
+        const std::string record = "\n" + (number + std::string(length, 'r')) + ".";
         const bool wasOpen = ZV_LOG_IsSaveOpen();
         if (wasOpen) {
             LOG_SaveLog(record.data(), record.size());
             longest_ = std::max(longest_, record.size());
-            last_ = ZV_LOG_IsSaveOpen() ? count_ : 0;
+            lastButOne_ = isReopened_ ? 0 : last_;
+            last_ = count_;
+            isReopened_ = false;
+            if (!ZV_LOG_IsSaveOpen()) {
+                Forget();
+            }
         }
         largestLimit_ = std::max<std::size_t>(largestLimit_, limit_);
     }
@@ -116,39 +124,47 @@ private:
 
     /// What the files hold, nothing being held back: none is larger than any limit there was, or
     /// than a record that it was started afresh with; records stand in their order; and the last
-    /// one saved is the last one of a file.
+    /// two that were saved in one go are there: the file in use is not started afresh.
     void Check() {
-        bool isLastThere = last_ == 0;
+        std::set<unsigned> there = {0};
         for (const std::string& path : paths_) {
             const std::string bytes = Read(path);
             Require(bytes.size() <= std::max(largestLimit_, longest_), "a file keeps to its limit");
-            const unsigned last = CheckOrder(bytes);
-            isLastThere = isLastThere || last == last_;
+            AddNumbers(bytes, &there);
         }
-        Require(isLastThere, "the last record is there");
-        last_ = 0;
+        Require(there.count(last_) != 0, "the last record is there");
+        Require(there.count(lastButOne_) != 0, "the last record but one is there");
+        Forget();
     }
 
-    /// Whole records follow each other with rising numbers. Returns the last number.
-    static unsigned CheckOrder(const std::string& bytes) {
+    /// Adds the numbers of the whole records in a file, which rise.
+    static void AddNumbers(const std::string& bytes, std::set<unsigned>* numbers) {
         unsigned last = 0;
         std::istringstream lines(bytes);
         for (std::string line; std::getline(lines, line);) {
             if (line.size() <= kNumberSize || line[kNumberSize] != ':' ||
-                line.find_first_not_of('r', kNumberSize + 1) != std::string::npos) {
+                line.find_first_not_of('r', kNumberSize + 1) != line.size() - 1 ||
+                line.back() != '.') {
                 continue;  // the rest of one that was cut
             }
             const auto number = static_cast<unsigned>(std::strtoul(line.c_str(), nullptr, 10));
             Require(number > last, "records stand in their order");
             last = number;
+            numbers->insert(number);
         }
-        return last;
+    }
+
+    void Forget() {
+        last_ = 0;
+        lastButOne_ = 0;
     }
 
     const std::array<std::string, 2> paths_ = {FuzzDirectory() + "/Q2VkYXJMb2dzVoLog1",
                                                FuzzDirectory() + "/Q2VkYXJMb2dzVoLog2"};
     unsigned count_ = 0;  ///< records made
-    unsigned last_ = 0;   ///< the last one that must be in a file; 0: none
+    unsigned last_ = 0;   ///< the last one, which must be in a file; 0: none
+    unsigned lastButOne_ = 0;
+    bool isReopened_ = true;  ///< the first file counts as the one in use, whichever was
     std::size_t limit_ = 0;
     std::size_t largestLimit_ = 0;
     std::size_t longest_ = 0;

@@ -86,7 +86,8 @@ protected:
     /// file does.
     bool IsWithoutModule(const Point& point, int module, Lines lines) {
         const WholeRun& without = Without(module);
-        lines.insert(lines.end(), without_[module].begin() + 1, without_[module].end());
+        lines.insert(lines.end(), without_[module].begin() + (without_[module].empty() ? 0 : 1),
+                     without_[module].end());
         End end = without.end;
         end.hasCleanImage = point.end.hasCleanImage;
         return point.end == end && Said(point.output) == lines;
@@ -94,7 +95,7 @@ protected:
 
     bool IsUnloadedModule(const Point& point, int module) {
         Without(module);
-        return IsWithoutModule(point, module, {without_[module].front()});
+        return IsWithoutModule(point, module, {FirstOf(without_[module])});
     }
 
     /// A run without the file of a module: what the program does then is literal for the kinds of
@@ -110,13 +111,13 @@ protected:
         const WholeRun run = sweep_.Again();
         std::ofstream(path, std::ios::binary) << bytes;
         const Lines lines = Said(run.output);
-        EXPECT_EQ(lines.front(), "[time][QXCONFACCE] Load " + path + " failed");
+        EXPECT_EQ(FirstOf(lines), "[time][QXCONFACCE] Load " + path + " failed");
         if (IsOptional(module)) {
             EXPECT_EQ(run.end.exitStatus, 0) << path;
-            EXPECT_EQ(lines.back(), "DEBUG main: parambin update end") << path;
+            EXPECT_EQ(LastOf(lines), "DEBUG main: parambin update end") << path;
         } else {
             EXPECT_TRUE(IsUntouched(run.end, kNoModule.exitStatus, true)) << path;
-            EXPECT_EQ(lines.back(), "ERROR main: [load config] failed[0xA1418046]") << path;
+            EXPECT_EQ(LastOf(lines), "ERROR main: [load config] failed[0xA1418046]") << path;
         }
         without_[module] = lines;
         return runsWithout_[module] = run;
@@ -170,11 +171,11 @@ protected:
     bool IsUnreadMode(const Point& point) {
         constexpr char kFound[] = "DEBUG PARAM_INIPARAM_GetMediaModeEnum: MediaMode[";
         const Lines lines = Said(point.output);
-        const std::string expected = RestOf(point).front();
+        const std::string expected = FirstOf(RestOf(point));
         End end = Complete();
         end.hasCleanImage = point.end.hasCleanImage;
-        return point.end == end && expected.starts_with(kFound) && lines.front() != expected &&
-               lines.back() == "DEBUG main: parambin update end" &&
+        return point.end == end && expected.starts_with(kFound) && FirstOf(lines) != expected &&
+               LastOf(lines) == "DEBUG main: parambin update end" &&
                std::none_of(lines.begin(), lines.end(),
                             [](const std::string& line) { return line.starts_with("ERROR"); });
     }

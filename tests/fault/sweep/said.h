@@ -13,6 +13,14 @@ using Lines = std::vector<std::string>;
 /// and time stamps read "[time]".
 Lines Said(std::string_view output);
 
+/// The first line, and the last; empty when nothing was said.
+inline std::string FirstOf(const Lines& lines) {
+    return lines.empty() ? "" : lines.front();
+}
+inline std::string LastOf(const Lines& lines) {
+    return lines.empty() ? "" : lines.back();
+}
+
 /// Whether the lines are all that a failure of this code says when a query for a value failed: what
 /// the query says, then one record for each level, from the reader or loader up to `main`.
 bool IsChain(const Lines& lines, const std::string& code);

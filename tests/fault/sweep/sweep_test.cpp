@@ -177,7 +177,7 @@ bool FaultSweep::IsAsFormattingDemands(const Point& point) {
     }
     const int module = point.progress.opens;
     const Lines lines = Said(point.output);
-    const auto begins = [&](const std::string& line) { return lines.front() == line; };
+    const auto begins = [&](const std::string& line) { return FirstOf(lines) == line; };
     for (const int line : {266, 269}) {
         const std::string text = "[CONFACCESS_Init]" + std::to_string(line) + ": snprintf_s";
         if (begins(text)) {
@@ -247,7 +247,7 @@ TEST_F(FaultSweep, Reading) {
 TEST_F(FaultSweep, DeviceThatTakesNoMore) {
     for (const Point& point : sweep_.Over(Kind::kWrite)) {
         const bool isFirst = point.progress.path == "./param.bin";
-        const std::string what = Said(point.output).front();
+        const std::string what = FirstOf(Said(point.output));
         EXPECT_TRUE(SaysOfFile(point, what.substr(std::string("ERROR main: ").size())))
             << Describe(point);
         EXPECT_THAT(what, ::testing::MatchesRegex(
@@ -352,7 +352,7 @@ TEST_F(FaultSweep, Clock) {
         ASSERT_EQ(points.size(), 1U);
         EXPECT_EQ(points[0].end, Complete());
         EXPECT_EQ(Said(points[0].output), Said(sweep_.Clean().output));
-        EXPECT_EQ(Said(points[0].output).front(),
+        EXPECT_EQ(FirstOf(Said(points[0].output)),
                   "[time][QXCONFACCE] Load ./camera/ldc/ldc1_photo_2160p.ini failed");
     }
 }
