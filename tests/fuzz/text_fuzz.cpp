@@ -4,13 +4,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdarg>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "fuzz/fuzz.h"
+#include "safestr/plain_format.h"
 #include "safestr/safestr.h"
 
 // The formats come from a table, or are the input: that is what is tested.
@@ -106,6 +110,89 @@ void CheckFormat(unsigned function, unsigned capacity, unsigned count, Input inp
     Require(result == (fits ? length : -1), "a text fits or fails");
     Require(capacity == 0 || std::strcmp(dest.get(), fits ? whole : "") == 0,
             "a text is whole or empty");
+}
+
+/// The conversions of a format that `FormatPlain` may be given: what they take, in their order.
+struct PlainFormat {
+    bool isSound = true;  ///< for libc, too, and with the arguments that there are
+    std::size_t shortestPrecision = SIZE_MAX;  ///< of its texts
+    std::vector<char> kinds;
+};
+
+PlainFormat ReadPlainFormat(const std::string& format) {
+    PlainFormat plain;
+    std::size_t at = 0;
+    while ((at = format.find('%', at)) != std::string::npos) {
+        const std::size_t begin = at + 1;
+        at = format.find_first_not_of("-+ #0", begin);
+        const std::size_t width = std::min(at, format.size());
+        at = std::min(format.find_first_not_of("0123456789", width), format.size());
+        plain.isSound = plain.isSound && at - width < 4;
+        std::size_t precision = SIZE_MAX;
+        if (at < format.size() && format[at] == '.') {
+            precision = std::strtoul(format.c_str() + at + 1, nullptr, 10);
+            const std::size_t digits = at + 1;
+            at = std::min(format.find_first_not_of("0123456789", digits), format.size());
+            plain.isSound = plain.isSound && at - digits < 4;
+        }
+        const std::size_t longs = at;
+        at = std::min(format.find_first_not_of('l', at), format.size());
+        const char kind = at < format.size() ? format[at++] : '\0';
+        plain.isSound = plain.isSound && kind != '\0' && std::strchr("duxXs", kind) != nullptr &&
+                        at - 1 - longs <= (kind == 's' ? 0U : 2U);
+        plain.kinds.push_back(kind);
+        plain.shortestPrecision =
+            kind == 's' ? std::min(plain.shortestPrecision, precision) : plain.shortestPrecision;
+    }
+    plain.isSound = plain.isSound && plain.kinds.size() <= 4;
+    return plain;
+}
+
+[[gnu::format(printf, 3, 4)]] int CallFormatPlain(char* dest, std::size_t capacity,
+                                                  const char* format, ...) {
+    std::va_list args;
+    va_start(args, format);
+    const int length = FormatPlain(dest, capacity, format, args);
+    va_end(args);
+    return length;
+}
+
+/// A format that is the input, with numbers and texts of the input.
+void CheckPlainFormat(unsigned capacity, Input input) {
+    const std::string format = input.TextUpTo('\0').c_str();
+    const std::string text = input.TextUpTo('\0');
+    const PlainFormat plain = ReadPlainFormat(format);
+    if (!plain.isSound || capacity == 0) {
+        return;
+    }
+    // Where every text is cut short it needs no end.
+    const bool isEndless = plain.shortestPrecision <= text.size() && !text.empty();
+    const Block source(text.size() + (isEndless ? 0 : 1));
+    std::memcpy(source.get(), text.c_str(), source.size());
+    std::array<std::uintptr_t, 4> values = {};
+    std::array<std::uintptr_t, 4> libcValues = {};  // texts with an end: ASan wants one
+    for (std::size_t i = 0; i < plain.kinds.size(); ++i) {
+        const std::uintptr_t number =
+            std::uintptr_t{input.Word()} << 48 | std::uintptr_t{input.Word()} << 24 | input.Word();
+        const bool isText = plain.kinds[i] == 's';
+        values[i] = isText ? reinterpret_cast<std::uintptr_t>(source.get()) : number;
+        libcValues[i] = isText ? reinterpret_cast<std::uintptr_t>(text.c_str()) : number;
+    }
+    if (isEndless && std::count(plain.kinds.begin(), plain.kinds.end(), 's') > 1) {
+        return;  // the precision known is that of one text
+    }
+    static char whole[8192];
+    const int length = std::snprintf(whole, sizeof whole, format.c_str(), libcValues[0],
+                                     libcValues[1], libcValues[2], libcValues[3]);
+    const Block dest(capacity);
+    const int result = CallFormatPlain(dest.get(), capacity, format.c_str(), values[0], values[1],
+                                       values[2], values[3]);
+    const bool fits = length >= 0 && static_cast<unsigned>(length) < capacity;
+    if (result >= 0) {
+        Require(fits && result == length && std::strcmp(dest.get(), whole) == 0, "what libc says");
+    } else if (result == kDoesNotFit) {
+        Require(!fits, "what does not fit does not fit libc");
+    }
 }
 
 constexpr std::size_t kSlots = 16;
@@ -250,6 +337,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         CheckFormat(function, capacity, count, input);
     } else if (function == 5) {
         CheckTextScan(capacity, input);
+    } else if (function == 7) {
+        CheckPlainFormat(capacity, input);
     } else {
         CheckScan(capacity, input);
     }
