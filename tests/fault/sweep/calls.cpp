@@ -1,0 +1,399 @@
+#include "fault/sweep/calls.h"
+
+#include <fcntl.h>
+#include <pthread.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstddef>
+#include <cstring>
+#include <ctime>
+
+#include "safestr/safestr.h"
+
+namespace paramgen::testing {
+namespace {
+
+/// A file behind a stream. Its position is its own: a process and its forked child read and write
+/// apart from each other.
+struct File {
+    int descriptor = -1;
+    off_t position = 0;
+    Kind write = Kind::kWrite;
+};
+
+constexpr std::size_t kPathSize = 4096;
+
+struct State {
+    bool observing = false;
+    CallObserver observer = nullptr;
+    int held = 0;
+    int opens = 0;
+    int inStream = 0;  ///< nesting of libc's work on streams
+    int inOutput = 0;  ///< of that, on standard output
+    std::FILE* stream = nullptr;
+    bool opening = false;
+    char path[kPathSize] = "";
+    File file;  ///< a run has one file open at a time
+    File output;
+    std::FILE* realStdout = nullptr;
+};
+
+State g_state;
+
+bool Fails(Kind kind) {
+    return g_state.observing && g_state.observer != nullptr && g_state.observer(kind);
+}
+
+void* Taken(void* thing) {
+    g_state.held += g_state.observing && thing != nullptr ? 1 : 0;
+    return thing;
+}
+
+void GivenBack(const void* thing) {
+    g_state.held -= g_state.observing && thing != nullptr ? 1 : 0;
+}
+
+/// While this lives, libc is at work on a stream.
+class StreamWork {
+public:
+    explicit StreamWork(const std::FILE* stream) : isOutput_(stream == stdout ? 1 : 0) {
+        ++g_state.inStream;
+        g_state.inOutput += isOutput_;
+    }
+    ~StreamWork() {
+        --g_state.inStream;
+        g_state.inOutput -= isOutput_;
+    }
+    StreamWork(const StreamWork&) = delete;
+    StreamWork& operator=(const StreamWork&) = delete;
+
+private:
+    int isOutput_;
+};
+
+ssize_t ReadBlock(void* cookie, char* bytes, std::size_t size) {
+    if (Fails(Kind::kRead)) {
+        errno = EIO;
+        return -1;
+    }
+    File* file = static_cast<File*>(cookie);
+    const ssize_t count = pread(file->descriptor, bytes, size, file->position);
+    file->position += count > 0 ? count : 0;
+    return count;
+}
+
+ssize_t WriteBlock(void* cookie, const char* bytes, std::size_t size) {
+    File* file = static_cast<File*>(cookie);
+    if (Fails(file->write)) {
+        errno = ENOSPC;
+        return 0;
+    }
+    const ssize_t count = pwrite(file->descriptor, bytes, size, file->position);
+    file->position += count > 0 ? count : 0;
+    return count > 0 ? count : 0;
+}
+
+int CloseFile(void* cookie) {
+    const File* file = static_cast<File*>(cookie);
+    if (file->descriptor == -1) {
+        return 0;  // never came to be open
+    }
+    const int result = close(file->descriptor);
+    if (Fails(Kind::kDeviceClose)) {
+        errno = EIO;
+        return -1;
+    }
+    return result;
+}
+
+int KeepOpen(void* /*cookie*/) {
+    return 0;
+}
+
+int OpenFlags(const char* mode) {
+    return mode[0] == 'r' ? O_RDONLY : O_RDWR | O_CREAT | O_TRUNC;
+}
+
+}  // namespace
+
+ObservedCalls::ObservedCalls(CallObserver observer, int output) {
+    g_state = {};
+    g_state.observing = true;
+    g_state.output = {.descriptor = output, .position = 0, .write = Kind::kOutput};
+    g_state.realStdout = stdout;
+    stdout =
+        fopencookie(&g_state.output, "w",
+                    {.read = nullptr, .write = WriteBlock, .seek = nullptr, .close = KeepOpen});
+    g_state.observer = observer;
+}
+
+void ObservedCalls::CloseOutput() {
+    if (g_state.realStdout == nullptr) {
+        return;
+    }
+    {
+        const StreamWork work(stdout);
+        std::fclose(stdout);
+    }
+    stdout = g_state.realStdout;
+    g_state.realStdout = nullptr;
+    g_state.observer = nullptr;
+}
+
+ObservedCalls::~ObservedCalls() {
+    CloseOutput();
+    g_state.observing = false;
+}
+
+UnobservedCalls::UnobservedCalls() : before_(g_state.observing) {
+    g_state.observing = false;
+}
+
+UnobservedCalls::~UnobservedCalls() {
+    g_state.observing = before_;
+}
+
+Progress CurrentProgress() {
+    return {.opens = g_state.opens,
+            .fileIsOpen = g_state.opening || g_state.stream != nullptr,
+            .isInStream = g_state.inStream != 0,
+            .path = g_state.path};
+}
+
+void SetObserver(CallObserver observer) {
+    g_state.observer = observer;
+}
+
+void RestartOutput(int output) {
+    g_state.output.descriptor = output;
+    g_state.output.position = 0;
+}
+
+int HeldThings() {
+    return g_state.held;
+}
+
+extern "C" {
+
+// The memory functions below take the place of libc's; these are the ones that they stand before:
+// the sanitizer's when there is one, else libc's own.
+[[gnu::weak]] void* __interceptor_malloc(std::size_t size);
+[[gnu::weak]] void* __interceptor_calloc(std::size_t count, std::size_t size);
+[[gnu::weak]] void* __interceptor_realloc(void* memory, std::size_t size);
+[[gnu::weak]] void __interceptor_free(void* memory);
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* memory, std::size_t size);
+void __libc_free(void* memory);
+
+static void* OutOfMemory() {
+    errno = ENOMEM;
+    return nullptr;
+}
+
+void* malloc(std::size_t size) {
+    if (Fails(Kind::kAllocation)) {
+        return OutOfMemory();
+    }
+    return Taken(__interceptor_malloc != nullptr ? __interceptor_malloc(size)
+                                                 : __libc_malloc(size));
+}
+
+void* calloc(std::size_t count, std::size_t size) {
+    if (Fails(Kind::kAllocation)) {
+        return OutOfMemory();
+    }
+    return Taken(__interceptor_calloc != nullptr ? __interceptor_calloc(count, size)
+                                                 : __libc_calloc(count, size));
+}
+
+void* realloc(void* memory, std::size_t size) {
+    if (Fails(Kind::kAllocation)) {
+        return OutOfMemory();
+    }
+    GivenBack(memory);
+    return Taken(__interceptor_realloc != nullptr ? __interceptor_realloc(memory, size)
+                                                  : __libc_realloc(memory, size));
+}
+
+void free(void* memory) {
+    GivenBack(memory);
+    __interceptor_free != nullptr ? __interceptor_free(memory) : __libc_free(memory);
+}
+
+char* strdup(const char* text) {
+    const std::size_t size = std::strlen(text) + 1;
+    void* copy = malloc(size);
+    return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
+}
+
+// The linker sends every call of NAME in the code linked in to __wrap_NAME; __real_NAME is libc's.
+int __real_fclose(std::FILE* file);
+char* __real_fgets(char* line, int size, std::FILE* file);
+int __real_fflush(std::FILE* file);
+std::size_t __real_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file);
+std::size_t __real_fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* file);
+int __real_printf(const char* format, ...);
+int __real_vprintf(const char* format, std::va_list args);
+char* __real_realpath(const char* path, char* resolved);
+int __real_gettimeofday(timeval* now, void* zone);
+std::tm* __real_localtime_r(const std::time_t* seconds, std::tm* local);
+int __real_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes);
+int __real_pthread_mutex_lock(pthread_mutex_t* mutex);
+int __real_pthread_mutex_unlock(pthread_mutex_t* mutex);
+int __real_pthread_mutex_destroy(pthread_mutex_t* mutex);
+
+std::FILE* __wrap_fopen(const char* path, const char* mode) {
+    ++g_state.opens;
+    std::strncpy(g_state.path, path, sizeof g_state.path - 1);
+    if (Fails(Kind::kOpen)) {
+        errno = EMFILE;
+        return nullptr;
+    }
+    // Memory first and the file then, as libc does: without memory the file stays what it was.
+    g_state.file = {};
+    g_state.opening = true;
+    std::FILE* stream =
+        fopencookie(&g_state.file, mode,
+                    {.read = ReadBlock, .write = WriteBlock, .seek = nullptr, .close = CloseFile});
+    g_state.opening = false;
+    if (stream == nullptr) {
+        return nullptr;
+    }
+    g_state.file.descriptor = open(path, OpenFlags(mode), 0666);
+    if (g_state.file.descriptor == -1) {
+        __real_fclose(stream);
+        return nullptr;
+    }
+    g_state.stream = stream;
+    return stream;
+}
+
+int __wrap_fclose(std::FILE* file) {
+    const StreamWork work(file);
+    const bool fails = file != stdout && Fails(Kind::kClose);
+    const int result = __real_fclose(file);
+    g_state.stream = nullptr;
+    return fails ? EOF : result;
+}
+
+int __wrap_fflush(std::FILE* file) {
+    const StreamWork work(file);
+    return file != stdout && Fails(Kind::kFlush) ? EOF : __real_fflush(file);
+}
+
+char* __wrap_fgets(char* line, int size, std::FILE* file) {
+    const StreamWork work(file);
+    return __real_fgets(line, size, file);
+}
+
+std::size_t __wrap_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file) {
+    const StreamWork work(file);
+    return __real_fread(bytes, size, count, file);
+}
+
+std::size_t __wrap_fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* file) {
+    const StreamWork work(file);
+    if (file != stdout && Fails(Kind::kRefusedWrite)) {
+        return 0;
+    }
+    const std::size_t taken = file != stdout && Fails(Kind::kShortWrite) ? count - 1 : count;
+    return __real_fwrite(bytes, size, taken, file);
+}
+
+int __wrap_vprintf(const char* format, std::va_list args) {
+    const StreamWork work(stdout);
+    return __real_vprintf(format, args);
+}
+
+int __wrap_printf(const char* format, ...) {
+    const StreamWork work(stdout);
+    std::va_list args;
+    va_start(args, format);
+    const int length = __real_vprintf(format, args);
+    va_end(args);
+    return length;
+}
+
+char* __wrap_realpath(const char* path, char* resolved) {
+    if (Fails(Kind::kRealpath)) {
+        errno = ENOENT;
+        return nullptr;
+    }
+    return __real_realpath(path, resolved);
+}
+
+int __wrap_gettimeofday(timeval* now, void* zone) {
+    return Fails(Kind::kClock) ? -1 : __real_gettimeofday(now, zone);
+}
+
+std::tm* __wrap_localtime_r(const std::time_t* seconds, std::tm* local) {
+    return Fails(Kind::kLocalTime) ? nullptr : __real_localtime_r(seconds, local);
+}
+
+int __wrap_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes) {
+    return Fails(Kind::kMutexInit) ? ENOMEM : __real_pthread_mutex_init(mutex, attributes);
+}
+
+int __wrap_pthread_mutex_lock(pthread_mutex_t* mutex) {
+    return Fails(Kind::kMutexLock) ? EAGAIN : __real_pthread_mutex_lock(mutex);
+}
+
+// One that fails to be released is released all the same: what comes next would wait for ever.
+int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex) {
+    const int result = __real_pthread_mutex_unlock(mutex);
+    return Fails(Kind::kMutexUnlock) ? EPERM : result;
+}
+
+int __wrap_pthread_mutex_destroy(pthread_mutex_t* mutex) {
+    return Fails(Kind::kMutexDestroy) ? EBUSY : __real_pthread_mutex_destroy(mutex);
+}
+
+// The bounded formatters, by the names that the linker knows.
+int __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
+                                                             std::size_t count, const char* format,
+                                                             std::va_list args);
+
+int __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
+                                                             std::size_t count, const char* format,
+                                                             std::va_list args) {
+    if (Fails(Kind::kFormat)) {
+        dest[0] = '\0';
+        return -1;
+    }
+    return __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(dest, destMax, count, format,
+                                                                    args);
+}
+
+int __wrap__ZN8paramgen10snprintf_sEPcmmPKcz(char* dest, std::size_t destMax, std::size_t count,
+                                             const char* format, ...) {
+    std::va_list args;
+    va_start(args, format);
+    const int length = __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(
+        dest, destMax, count, format, args);
+    va_end(args);
+    return length;
+}
+
+int __wrap__ZN8paramgen9sprintf_sEPcmPKcz(char* dest, std::size_t destMax, const char* format,
+                                          ...) {
+    std::va_list args;
+    va_start(args, format);
+    const int length = __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(
+        dest, destMax, destMax, format, args);
+    va_end(args);
+    return length;
+}
+
+}  // extern "C"
+
+void FlushOutput() {
+    if (g_state.inOutput == 0) {
+        __real_fflush(stdout);
+    }
+}
+
+}  // namespace paramgen::testing

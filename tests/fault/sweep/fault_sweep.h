@@ -1,0 +1,203 @@
+/// The fixture of the sweeps: what may follow a fault, by the kind and the place of the call.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fault/sweep/said.h"
+#include "fault/sweep/sweep.h"
+
+namespace paramgen::testing {
+
+inline constexpr int kModules = 18;
+
+/// The modules that a product may do without, as the entry file of the example numbers them: the
+/// playback set-up, the media modes and the lens calibrations.
+inline bool IsOptional(int module) {
+    return module >= 7 && module <= 14;
+}
+
+/// What the last levels say of a failure, and the code that makes it the exit status.
+struct Failure {
+    std::string code;
+    int exitStatus;
+};
+inline const Failure kMinusOne = {"FFFFFFFF", 255};
+inline const Failure kNoMemory = {"A1418044", 0x44};
+inline const Failure kNoModule = {"A1418046", 0x46};
+
+class FaultSweep : public ::testing::Test {
+protected:
+    void TearDown() override {
+        for (const auto& [name, count] : counts_) {
+            std::printf("    %5d %s\n", count, name.c_str());
+        }
+    }
+
+    /// Whether a run ended whose values did not load, however many did: no file is touched.
+    static bool IsUntouched(const End& end, int exitStatus, bool isRegistered) {
+        return end == End{.exitStatus = exitStatus,
+                          .held = 0,
+                          .isRegistered = isRegistered,
+                          .hasCleanImage = end.hasCleanImage,
+                          .param = FileState::kOld,
+                          .paramDef = FileState::kOld};
+    }
+
+    /// The end of a run that did what it should.
+    static End Complete() {
+        return {.exitStatus = 0,
+                .held = 0,
+                .isRegistered = false,
+                .hasCleanImage = true,
+                .param = FileState::kImage,
+                .paramDef = FileState::kImage};
+    }
+
+    /// Whether the fault made no difference, now or later.
+    static bool IsUnaffected(const Point& point) { return point.isRest && point.end == Complete(); }
+
+    /// Whether the registration failed, saying this and what follows from it.
+    static bool IsRegistrationFailure(const Point& point, const Failure& failure, Lines lines) {
+        lines.push_back("func:ZV_CONFACCESS_Init,line:337[AddCfg] failed[0x" + failure.code + "]");
+        lines.push_back("ERROR PDT_INIPARAM_LoadCfg: [./config_cfgaccess_entry.ini] failed[0x" +
+                        failure.code + "]");
+        lines.push_back("ERROR main: [load config] failed[0x" + failure.code + "]");
+        return IsUntouched(point.end, failure.exitStatus, false) && Said(point.output) == lines;
+    }
+
+    /// Whether the entry file counted as unreadable.
+    bool IsWithoutEntry(const Point& point) const {
+        const std::string path = (sweep_.directory() / "config_cfgaccess_entry.ini").string();
+        return IsRegistrationFailure(
+            point, kMinusOne,
+            {"[time][ERR][QXCONFACCE] CONFACCESS_GetModuleInfo:211 load " + path + " failed"});
+    }
+
+    /// Whether the module was left out: after `lines` the run goes on as one without the module's
+    /// file does.
+    bool IsWithoutModule(const Point& point, int module, Lines lines) {
+        const WholeRun& without = Without(module);
+        lines.insert(lines.end(), without_[module].begin() + (without_[module].empty() ? 0 : 1),
+                     without_[module].end());
+        End end = without.end;
+        end.hasCleanImage = point.end.hasCleanImage;
+        return point.end == end && Said(point.output) == lines;
+    }
+
+    bool IsUnloadedModule(const Point& point, int module) {
+        Without(module);
+        return IsWithoutModule(point, module, {FirstOf(without_[module])});
+    }
+
+    /// A run without the file of a module: what the program does then is literal for the kinds of
+    /// modules there are.
+    const WholeRun& Without(int module) {
+        const auto found = runsWithout_.find(module);
+        if (found != runsWithout_.end()) {
+            return found->second;
+        }
+        const std::string path = Files()[static_cast<std::size_t>(module)];
+        const std::string bytes = ReadFile(path);
+        std::filesystem::remove(path);
+        const WholeRun run = sweep_.Again();
+        std::ofstream(path, std::ios::binary) << bytes;
+        const Lines lines = Said(run.output);
+        EXPECT_EQ(FirstOf(lines), "[time][QXCONFACCE] Load " + path + " failed");
+        if (IsOptional(module)) {
+            EXPECT_EQ(run.end.exitStatus, 0) << path;
+            EXPECT_EQ(LastOf(lines), "DEBUG main: parambin update end") << path;
+        } else {
+            EXPECT_TRUE(IsUntouched(run.end, kNoModule.exitStatus, true)) << path;
+            EXPECT_EQ(LastOf(lines), "ERROR main: [load config] failed[0xA1418046]") << path;
+        }
+        without_[module] = lines;
+        return runsWithout_[module] = run;
+    }
+
+    /// The files that a run asks for: entry file, modules, output files.
+    const std::vector<std::string>& Files() {
+        if (files_.empty()) {
+            for (const Point& point : sweep_.Over(Kind::kOpen)) {
+                files_.push_back(point.progress.path);
+            }
+        }
+        return files_;
+    }
+
+    /// Whether the loading of values failed in a query, at whatever key: every level says so, and
+    /// the code goes up unchanged.
+    static bool IsFailedLoad(const Point& point, const Failure& failure) {
+        return IsUntouched(point.end, failure.exitStatus, true) &&
+               IsChain(Said(point.output), failure.code);
+    }
+
+    /// Whether a file that was written says this of itself, and the run went on.
+    static bool SaysOfFile(const Point& point, const std::string& record) {
+        const Lines rest = {"ERROR main: " + record, "DEBUG main: parambin update end"};
+        return point.end.exitStatus == 0 && point.end.held == 0 && point.end.hasCleanImage &&
+               Said(point.output) == rest;
+    }
+
+    /// Whether an output file could not be opened: the first stays what it is, and the second.
+    static bool IsUnopenedFile(const Point& point, const std::string& file) {
+        const bool isFirst = file == "./param.bin";
+        const End end = {.exitStatus = 255,
+                         .held = 0,
+                         .isRegistered = false,
+                         .hasCleanImage = true,
+                         .param = isFirst ? FileState::kOld : FileState::kImage,
+                         .paramDef = FileState::kOld};
+        return point.end == end &&
+               Said(point.output) == Lines{"ERROR main: open [" + file + "] failed"};
+    }
+
+    /// What a run without a fault says from the point on.
+    Lines RestOf(const Point& point) {
+        return Said(std::string_view(sweep_.Clean().output).substr(point.said));
+    }
+
+    /// Whether all that followed is that a media mode, the one just asked for, was not read. A
+    /// media mode module and a lens calibration may be without, and a query that fails counts as
+    /// one that finds nothing.
+    bool IsUnreadMode(const Point& point) {
+        constexpr char kFound[] = "DEBUG PARAM_INIPARAM_GetMediaModeEnum: MediaMode[";
+        const Lines lines = Said(point.output);
+        const std::string expected = FirstOf(RestOf(point));
+        End end = Complete();
+        end.hasCleanImage = point.end.hasCleanImage;
+        return point.end == end && expected.starts_with(kFound) && FirstOf(lines) != expected &&
+               LastOf(lines) == "DEBUG main: parambin update end" &&
+               std::none_of(lines.begin(), lines.end(),
+                            [](const std::string& line) { return line.starts_with("ERROR"); });
+    }
+
+    bool IsAsMemoryDemands(const Point& point);
+    bool IsAsFormattingDemands(const Point& point);
+
+    /// Counts a point as one of a class; true.
+    bool Is(const std::string& name) { return ++counts_[name] != 0; }
+
+    int CountOf(const std::string& name) const {
+        const auto found = counts_.find(name);
+        return found == counts_.end() ? 0 : found->second;
+    }
+
+    Sweep sweep_;
+    std::map<std::string, int> counts_;
+
+private:
+    std::vector<std::string> files_;
+    std::map<int, WholeRun> runsWithout_;
+    std::map<int, Lines> without_;
+};
+
+}  // namespace paramgen::testing

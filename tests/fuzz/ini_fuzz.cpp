@@ -1,0 +1,84 @@
+// The INI reader, given any bytes, beside the tests' own reader.
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "confaccess/ini_reader.h"
+#include "confaccess/number.h"
+#include "fuzz/fuzz.h"
+#include "golden/independent_ini.h"
+
+namespace paramgen::testing {
+namespace {
+
+const char kNothing[] = "nothing";
+
+/// A file in memory that can be opened by a name.
+class MemoryFile {
+public:
+    MemoryFile() : name_("/proc/self/fd/" + std::to_string(descriptor_)) {
+        Require(descriptor_ != -1, "a file in memory");
+    }
+
+    const char* Fill(const std::uint8_t* data, std::size_t size) const {
+        Require(ftruncate(descriptor_, 0) == 0, "an empty file");
+        Require(pwrite(descriptor_, data, size, 0) == static_cast<ssize_t>(size), "a full file");
+        return name_.c_str();
+    }
+
+private:
+    int descriptor_ = memfd_create("ini", 0);
+    std::string name_;
+};
+
+void CompareValue(const Dictionary& dictionary, const std::string& key,
+                  const std::optional<std::string>& value) {
+    const char* found = dictionary.Get(FoldedKey(key), kNothing);
+    Require(found != kNothing, "every key is there");
+    Require(value.has_value() ? found != nullptr && *value == found : found == nullptr,
+            "every value is as it stands in the file");
+    if (found != nullptr) {
+        static_cast<void>(ParseInteger(found, 0));
+        static_cast<void>(ParseInteger(found, 10));
+        static_cast<void>(ParseDouble(found));
+    }
+    // Look-ups take any case, and the first 1,024 characters.
+    std::string upper = key;
+    for (char& c : upper) {
+        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    }
+    Require(key.size() > 1024 || FindText(dictionary, upper, kNothing) == found,
+            "a key in capitals is the same key");
+}
+
+void Compare(const Dictionary* dictionary, const std::string& text) {
+    const std::optional<independent::IniKeys> keys = independent::ReadIniText(text);
+    Require((dictionary != nullptr) == keys.has_value(), "a file is good or it is not");
+    if (dictionary == nullptr) {
+        return;
+    }
+    Require(dictionary->Count() == keys->size(), "no key too many, none too few");
+    for (const auto& [key, value] : *keys) {
+        CompareValue(*dictionary, key, value);
+    }
+}
+
+}  // namespace
+}  // namespace paramgen::testing
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace paramgen;
+    static const testing::MemoryFile file;
+    const DictionaryPtr dictionary = LoadIniFile(file.Fill(data, size));
+    if (size == 0 || std::memchr(data, '\0', size) == nullptr) {
+        testing::Compare(dictionary.get(), {reinterpret_cast<const char*>(data), size});
+    } else if (dictionary != nullptr) {
+        static_cast<void>(FindInteger(*dictionary, "module:module_num", 0));
+    }
+    return 0;
+}
