@@ -37,11 +37,19 @@ endif()
 if(PARAMGEN_SANITIZERS)
   add_compile_options(-fsanitize=${PARAMGEN_SANITIZERS} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    add_compile_options(-fno-sanitize=function)  # takes type information, which does not ship
+  endif()
   add_link_options(-fsanitize=${PARAMGEN_SANITIZERS})
 endif()
 
 if(PARAMGEN_COVERAGE)
-  # Atomic, since threads count too.
-  add_compile_options(--coverage -fprofile-abs-path -fprofile-update=atomic)
-  add_link_options(--coverage)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "PARAMGEN_COVERAGE counts conditions as they stand in the source: it takes clang")
+  endif()
+  # Only what ships is counted. Atomic, since threads count too.
+  set(profiles "-fprofile-instr-generate=${PROJECT_BINARY_DIR}/profiles/%4m.profraw")
+  target_compile_options(paramgen_program_flags INTERFACE
+    ${profiles} -fcoverage-mapping -fprofile-update=atomic)
+  add_link_options(${profiles})
 endif()

@@ -1,5 +1,6 @@
 #include "golden/independent_ini.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -68,27 +69,55 @@ std::optional<std::string> Find(const IniKeys& keys, const std::string& key) {
 }
 
 /// The file of a module. A directory counts only when there is a '/' in it.
-std::filesystem::path ModuleFile(const IniKeys& entry, const std::string& module,
-                                 const std::filesystem::path& directory, const std::string& file) {
-    const std::string path = Find(entry, module + ":path").value_or("");
+std::string ModuleFile(const std::string& path, const std::filesystem::path& directory,
+                       const std::string& file) {
     if (path.find('/') == std::string::npos) {
-        return directory / file;
+        return (directory / file).string();
     }
-    return directory / path / file;
+    const bool closed = path.size() >= 2 && path.back() == '/';
+    return (closed ? path.substr(0, path.size() - 1) : path) + "/" + file;
 }
 
-/// Adds a module of the entry file; false when the entry file must be refused for it.
+constexpr std::size_t kLongestKey = 127;
+constexpr std::size_t kLongestPath = 255;
+
+/// Whether "MODULE:ITEM" is too long to be asked for.
+bool IsTooLong(const std::string& module, const std::string& item) {
+    return module.size() + 1 + item.size() > kLongestKey;
+}
+
+/// Adds a module of the entry file, unless something about it is too long or it cannot be read;
+/// false when the entry file must be refused for it.
 bool AddModule(const IniKeys& entry, long number, const std::filesystem::path& directory,
                Product& product) {
     const std::optional<std::string> module = Find(entry, "module:module" + std::to_string(number));
-    if (!module || product.count(*module) != 0) {
+    if (!module) {
         return false;
+    }
+    if (module->size() <= kLongestKey && product.count(*module) != 0) {
+        return false;
+    }
+    if (IsTooLong(*module, "path")) {
+        return true;
+    }
+    const std::string path = Find(entry, *module + ":path").value_or("");
+    if (path.find('/') != std::string::npos && path.size() > kLongestPath) {
+        return true;
+    }
+    if (IsTooLong(*module, "cfg_filename")) {
+        return true;
     }
     const std::optional<std::string> file = Find(entry, *module + ":cfg_filename");
     if (!file || file->empty()) {
         return false;
     }
-    const std::optional<IniKeys> keys = ReadIniFile(ModuleFile(entry, *module, directory, *file));
+    const std::string whole = ModuleFile(path, directory, *file);
+    if (whole.size() > kLongestPath) {
+        return true;
+    }
+    const std::filesystem::path found(whole);
+    const std::optional<IniKeys> keys =
+        ReadIniFile(found.is_absolute() ? found : directory / found);
     if (keys) {
         product[*module] = *keys;
     }
@@ -106,19 +135,28 @@ std::string Lower(std::string text) {
     return text;
 }
 
+/// Lines are taken in reads of at most 1023 bytes; what stands behind a zero byte is lost, and with
+/// it the line's end.
 std::optional<IniKeys> ReadIniText(const std::string& text) {
+    constexpr std::size_t kLongestRead = 1023;
     IniKeys keys;
     std::string section;
     bool understood = true;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = text.find('\n', at);
-        const bool unfinished = end == std::string::npos;
-        const std::string line = text.substr(at, end - at);
-        at = unfinished ? text.size() : end + 1;
-        if (line.size() > 1022) {
+        const std::size_t whole = (end == std::string::npos ? text.size() : end + 1) - at;
+        const std::size_t length = std::min(whole, kLongestRead);
+        std::string line = text.substr(at, length);
+        at += length;
+        const bool ended = line.back() != '\n' && length < kLongestRead;
+        line = line.substr(0, line.find('\0'));
+        if (line.size() <= 1) {
+            continue;
+        }
+        if (line.back() != '\n' && !ended) {
             return std::nullopt;
         }
-        const bool dropped = unfinished && (line.size() == 1 || line.back() == '\\');
+        const bool dropped = line.back() == '\\';
         if (!dropped && !AddLine(line, section, keys)) {
             understood = false;
         }

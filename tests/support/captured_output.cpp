@@ -20,10 +20,11 @@ std::string Capture(std::FILE* stream, const std::function<void()>& code) {
     std::fflush(stream);
     dup2(original, fileno(stream));
     close(original);
-    std::string text;
+    std::fseek(file, 0, SEEK_END);
+    std::string text(static_cast<std::size_t>(std::ftell(file)), '\0');
     std::rewind(file);
-    for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) {
-        text += static_cast<char>(c);
+    if (std::fread(text.data(), 1, text.size(), file) != text.size()) {
+        ADD_FAILURE() << "captured output cannot be read";
     }
     std::fclose(file);
     return text;

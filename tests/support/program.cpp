@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,6 +21,8 @@ namespace paramgen::testing {
 namespace {
 
 constexpr unsigned kNobody = 65534;
+/// Of processor time; no run takes nearly as many. One that hangs is killed.
+constexpr rlim_t kMostSeconds = 60;
 
 std::string FromEnvironment(const char* name, const char* otherwise) {
     const char* value = std::getenv(name);
@@ -48,7 +51,9 @@ struct Command {
         command.output == Output::kClosed || open(capture.c_str(), O_WRONLY | O_CREAT, 0666) == 1;
     const bool droppedRights = command.rights == Rights::kOwn || geteuid() != 0 ||
                                (setgid(kNobody) == 0 && setuid(kNobody) == 0);
-    if (redirected && droppedRights && chdir(directory.c_str()) == 0) {
+    const rlimit seconds = {.rlim_cur = kMostSeconds, .rlim_max = kMostSeconds};
+    if (redirected && droppedRights && setrlimit(RLIMIT_CPU, &seconds) == 0 &&
+        chdir(directory.c_str()) == 0) {
         execvp(arguments[0], arguments.data());
     }
     _exit(127);
