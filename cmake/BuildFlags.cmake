@@ -34,6 +34,18 @@ if(PARAMGEN_FUZZERS)
     -fsanitize-coverage=inline-8bit-counters,pc-table)
 endif()
 
+set(PARAMGEN_STACK_PROTECTOR "-fstack-protector-strong" CACHE STRING
+  "How functions with buffers are guarded")
+# Hardening: docs/security.md tells what it is worth, scripts/check-hardening that it is there.
+target_compile_options(paramgen_program_flags INTERFACE
+  ${PARAMGEN_STACK_PROTECTOR} -Werror=format-security -Werror=format-nonliteral)
+target_link_options(paramgen_program_flags INTERFACE
+  -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+if(NOT PARAMGEN_SANITIZERS)  # they look at more; and it takes optimisation
+  target_compile_options(paramgen_program_flags INTERFACE
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
+endif()
+
 if(PARAMGEN_SANITIZERS)
   add_compile_options(-fsanitize=${PARAMGEN_SANITIZERS} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)

@@ -24,7 +24,7 @@ namespace {
 constexpr Field kVBSpecFields[] = {
     FIELD(VBSpecCfg, maxPoolCnt, "max_poolcnt", 0).FullLabel(),
     RESERVED(VBSpecCfg, reserved),
-    RECORD(VBSpecCfg, pools, kVBPoolTable).Under(kVBNode),
+    RECORD(VBSpecCfg, pools, kVBPoolTable),
 };
 
 }  // namespace

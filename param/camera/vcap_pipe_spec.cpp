@@ -48,7 +48,7 @@ constexpr Field kVcapPipeSpecFields[] = {
     RECORD(VcapPipeSpecCfg, frameRate, kVcapFrameRateTable),
     FIELD(VcapPipeSpecCfg, ispBypass, "isp_bypass", 0).Label("isp_Bypass"),
     FIELD(VcapPipeSpecCfg, bypassMode, "pipe_bypassmode", 0),
-    RECORD(VcapPipeSpecCfg, ispPub, kVcapIspPubTable).Under(kVcapPipeNode),
+    RECORD(VcapPipeSpecCfg, ispPub, kVcapIspPubTable),
     FIELD(VcapPipeSpecCfg, frameInterruptType, "frameinterrupt_type", 0),
     FIELD(VcapPipeSpecCfg, aibnrSupport, "aibnr_support", 0),
     FIELD(VcapPipeSpecCfg, ai3dnrSupport, "ai3dnr_support", 0),

@@ -97,7 +97,7 @@ void ExpectChain(const ProgramRun& run) {
 /// Where words lie that loaders work out themselves: copies of others, and counts.
 std::vector<std::size_t> WorkedOutWords() {
     std::vector<std::size_t> words = {9616, 22876, 22884};  // sample rate, pre-allocations
-    for (const std::size_t common : {9664, 10828, 11992}) {
+    for (const std::size_t common : {9664U, 10828U, 11992U}) {
         words.push_back(common + 744);  // encoders
     }
     for (std::size_t mode = 0; mode < 5; ++mode) {
@@ -113,7 +113,7 @@ void ExpectUnreadBytesAreZero(const std::string& image, const std::vector<AskedK
     std::string rest = image;
     rest.replace(0, 8, 8, '\0');      // mark and size
     rest.replace(29920, 4, 4, '\0');  // the mark at the end
-    for (const std::size_t stream : {8928, 9076}) {
+    for (const std::size_t stream : {8928U, 9076U}) {
         EXPECT_EQ(rest.substr(stream + 140, 8), std::string("\x55\0\0\0\x4B\0\0\0", 8));
         rest.replace(stream + 140, 8, 8, '\0');
     }
