@@ -59,6 +59,18 @@ void WriteBytes(const std::string& path, std::string_view bytes) {
     close(file);
 }
 
+std::string ReadBytes(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY);
+    if (file == -1) {
+        return "";
+    }
+    std::string bytes(static_cast<std::size_t>(lseek(file, 0, SEEK_END)), '\0');
+    Require(pread(file, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()),
+            "bytes of a file");
+    close(file);
+    return bytes;
+}
+
 unsigned Input::Byte() {
     if (rest_.empty()) {
         return 0;

@@ -23,6 +23,9 @@ const std::string& FuzzDirectory();
 /// Makes a file hold just these bytes.
 void WriteBytes(const std::string& path, std::string_view bytes);
 
+/// The bytes of a file; none when there is no such file.
+std::string ReadBytes(const std::string& path);
+
 /// Takes an input apart, from its beginning. What is missing at its end is 0, or empty.
 class Input {
 public:

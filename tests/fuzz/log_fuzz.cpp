@@ -8,9 +8,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <set>
-#include <sstream>
 #include <string>
 
 #include "fault/failing_calls.h"
@@ -116,19 +114,13 @@ private:
         largestLimit_ = std::max<std::size_t>(largestLimit_, limit_);
     }
 
-    static std::string Read(const std::string& path) {
-        std::ostringstream bytes;
-        bytes << std::ifstream(path, std::ios::binary).rdbuf();
-        return bytes.str();
-    }
-
     /// What the files hold, nothing being held back: none is larger than any limit there was, or
     /// than a record that it was started afresh with; records stand in their order; and the last
     /// two that were saved in one go are there: the file in use is not started afresh.
     void Check() {
         std::set<unsigned> there = {0};
         for (const std::string& path : paths_) {
-            const std::string bytes = Read(path);
+            const std::string bytes = ReadBytes(path);
             Require(bytes.size() <= std::max(largestLimit_, longest_), "a file keeps to its limit");
             AddNumbers(bytes, &there);
         }
@@ -140,8 +132,9 @@ private:
     /// Adds the numbers of the whole records in a file, which rise.
     static void AddNumbers(const std::string& bytes, std::set<unsigned>* numbers) {
         unsigned last = 0;
-        std::istringstream lines(bytes);
-        for (std::string line; std::getline(lines, line);) {
+        Input lines(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        while (!lines.IsEmpty()) {
+            const std::string line = lines.TextUpTo('\n');
             if (line.size() <= kNumberSize || line[kNumberSize] != ':' ||
                 line.find_first_not_of('r', kNumberSize + 1) != line.size() - 1 ||
                 line.back() != '.') {
