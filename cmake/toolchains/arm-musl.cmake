@@ -9,8 +9,5 @@ set(PARAMGEN_GNU_TRIPLET arm-linux-gnueabihf)
 set(PARAMGEN_CPU_FLAGS "-march=armv7-a -mfpu=vfpv3-d16 -mfloat-abi=hard -mthumb")
 # For a small program: whole-program optimisation, and common sequences made functions.
 set(PARAMGEN_SIZE_FLAGS "-Oz -flto -moutline")
-# Guards functions with text buffers. Those with any array or any address taken would not fit.
-set(PARAMGEN_STACK_PROTECTOR "-fstack-protector" CACHE STRING
-  "How functions with buffers are guarded")
 
 include("${CMAKE_CURRENT_LIST_DIR}/musl.cmake")

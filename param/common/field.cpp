@@ -61,7 +61,7 @@ Status LogOutOfRange(CallSite site) {
 Status ReadBool(const Load& load) {
     Bool32 value = kFalse;
     const Status status = PDT_INIPARAM_LoadBoolValueByNodePrefix(
-        load.module, load.node, load.item, static_cast<Bool32>(load.field.defaultValue), &value);
+        load.module, load.node, load.item, static_cast<Bool32>(load.field.Number()), &value);
     if (status == kOk) {
         Store(load.dest, value);
     }
@@ -71,7 +71,7 @@ Status ReadBool(const Load& load) {
 Status ReadUint(const Load& load) {
     std::uint32_t value = 0;
     const Status status = PDT_INIPARAM_LoadUintValueByNodePrefix(load.module, load.node, load.item,
-                                                                 load.field.defaultValue, &value);
+                                                                 load.field.Number(), &value);
     if (status == kOk) {
         Store(load.dest, value);
     }
@@ -119,7 +119,7 @@ Status LoadThroughReader(const Load& load) {
             break;
         default:
             status = PDT_INIPARAM_LoadIntValueByNodePrefix(load.module, load.node, load.item,
-                                                           load.field.defaultValue, &number);
+                                                           load.field.Number(), &number);
             if (status == kOk && load.field.kind == FieldKind::kInt16 && !FitsInt16(number)) {
                 return LogOutOfRange(load.site);
             }
@@ -148,7 +148,7 @@ Status QueryName(const Load& load, const char* fullKey) {
 Status QueryFloat(const Load& load, const char* fullKey) {
     double value = 0.0;
     const Status status = ZV_CONFACCESS_GetDouble(kProductConfig, load.module, fullKey,
-                                                  load.field.defaultValue, &value);
+                                                  load.field.Number(), &value);
     if (status == kOk) {
         Store(load.dest, static_cast<float>(value));
     }
@@ -160,7 +160,7 @@ Status QueryNumber(const Load& load, const char* fullKey) {
         load.field.kind == FieldKind::kBool ? ZV_CONFACCESS_GetBool : ZV_CONFACCESS_GetInt;
     std::int32_t number = 0;
     const Status status =
-        query(kProductConfig, load.module, fullKey, load.field.defaultValue, &number);
+        query(kProductConfig, load.module, fullKey, load.field.Number(), &number);
     if (status == kOk) {
         StoreNumber(load.field, load.dest, number);
     }
@@ -206,10 +206,10 @@ Status LoadField(CallSite site, const char* module, const char* node, const Fiel
     std::byte* dest = start + field.offset;
     switch (field.source) {
         case FieldSource::kConstant:
-            StoreNumber(field, dest, field.defaultValue);
+            StoreNumber(field, dest, field.Number());
             return kOk;
         case FieldSource::kCopy:
-            std::memcpy(dest, start + field.defaultValue, field.size);
+            std::memcpy(dest, start + field.Number(), field.size);
             return kOk;
         case FieldSource::kReader:
         case FieldSource::kQuery:

@@ -58,9 +58,9 @@ void ARowHasOneExtraAtMost();
 
 }  // namespace field_detail
 
-/// What some rows have besides. No row has two of them, so that one place holds either.
+/// What a row has besides. No row has two of these, so that one place holds either.
 enum class FieldExtra : std::uint8_t {
-    kNothing,
+    kNumber,          ///< a number, see `Number`; a row with something else has the number 0
     kLabel,           ///< what its failure is labelled with
     kModule,          ///< where it comes from, if not from the record's module
     kSearchedModule,  ///< the same, found by a search
@@ -75,15 +75,14 @@ struct Field {
     };
     const char* node;  ///< where it stands, if not under the record's node; see `ownNode`
     union {
+        std::int32_t number;
         const char* label;
         const char* module;
         NameLookup lookup;
-    };                          ///< see `extra`
-    std::int32_t defaultValue;  ///< of an absent key; kConstant: the value; kCopy: the offset of
-                                ///< what is copied
-    std::uint16_t offset;       ///< of the first element, in bytes from the record's start
-    std::uint16_t size;         ///< of one element, in bytes
-    std::uint16_t count;        ///< number of elements, 1 when the member is no array
+    };                     ///< see `extra`
+    std::uint16_t offset;  ///< of the first element, in bytes from the record's start
+    std::uint16_t size;    ///< of one element, in bytes
+    std::uint16_t count;   ///< number of elements, 1 when the member is no array
     FieldKind kind : 4;
     FieldSource source : 4;
     FieldExtra extra : 4;
@@ -130,13 +129,16 @@ struct Field {
         return row;
     }
 
+    /// The default of an absent key; kConstant: the value; kCopy: the offset of what is copied.
+    constexpr std::int32_t Number() const { return extra == FieldExtra::kNumber ? number : 0; }
+
     bool HasModule() const {
         return extra == FieldExtra::kModule || extra == FieldExtra::kSearchedModule;
     }
 
 private:
     constexpr Field With(FieldExtra what) const {
-        if (extra != FieldExtra::kNothing) {
+        if (extra != FieldExtra::kNumber || number != 0) {
             field_detail::ARowHasOneExtraAtMost();
         }
         Field row = *this;
@@ -144,7 +146,7 @@ private:
         return row;
     }
 };
-static_assert(sizeof(void*) != 4 || sizeof(Field) == 24, "on the target");
+static_assert(sizeof(void*) != 4 || sizeof(Field) == 20, "on the target");
 
 /// The rows of one record.
 struct RecordTable {
@@ -212,14 +214,14 @@ constexpr Field KeyRow(FieldSource source, std::size_t offset, const char* key,
     Field row = Row<Member>(offset, Traits::kKind, source);
     row.key = key;
     row.isNumbered = CountNumbers(key) != 0;
-    row.defaultValue = defaultValue;
+    row.number = defaultValue;
     return Traits::kKind == FieldKind::kName ? row.NamesFrom(Traits::Lookup) : row;
 }
 
 template <typename Member>
 constexpr Field ConstantRow(std::size_t offset, std::int32_t value) {
     Field row = Row<Member>(offset, FieldTraits<Member>::kKind, FieldSource::kConstant);
-    row.defaultValue = value;
+    row.number = value;
     return row;
 }
 
@@ -227,7 +229,7 @@ template <typename Member, typename From>
 constexpr Field CopyRow(std::size_t offset, std::size_t from) {
     static_assert(std::is_same_v<Member, From>, "a copy has the type of what it copies");
     Field row = Row<Member>(offset, FieldTraits<Member>::kKind, FieldSource::kCopy);
-    row.defaultValue = static_cast<std::int32_t>(from);
+    row.number = static_cast<std::int32_t>(from);
     return row;
 }
 

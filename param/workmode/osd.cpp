@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "param/common/propagate.h"
+#include "param/common/readers.h"
 
 namespace paramgen {
 namespace {
@@ -31,7 +32,7 @@ constexpr TableOf<OsdDisplayCfg> kOsdDisplayTable{kDisplayNode, kOsdDisplayField
 namespace {
 
 constexpr Field kOsdEntryFields[] = {
-    FIELD(OsdEntryCfg, type, "type", 4).Label("osdType"),
+    LOADED(OsdEntryCfg, type, "type", 4),
     FIELD(OsdEntryCfg, timeFormat, "timefmt", 0),
     FIELD(OsdEntryCfg, text, "string"),
     FIELD(OsdEntryCfg, color, "color", 0),
@@ -71,7 +72,10 @@ Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg*
         Key entryNode;
         FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
         const char* prefix = entryNode.c_str();
-        LOAD_OR_RETURN(module, prefix, ROW(kOsdEntryTable, type), entry);
+        constexpr const Field& type = ROW(kOsdEntryTable, type);
+        CALL_OR_RETURN(PDT_INIPARAM_LoadIntValueByNodePrefix(module, prefix, type.key,
+                                                             type.Number(), &entry->type),
+                       "osdType");
         LOG_DEBUG("osd.%u type[%d]\n", i, entry->type);
         LOAD_OR_RETURN(module, prefix, ROW(kOsdEntryTable, timeFormat), entry);
         LOG_DEBUG("timefmt[%d]\n", entry->timeFormat);

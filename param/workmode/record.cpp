@@ -121,7 +121,7 @@ Status PDT_INIPARAM_LoadRecFilesAttr(const char* module, const char* node, RecAt
         FORMAT_KEY_OR_RETURN(key, node, row, i);
         std::int32_t handle = 0;
         CALL_OR_RETURN(
-            ZV_CONFACCESS_GetInt(kProductConfig, module, key.c_str(), row.defaultValue, &handle),
+            ZV_CONFACCESS_GetInt(kProductConfig, module, key.c_str(), row.Number(), &handle),
             key.c_str());
         StoreHandle(thumbnails, i, handle);
         LOG_DEBUG("thmhdl%u[%u] \n", i, handle);

@@ -26,7 +26,7 @@ Probe ProbeFor(const RowSubject& subject, const WalkedField& walked) {
     const Field& field = *walked.field;
     switch (field.kind) {
         case FieldKind::kBool:
-            return field.defaultValue == 0 ? Probe{"yes", std::string("\1\0\0\0", 4)}
+            return field.Number() == 0 ? Probe{"yes", std::string("\1\0\0\0", 4)}
                                            : Probe{"no", std::string("\0\0\0\0", 4)};
         case FieldKind::kInt32:
             return {"-19088744", std::string("\x98\xba\xdc\xfe", 4)};
@@ -68,17 +68,17 @@ std::string ExpectedWithoutKeys(const std::string& record, const WalkedField& wa
     const Field& field = *walked.field;
     if (field.source == FieldSource::kCopy) {
         const std::size_t start = walked.offset - field.offset;
-        return record.substr(start + static_cast<std::size_t>(field.defaultValue), field.size);
+        return record.substr(start + static_cast<std::size_t>(field.Number()), field.size);
     }
     if (field.source == FieldSource::kNobody || field.kind == FieldKind::kText ||
         field.kind == FieldKind::kName) {
         return std::string(field.size, '\0');
     }
     if (field.kind == FieldKind::kFloat) {
-        const float value = static_cast<float>(field.defaultValue);
+        const float value = static_cast<float>(field.Number());
         return {reinterpret_cast<const char*>(&value), sizeof value};
     }
-    return LittleEndian(field.defaultValue, field.size);
+    return LittleEndian(field.Number(), field.size);
 }
 
 /// `before` with the bytes of a field, and of those that copy it, replaced.
@@ -89,7 +89,7 @@ std::string WithField(const RowSubject& subject, std::string before, const Walke
     for (const WalkedField& other : subject.fields) {
         if (other.field->source == FieldSource::kCopy &&
             other.offset - other.field->offset == start &&
-            other.field->defaultValue == walked.field->offset) {
+            other.field->Number() == walked.field->offset) {
             before.replace(other.offset, bytes.size(), bytes);
         }
     }

@@ -145,7 +145,7 @@ std::string Describe(const WalkedField& walked) {
         field.source == FieldSource::kConstant || field.source == FieldSource::kCopy ||
         (hasKey && field.kind != FieldKind::kText && field.kind != FieldKind::kName);
     text += hasKey ? " " + walked.module + " " + walked.key : " - -";
-    text += hasDefault ? " " + std::to_string(field.defaultValue) : " -";
+    text += hasDefault ? " " + std::to_string(field.Number()) : " -";
     text += hasKey ? " " + walked.label : " -";
     return text;
 }

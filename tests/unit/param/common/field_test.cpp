@@ -54,9 +54,9 @@ constexpr TableOf<Inner> kInnerTable{"%s.inner.%u", kInnerFields};
 
 constexpr Field kOuterFields[] = {
     FIELD(Outer, number, "number", -1),
-    FIELD(Outer, flag, "flag", 1).Label("theFlag"),
+    FIELD(Outer, flag, "flag", 1),
     FIELD(Outer, bits, "bits", 2).At("elsewhere"),
-    FIELD(Outer, low, "low"),
+    FIELD(Outer, low, "low").Label("theLow"),
     FIELD(Outer, narrow, "narrow"),
     QUERY(Outer, wide, "wide", -2),
     QUERY(Outer, real, "real", 1),
@@ -199,10 +199,10 @@ TEST(Field, FailedQueriesCarryTheirCode) {
                                                   "] failed[0xA1418046]\n"));
     }
     const std::string output = CaptureStdout(
-        [&] { EXPECT_NE(LoadField(site, "none", "node", ROW(kOuterTable, flag), 0, &outer), 0); });
-    EXPECT_THAT(ErrorsOf(output), ElementsAre("PDT_INIPARAM_LoadBoolValueByNodePrefix: [node:flag] "
+        [&] { EXPECT_NE(LoadField(site, "none", "node", ROW(kOuterTable, low), 0, &outer), 0); });
+    EXPECT_THAT(ErrorsOf(output), ElementsAre("PDT_INIPARAM_LoadIntValueByNodePrefix: [node:low] "
                                               "failed[0xA1418046]\n",
-                                              "LoadOuter: [theFlag] failed[0xA1418046]\n"));
+                                              "LoadOuter: [theLow] failed[0xA1418046]\n"));
 }
 
 TEST(Field, KeysThatDoNotFitAreTold) {
@@ -253,14 +253,15 @@ TEST(TableWalk, DescribesEveryElement) {
     EXPECT_THAT(
         DescribeTable(kOuterTable, "m", "node"),
         ElementsAre(
-            "4 4 i32 reader m node:number -1 number", "0 4 bool reader m node:flag 1 theFlag",
-            "8 4 u32 reader m elsewhere:bits 2 elsewhere:bits", "12 1 u8 reader m node:low 0 low",
-            "14 2 i16 reader m node:narrow 0 narrow", "16 8 u64 query m node:wide -2 node:wide",
-            "24 4 f32 query m node:real 1 node:real", "28 8 text reader m node:text - node:text",
-            "36 4 name query m node:mode - node:mode", "40 4 i32 copy - - 4 -",
-            "44 4 i32 reader m node:pair0 5 pair0", "48 4 i32 reader m node:pair1 5 pair1",
-            "52 4 bool query m node:queried 0 node:queried", "56 4 u32 constant - - 85 -",
-            "60 4 i32 loader m node.under:own0 6 own0", "64 4 i32 reader m node.inner.0:x 3 x",
+            "4 4 i32 reader m node:number -1 number", "0 4 bool reader m node:flag 1 flag",
+            "8 4 u32 reader m elsewhere:bits 2 elsewhere:bits",
+            "12 1 u8 reader m node:low 0 theLow", "14 2 i16 reader m node:narrow 0 narrow",
+            "16 8 u64 query m node:wide -2 node:wide", "24 4 f32 query m node:real 1 node:real",
+            "28 8 text reader m node:text - node:text", "36 4 name query m node:mode - node:mode",
+            "40 4 i32 copy - - 4 -", "44 4 i32 reader m node:pair0 5 pair0",
+            "48 4 i32 reader m node:pair1 5 pair1", "52 4 bool query m node:queried 0 node:queried",
+            "56 4 u32 constant - - 85 -", "60 4 i32 loader m node.under:own0 6 own0",
+            "64 4 i32 reader m node.inner.0:x 3 x",
             "68 4 i32 query m node.inner.0:q0 4 node.inner.0:q0",
             "72 4 i32 query m node.inner.0:q1 4 node.inner.0:q1",
             "76 4 i32 reader m node.inner.1:x 3 x",
