@@ -187,7 +187,7 @@ bool FaultSweep::IsAsFormattingDemands(const Point& point) {
 namespace {
 
 TEST_F(FaultSweep, Formatting) {
-    for (const Point& point : sweep_.Over(Kind::kFormat)) {
+    for (const Point& point : sweep_.Over(Kind::kFormat, 3)) {
         EXPECT_TRUE(IsAsFormattingDemands(point)) << Describe(point);
     }
     for (const char* once : {"[CONFACCESS_Init]266: snprintf_s", "[CONFACCESS_Init]269: snprintf_s",
