@@ -1,5 +1,8 @@
 #include "confaccess/ini_reader.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -106,6 +109,27 @@ bool ReadLines(std::FILE* file, Loader* loader) {
     return std::ferror(file) == 0 || errno == EISDIR;
 }
 
+/// What there is to read at a path.
+enum class Content {
+    kSome,  ///< or what it is shows when it is opened
+    kNone,
+    kEndless,
+};
+
+/// Looks before the file is opened for reading, since that alone may wait. A pipe or a terminal has
+/// no size and waits for somebody who writes; devices that give zeros for ever say they have none.
+Content LookAt(const char* path) {
+    const int file = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file == -1) {
+        return Content::kSome;
+    }
+    const off_t size = lseek(file, 0, SEEK_END);
+    const bool isEndless =
+        size == -1 && errno == ESPIPE;  // not so a directory, which may fail, too
+    close(file);
+    return isEndless ? Content::kEndless : size == 0 ? Content::kNone : Content::kSome;
+}
+
 }  // namespace
 
 IniError LastIniError() {
@@ -127,12 +151,17 @@ DictionaryPtr LoadIniFile(const char* path) {
         g_lastError = IniError::kNoDictionary;
         return nullptr;
     }
+    const Content content = LookAt(path);
+    if (content == Content::kEndless) {
+        return nullptr;
+    }
     const FilePtr file(std::fopen(path, "r"));
     if (file == nullptr) {
         return nullptr;
     }
     Loader loader(dictionary.get());
-    if (!ReadLines(file.get(), &loader) || loader.HasErrors()) {
+    const bool isRead = content == Content::kNone || ReadLines(file.get(), &loader);
+    if (!isRead || loader.HasErrors()) {
         return nullptr;
     }
     return dictionary;

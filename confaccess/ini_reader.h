@@ -40,7 +40,7 @@ using DictionaryPtr = std::unique_ptr<Dictionary, DictionaryDeleter>;
 
 /// Reads the file at `path`. Returns its dictionary, or null when the file cannot be opened or
 /// read, a line is too long or no valid line, or memory runs out. A directory reads as an empty
-/// file.
+/// file, and so does whatever says that it has 0 bytes; a pipe is not read.
 DictionaryPtr LoadIniFile(const char* path);
 
 /// The value of `key` ("section:key", in any case; only its first 1024 characters count), or

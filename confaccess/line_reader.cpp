@@ -7,7 +7,8 @@ namespace paramgen {
 
 void LineReader::Refill() {
     const std::size_t kept = static_cast<std::size_t>(end_ - at_);
-    std::memmove(buffer_, at_, kept);
+    // Less than a piece is left of a buffer that was full: the two do not overlap.
+    std::memcpy(buffer_, at_, kept);
     const std::size_t room = sizeof buffer_ - kept;
     const std::size_t count = std::fread(buffer_ + kept, 1, room, file_);
     isEnded_ = count < room;

@@ -1,6 +1,7 @@
 #include "confaccess/ini_reader.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -67,6 +68,29 @@ TEST_F(IniReader, EmptyFileIsAnEmptyDictionary) {
     const DictionaryPtr dictionary = Load("");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_EQ(dictionary->Count(), 0U);
+}
+
+TEST_F(IniReader, DirectoryInMemoryIsAnEmptyDictionary) {
+    // Directories of this kind have no size that could be asked for.
+    const DictionaryPtr dictionary = LoadIniFile("/dev/shm");
+    if (access("/dev/shm", R_OK) == 0) {
+        ASSERT_NE(dictionary, nullptr);
+        EXPECT_EQ(dictionary->Count(), 0U);
+    }
+}
+
+TEST_F(IniReader, PipeIsNotWaitedFor) {
+    const std::string pipe = (directory_.path() / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(LoadIniFile(pipe.c_str()), nullptr);
+}
+
+TEST_F(IniReader, DevicesOfZerosAreEmpty) {
+    for (const char* device : {"/dev/null", "/dev/zero", "/dev/full"}) {
+        const DictionaryPtr dictionary = LoadIniFile(device);
+        ASSERT_NE(dictionary, nullptr) << device;
+        EXPECT_EQ(dictionary->Count(), 0U) << device;
+    }
 }
 
 TEST_F(IniReader, DirectoryIsAnEmptyDictionary) {
