@@ -147,8 +147,8 @@ Status QueryName(const Load& load, const char* fullKey) {
 
 Status QueryFloat(const Load& load, const char* fullKey) {
     double value = 0.0;
-    const Status status = ZV_CONFACCESS_GetDouble(kProductConfig, load.module, fullKey,
-                                                  load.field.Number(), &value);
+    const Status status =
+        ZV_CONFACCESS_GetDouble(kProductConfig, load.module, fullKey, load.field.Number(), &value);
     if (status == kOk) {
         Store(load.dest, static_cast<float>(value));
     }
@@ -159,8 +159,7 @@ Status QueryNumber(const Load& load, const char* fullKey) {
     const auto query =
         load.field.kind == FieldKind::kBool ? ZV_CONFACCESS_GetBool : ZV_CONFACCESS_GetInt;
     std::int32_t number = 0;
-    const Status status =
-        query(kProductConfig, load.module, fullKey, load.field.Number(), &number);
+    const Status status = query(kProductConfig, load.module, fullKey, load.field.Number(), &number);
     if (status == kOk) {
         StoreNumber(load.field, load.dest, number);
     }

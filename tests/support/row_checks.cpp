@@ -27,7 +27,7 @@ Probe ProbeFor(const RowSubject& subject, const WalkedField& walked) {
     switch (field.kind) {
         case FieldKind::kBool:
             return field.Number() == 0 ? Probe{"yes", std::string("\1\0\0\0", 4)}
-                                           : Probe{"no", std::string("\0\0\0\0", 4)};
+                                       : Probe{"no", std::string("\0\0\0\0", 4)};
         case FieldKind::kInt32:
             return {"-19088744", std::string("\x98\xba\xdc\xfe", 4)};
         case FieldKind::kUint32:
