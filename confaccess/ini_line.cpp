@@ -3,8 +3,6 @@
 namespace paramgen {
 namespace {
 
-constexpr std::string_view kEmpty = "";
-
 constexpr IniLine kNoContent = {.kind = IniLineKind::kNothing, .name = {}, .value = {}};
 constexpr IniLine kBadLine = {.kind = IniLineKind::kSyntaxError, .name = {}, .value = {}};
 
@@ -64,7 +62,10 @@ std::string_view ParseValue(std::string_view text) {
         return CutAt(value, quote);
     }
     value = StripEnd(CutAt(value, '#'));
-    return value == "\"\"" || value == "''" ? kEmpty : value;
+    if (value == "\"\"" || value == "''") {
+        value.remove_suffix(2);
+    }
+    return value;
 }
 
 }  // namespace
