@@ -8,23 +8,6 @@
 namespace paramgen {
 namespace {
 
-using Word = std::uint64_t;
-
-/// A word whose bytes are all `byte`.
-constexpr Word EachByte(unsigned byte) {
-    return ~Word{0} / 0xFF * byte;
-}
-
-Word LoadWord(const char* from) {
-    Word word = 0;
-    std::memcpy(&word, from, sizeof word);
-    return word;
-}
-
-void StoreWord(char* to, Word word) {
-    std::memcpy(to, &word, sizeof word);
-}
-
 /// The word with the bytes from 'A' to 'Z' in lower case.
 Word FoldToLower(Word word) {
     // What is added to the low seven bits of a byte carries into its top bit from 'A' on, and from

@@ -1,5 +1,7 @@
 #include "confaccess/ini_line.h"
 
+#include "safestr/short_text.h"
+
 namespace paramgen {
 namespace {
 
@@ -24,17 +26,8 @@ std::string_view StripEnd(std::string_view text) {
     return text;
 }
 
-/// Where `c` stands, or the text's end. Lines are short: a call of libc would cost more than this.
-std::size_t Find(std::string_view text, char c) {
-    std::size_t at = 0;
-    while (at < text.size() && text[at] != c) {
-        ++at;
-    }
-    return at;
-}
-
 std::string_view CutAt(std::string_view text, char c) {
-    return {text.data(), Find(text, c)};
+    return {text.data(), FindCharacter(text, c)};
 }
 
 /// A name between brackets. What stands after the first ']' is ignored.
@@ -80,7 +73,7 @@ IniLine ParseIniLine(std::string_view text) {
     if (text.front() == '[' && text.back() == ']') {
         return ParseSection(text);
     }
-    const std::size_t equals = Find(text, '=');
+    const std::size_t equals = FindCharacter(text, '=');
     if (equals == 0 || equals == text.size()) {
         return kBadLine;
     }

@@ -1,6 +1,5 @@
 #include "confaccess/number.h"
 
-#include <cctype>
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
@@ -13,11 +12,10 @@ constexpr std::int64_t kIntegerMax = std::numeric_limits<std::int32_t>::max();
 constexpr int kNoDigit = 99;  // above every base
 
 int DigitOf(char c) {
-    const unsigned char byte = static_cast<unsigned char>(c);
-    if (std::isdigit(byte) != 0) {
-        return byte - '0';
+    if (c >= '0' && c <= '9') {
+        return c - '0';
     }
-    const unsigned char lower = byte | 0x20U;
+    const unsigned char lower = static_cast<unsigned char>(c) | 0x20U;
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : kNoDigit;
 }
 
@@ -37,7 +35,7 @@ int TakePrefix(const char** text) {
 }  // namespace
 
 std::int32_t ParseInteger(const char* text, int base) {
-    while (std::isspace(static_cast<unsigned char>(*text)) != 0) {
+    while (*text == ' ' || (*text >= '\t' && *text <= '\r')) {
         ++text;
     }
     const bool negative = *text == '-';
@@ -47,13 +45,14 @@ std::int32_t ParseInteger(const char* text, int base) {
     if (base == 0) {
         base = TakePrefix(&text);
     }
-    if (DigitOf(*text) >= base) {
+    int digit = DigitOf(*text);
+    if (digit >= base) {
         errno = EINVAL;
         return 0;
     }
     const std::int64_t limit = negative ? kIntegerMax + 1 : kIntegerMax;
     std::int64_t magnitude = 0;
-    for (int digit = DigitOf(*text); digit < base; digit = DigitOf(*++text)) {
+    for (; digit < base; digit = DigitOf(*++text)) {
         magnitude = magnitude * base + digit;
         if (magnitude > limit) {
             errno = ERANGE;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace paramgen {
 
@@ -26,14 +27,46 @@ inline std::size_t LengthUpTo(const char* text, std::size_t max) {
     return length;
 }
 
+/// Eight characters at a time.
+using Word = std::uint64_t;
+
+/// A word whose bytes are all `byte`.
+constexpr Word EachByte(unsigned byte) {
+    return ~Word{0} / 0xFF * byte;
+}
+
+inline Word LoadWord(const char* from) {
+    Word word = 0;
+    std::memcpy(&word, from, sizeof word);
+    return word;
+}
+
+inline void StoreWord(char* to, Word word) {
+    std::memcpy(to, &word, sizeof word);
+}
+
+/// Whether one of the word's bytes is `byte`.
+inline bool HasByte(Word word, char byte) {
+    // Where they differ, bits are left; of a byte without any, the subtraction borrows.
+    const Word left = word ^ EachByte(static_cast<unsigned char>(byte));
+    return ((left - EachByte(1)) & ~left & EachByte(0x80)) != 0;
+}
+
+/// Where `c` stands in `text`, or the text's end.
+inline std::size_t FindCharacter(std::string_view text, char c) {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (end - at >= static_cast<std::ptrdiff_t>(sizeof(Word)) && !HasByte(LoadWord(at), c)) {
+        at += sizeof(Word);
+    }
+    while (at != end && *at != c) {
+        ++at;
+    }
+    return static_cast<std::size_t>(at - text.data());
+}
+
 /// Copies `count` characters to where there is room for them; the two do not overlap.
 inline void CopyText(char* to, const char* from, std::size_t count) {
-    using Word = std::uint64_t;
-    const auto copyWord = [&](std::size_t at) {
-        Word word = 0;
-        std::memcpy(&word, from + at, sizeof word);
-        std::memcpy(to + at, &word, sizeof word);
-    };
     if (count < sizeof(Word)) {
         for (std::size_t at = 0; at < count; ++at) {
             to[at] = from[at];
@@ -41,9 +74,10 @@ inline void CopyText(char* to, const char* from, std::size_t count) {
         return;
     }
     for (std::size_t at = 0; at < count - sizeof(Word); at += sizeof(Word)) {
-        copyWord(at);
+        StoreWord(to + at, LoadWord(from + at));
     }
-    copyWord(count - sizeof(Word));
+    const std::size_t last = count - sizeof(Word);
+    StoreWord(to + last, LoadWord(from + last));
 }
 
 }  // namespace paramgen

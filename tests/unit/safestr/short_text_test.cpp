@@ -1,0 +1,74 @@
+#include "safestr/short_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace paramgen::testing {
+namespace {
+
+TEST(ShortText, SameTextComparesAsManyAsAsked) {
+    EXPECT_TRUE(SameText("", "", 8));
+    EXPECT_TRUE(SameText("name", "name", 128));
+    EXPECT_FALSE(SameText("name", "nam", 128));
+    EXPECT_FALSE(SameText("nam", "name", 128));
+    EXPECT_FALSE(SameText("name", "Name", 128));
+    EXPECT_TRUE(SameText("name one", "name two", 5));
+    EXPECT_FALSE(SameText("name one", "name two", 6));
+    EXPECT_TRUE(SameText("a", "b", 0));
+}
+
+TEST(ShortText, LengthUpToStopsAtTheEndOrTheLimit) {
+    EXPECT_EQ(LengthUpTo("", 8), 0U);
+    EXPECT_EQ(LengthUpTo("abc", 8), 3U);
+    EXPECT_EQ(LengthUpTo("abc", 3), 3U);
+    EXPECT_EQ(LengthUpTo("abc", 2), 2U);
+    const char noEnd[] = {'a', 'b'};
+    EXPECT_EQ(LengthUpTo(noEnd, 2), 2U);
+}
+
+TEST(ShortText, HasByteFindsEveryByteAtEveryPlace) {
+    for (unsigned sought = 0; sought < 256; ++sought) {
+        for (unsigned other = 0; other < 256; ++other) {
+            std::string text(8, static_cast<char>(other));
+            EXPECT_EQ(HasByte(LoadWord(text.data()), static_cast<char>(sought)), sought == other);
+            for (std::size_t at = 0; at < 8 && sought != other; ++at) {
+                text.assign(8, static_cast<char>(other));
+                text[at] = static_cast<char>(sought);
+                EXPECT_TRUE(HasByte(LoadWord(text.data()), static_cast<char>(sought)))
+                    << sought << " among " << other << " at " << at;
+            }
+        }
+    }
+}
+
+TEST(ShortText, FindCharacterFindsTheFirstAtEveryPlace) {
+    for (std::size_t length = 0; length < 40; ++length) {
+        EXPECT_EQ(FindCharacter(std::string(length, 'x'), ';'), length);
+        for (std::size_t at = 0; at < length; ++at) {
+            // On the heap, without a terminator, so that reading too far is noticed.
+            std::vector<char> text(length, 'x');
+            text[at] = ';';
+            EXPECT_EQ(FindCharacter({text.data(), length}, ';'), at) << length;
+            text.back() = ';';
+            EXPECT_EQ(FindCharacter({text.data(), length}, ';'), at) << length;
+        }
+    }
+}
+
+TEST(ShortText, CopyTextCopiesThatManyAndNoMore) {
+    for (std::size_t count = 0; count < 40; ++count) {
+        std::vector<char> from(count);
+        for (std::size_t at = 0; at < count; ++at) {
+            from[at] = static_cast<char>('A' + at);
+        }
+        std::vector<char> to(count + 2, '#');
+        CopyText(to.data() + 1, from.data(), count);
+        EXPECT_EQ(std::string(to.begin(), to.end()),
+                  "#" + std::string(from.begin(), from.end()) + "#");
+    }
+}
+
+}  // namespace
+}  // namespace paramgen::testing
