@@ -65,3 +65,11 @@ if(PARAMGEN_COVERAGE)
     ${profiles} -fcoverage-mapping -fprofile-update=atomic)
   add_link_options(${profiles})
 endif()
+
+# The release program is optimised as a whole where the toolchain can: rooms are small libraries that
+# call each other thousands of times. (What is cross-compiled says so in its toolchain file.)
+set(PARAMGEN_WHOLE_PROGRAM OFF)
+if(NOT CMAKE_CROSSCOMPILING)
+  include(CheckIPOSupported)
+  check_ipo_supported(RESULT PARAMGEN_WHOLE_PROGRAM OUTPUT ignored LANGUAGES CXX)
+endif()

@@ -25,7 +25,9 @@ function(paramgen_room directory)
     list(APPEND visible ${behind})
   endforeach()
   list(REMOVE_DUPLICATES visible)
-  set_target_properties(${target} PROPERTIES PARAMGEN_VISIBLE "${visible}")
+  set_target_properties(${target} PROPERTIES
+    PARAMGEN_VISIBLE "${visible}"
+    INTERPROCEDURAL_OPTIMIZATION_RELEASE ${PARAMGEN_WHOLE_PROGRAM})
   paramgen_check_includes("${visible}" ${sources} ${headers})
 endfunction()
 
@@ -57,7 +59,9 @@ function(paramgen_program name)
   target_link_options(${name} PRIVATE
     $<$<BOOL:${PARAMGEN_STATIC}>:-static> $<$<BOOL:${PARAMGEN_STRIP}>:-s>
     "-Wl,-Map=$<TARGET_FILE:${name}>.map")
-  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE C)
+  set_target_properties(${name} PROPERTIES
+    LINKER_LANGUAGE C
+    INTERPROCEDURAL_OPTIMIZATION_RELEASE ${PARAMGEN_WHOLE_PROGRAM})
 endfunction()
 
 # Linking with the C compiler must not bring the C++ libraries back.
