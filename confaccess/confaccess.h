@@ -43,6 +43,12 @@ constexpr std::size_t QX_CONFACCESS_KEY_MAX_LEN = 128;   ///< buffer size of a k
                                              const char* confItem, const char* defaultValue,
                                              char** value);
 
+/// The same without the copy: `value` belongs to the configuration and lives until that is
+/// released.
+[[nodiscard]] Status CONFACCESS_FindString(const char* cfgName, const char* module,
+                                           const char* confItem, const char* defaultValue,
+                                           const char** value);
+
 /// Stores the decimal number at the beginning of the value (0 when there is none), or
 /// `defaultValue` when the key has no value. Returns `kFailed` for a number beyond the limits of 32
 /// bits, and for one exactly at a limit when `errno` held ERANGE before.

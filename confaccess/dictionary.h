@@ -3,76 +3,63 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string_view>
 
 #include "confaccess/folded_key.h"
+#include "confaccess/text_file.h"
 
 namespace paramgen {
 
-/// Frees what malloc gave.
-struct FreeDeleter {
-    void operator()(void* memory) const;
-};
-
-/// Maps keys to values, where a value may be null: the mark of a section. It owns copies of all of
-/// them. Inserting and looking up take constant time on average, whatever the number of keys.
+/// Maps keys to values, where a value may be null: the mark of a section.
 ///
-/// Keys and values stand one behind the other, as they came, in few large blocks that never move; a
-/// value that is replaced stays there, unused. A table of open addressing tells where the entry of
-/// a hash is. Together they take about twice the room of the texts.
+/// All of them stand in the file's text, and none is copied: an entry tells where in the text its
+/// key and value are, and a table of open addressing where the entry of a hash is. Looking up takes
+/// constant time on average, whatever the number of keys.
 class Dictionary {
 public:
-    /// The table's first size, enough for three quarters as many keys.
-    static constexpr std::uint32_t kFirstSlots = 256;
+    /// Makes room for a key on each line of `text`. Text and dictionary live in `arena`, and as
+    /// long as it. Returns false when memory runs out; the dictionary is then of no use.
+    [[nodiscard]] bool Create(const Text& text, Arena* arena);
 
-    /// The most characters of a value.
-    static constexpr std::size_t kValueMax = 4000;
+    /// The text; what is put into the dictionary are parts of it.
+    std::string_view TextView() const { return text_.View(); }
 
-    Dictionary() = default;
-    ~Dictionary();
-    Dictionary(const Dictionary&) = delete;
-    Dictionary& operator=(const Dictionary&) = delete;
+    /// Makes `section` a key of its own, without a value. `key` is the same, folded.
+    void SetSection(const FoldedKey& key, std::string_view section);
 
-    /// Makes room for the first keys. Returns false when memory runs out; the dictionary may then
-    /// only be destroyed.
-    [[nodiscard]] bool Create();
-
-    /// Gives `key` a copy of `value`, in place of what it had; a value without data is null.
-    /// Returns false when memory runs out or the value is too long; the dictionary then holds what
-    /// it held before.
-    [[nodiscard]] bool Set(const FoldedKey& key, std::string_view value);
+    /// Gives `name` of `section` a value, in place of what it had. `key` is "section:name", folded.
+    /// What stands right behind the value in the text is overwritten.
+    ///
+    /// Of this and of `SetSection` there may be one call for each line of the text.
+    void SetValue(const FoldedKey& key, std::string_view section, std::string_view name,
+                  std::string_view value);
 
     /// The value of `key`, which is null for a section, or `defaultValue` when there is no such
     /// key.
     const char* Get(const FoldedKey& key, const char* defaultValue) const;
 
     /// The number of keys.
-    std::uint32_t Count() const { return used_; }
+    std::uint32_t Count() const { return count_; }
 
 private:
     struct Entry;
 
-    /// Where the entry of a key stands; place 0 is nowhere.
+    /// A key's hash and the number of its entry, from 1 on; 0 in a free slot.
     struct Slot {
         std::uint32_t hash;
-        std::uint32_t place;
+        std::uint32_t entry;
     };
 
-    // A place counts entries' units from 1. Block number n holds 2^n times what block 0 holds, so
-    // that a place tells its block.
-    static constexpr std::uint32_t kBlockCount = 20;
-
-    Entry* EntryAt(std::uint32_t place) const;
+    std::uint32_t PlaceOf(std::string_view part) const;
+    bool IsKeyOf(const Entry& entry, const FoldedKey& key) const;
     Slot* FindSlot(const FoldedKey& key, std::uint32_t hash) const;
-    bool GrowTable(std::uint32_t slots);
-    std::uint32_t ReserveEntry(std::size_t bytes);
+    void Set(const FoldedKey& key, const Entry& entry);
 
-    std::unique_ptr<Slot, FreeDeleter> slots_;
-    std::uint32_t size_ = 0;  ///< number of slots, a power of two
-    std::uint32_t used_ = 0;
-    std::uint32_t nextPlace_ = 1;  ///< of the entry that comes next, if its block has room
-    char* blocks_[kBlockCount] = {};
+    Text text_;
+    Slot* slots_ = nullptr;
+    Entry* entries_ = nullptr;
+    std::uint32_t slotCount_ = 0;  ///< a power of two
+    std::uint32_t count_ = 0;      ///< of keys and entries
 };
 
 }  // namespace paramgen

@@ -22,13 +22,19 @@ Word FoldToLower(Word word) {
 }  // namespace
 
 void FoldedKey::Append(std::string_view text) {
-    std::size_t at = length_ / sizeof(Word) * sizeof(Word);
     const std::size_t taken = std::min(text.size(), kMax - length_);
-    CopyText(text_ + length_, text.data(), taken);
-    CutTo(length_ + taken);
-    for (; at < length_; at += sizeof(Word)) {
-        StoreWord(text_ + at, FoldToLower(LoadWord(text_ + at)));
+    const char* from = text.data();
+    char* to = text_ + length_;
+    if (taken < sizeof(Word)) {
+        StoreWord(to, FoldToLower(LoadPart(from, taken)));
+    } else {
+        const std::size_t last = taken - sizeof(Word);
+        for (std::size_t at = 0; at < last; at += sizeof(Word)) {
+            StoreWord(to + at, FoldToLower(LoadWord(from + at)));
+        }
+        StoreWord(to + last, FoldToLower(LoadWord(from + last)));
     }
+    CutTo(length_ + taken);
 }
 
 void FoldedKey::CutTo(std::size_t length) {
@@ -45,19 +51,19 @@ std::uint32_t FoldedKey::Hash() const {
     return static_cast<std::uint32_t>(hash);
 }
 
-void FoldedKey::Store(char* dest) const {
-    CopyText(dest, text_, StoredKeySize(length_));
-}
-
-bool FoldedKey::Is(const char* stored, std::size_t length) const {
-    if (length != length_) {
-        return false;
+bool FoldedKey::HasAt(std::size_t at, std::string_view text) const {
+    const char* own = text_ + at;
+    const char* other = text.data();
+    if (text.size() < sizeof(Word)) {
+        return LoadPart(own, text.size()) == FoldToLower(LoadPart(other, text.size()));
     }
-    std::size_t at = 0;
-    while (at < length && LoadWord(stored + at) == LoadWord(text_ + at)) {
-        at += sizeof(Word);
+    const std::size_t last = text.size() - sizeof(Word);
+    for (std::size_t i = 0; i < last; i += sizeof(Word)) {
+        if (LoadWord(own + i) != FoldToLower(LoadWord(other + i))) {
+            return false;
+        }
     }
-    return at >= length;
+    return LoadWord(own + last) == FoldToLower(LoadWord(other + last));
 }
 
 }  // namespace paramgen

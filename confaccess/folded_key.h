@@ -1,4 +1,4 @@
-/// Keys as a dictionary holds them.
+/// Keys as a dictionary knows them.
 #pragma once
 
 #include <cstddef>
@@ -7,15 +7,10 @@
 
 namespace paramgen {
 
-/// The number of bytes that a key of `length` characters is stored in: whole words.
-constexpr std::size_t StoredKeySize(std::size_t length) {
-    return (length + 7) / 8 * 8;
-}
-
 /// A key in lower case that grows at its end.
 ///
-/// Zeros fill its last word up, and a dictionary stores it so: thousands of keys are folded, hashed
-/// and compared, and a word at a time that takes a third of the time.
+/// Zeros fill its last word up: thousands of keys are folded, hashed and compared, and a word at a
+/// time that takes a third of the time.
 class FoldedKey {
 public:
     /// The most characters of a section name, and of a key name.
@@ -25,7 +20,7 @@ public:
     static constexpr std::size_t kMax = 2 * kNameMax + 1;
 
     FoldedKey() { CutTo(0); }
-    explicit FoldedKey(std::string_view text) { Append(text); }
+    explicit FoldedKey(std::string_view text) : FoldedKey() { Append(text); }
 
     /// Adds `text`, or as much of it as there is room for, its ASCII letters in lower case.
     void Append(std::string_view text);
@@ -36,15 +31,12 @@ public:
     std::string_view Text() const { return {text_, length_}; }
     std::uint32_t Hash() const;
 
-    /// Writes the key to `dest`, which has room for its stored size.
-    void Store(char* dest) const;
-
-    /// Whether this is the key that is stored at `stored` and has `length` characters.
-    bool Is(const char* stored, std::size_t length) const;
+    /// Whether `text`, in any case, stands at `at`. It must not go beyond the key's end.
+    bool HasAt(std::size_t at, std::string_view text) const;
 
 private:
     std::size_t length_ = 0;
-    char text_[StoredKeySize(kMax) + 8];  // filled as far as the word that the length is in
+    char text_[(kMax + 15) / 8 * 8];  // filled as far as the word that the length is in
 };
 
 }  // namespace paramgen

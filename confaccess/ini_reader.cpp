@@ -1,18 +1,12 @@
 #include "confaccess/ini_reader.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <new>
 
 #include "confaccess/ini_line.h"
 #include "confaccess/line_reader.h"
 #include "confaccess/number.h"
+#include "confaccess/text_file.h"
 
 namespace paramgen {
 namespace {
@@ -21,41 +15,30 @@ static_assert(LineReader::kPieceMax <= FoldedKey::kNameMax, "both names of a lin
 
 IniError g_lastError = IniError::kNone;
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
-
-DictionaryPtr NewDictionary() {
-    void* memory = std::malloc(sizeof(Dictionary));
-    DictionaryPtr dictionary(memory == nullptr ? nullptr : new (memory) Dictionary);
-    if (dictionary != nullptr && !dictionary->Create()) {
-        dictionary.reset();
-    }
-    return dictionary;
-}
-
 /// Puts the lines of one file into a dictionary.
 class Loader {
 public:
-    explicit Loader(Dictionary* dictionary) : dictionary_(dictionary) { key_.Append(":"); }
+    explicit Loader(Dictionary* dictionary)
+        : dictionary_(dictionary), section_(dictionary->TextView().data(), 0), key_(":") {}
 
-    /// Takes one line. Returns false when memory runs out.
-    bool Take(std::string_view text) {
+    void Take(std::string_view text) {
         const IniLine line = ParseIniLine(text);
         switch (line.kind) {
             case IniLineKind::kNothing:
                 break;
             case IniLineKind::kSection:
-                return OpenSection(line.name);
+                OpenSection(line.name);
+                break;
             case IniLineKind::kValue:
-                return StoreValue(line);
+                key_.Append(line.name);
+                dictionary_->SetValue(key_, section_, line.name, line.value);
+                key_.CutTo(section_.size() + 1);
+                break;
             case IniLineKind::kSyntaxError:
                 g_lastError = IniError::kSyntax;
                 hasErrors_ = true;
                 break;
         }
-        return true;
     }
 
     bool HasErrors() const { return hasErrors_; }
@@ -63,31 +46,26 @@ public:
 private:
     /// Names the current section: the beginning of every key up to the next section. Without a name
     /// it stays what it was.
-    bool OpenSection(std::string_view name) {
-        key_.CutTo(name.data() == nullptr ? sectionLength_ : 0);
-        key_.Append(name);
-        sectionLength_ = key_.Text().size();
-        const bool stored = dictionary_->Set(key_, {});
+    void OpenSection(std::string_view name) {
+        if (name.data() != nullptr) {
+            section_ = name;
+        }
+        key_.CutTo(0);
+        key_.Append(section_);
+        dictionary_->SetSection(key_, section_);
         key_.Append(":");
-        return stored;
-    }
-
-    bool StoreValue(const IniLine& line) {
-        key_.Append(line.name);
-        const bool stored = dictionary_->Set(key_, line.value);
-        key_.CutTo(sectionLength_ + 1);
-        return stored;
     }
 
     Dictionary* dictionary_;
     bool hasErrors_ = false;
+    std::string_view section_;
     FoldedKey key_;  ///< between lines: the current section and a colon
-    std::size_t sectionLength_ = 0;
 };
 
-/// Reads every line of `file` into the loader. Returns false when the file counts as unreadable.
-bool ReadLines(std::FILE* file, Loader* loader) {
-    LineReader lines(file);
+/// Takes every line of the dictionary's text into it. Returns false when it is no INI file.
+bool TakeLines(Dictionary* dictionary) {
+    Loader loader(dictionary);
+    LineReader lines(dictionary->TextView());
     TextLine line;
     while (lines.Next(&line)) {
         if (line.text.size() + (line.hasNewline ? 1 : 0) <= 1) {
@@ -100,34 +78,27 @@ bool ReadLines(std::FILE* file, Loader* loader) {
         if (!line.hasNewline && line.text.back() == '\\') {
             continue;  // asks for a next line where there is none
         }
-        if (!loader->Take(line.text)) {
-            g_lastError = IniError::kLoadNotInserted;
-            return false;
-        }
+        loader.Take(line.text);
     }
-    // A directory opens as a file and fails at the first read: it counts as empty.
-    return std::ferror(file) == 0 || errno == EISDIR;
+    return !loader.HasErrors();
 }
 
-/// What there is to read at a path.
-enum class Content {
-    kSome,  ///< or what it is shows when it is opened
-    kNone,
-    kEndless,
-};
-
-/// Looks before the file is opened for reading, since that alone may wait. A pipe or a terminal has
-/// no size and waits for somebody who writes; devices that give zeros for ever say they have none.
-Content LookAt(const char* path) {
-    const int file = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (file == -1) {
-        return Content::kSome;
+/// Makes a dictionary for the text of the file at `path`. Returns null when it cannot be read.
+Dictionary* NewDictionary(const char* path, Arena* arena) {
+    void* memory = arena->Take(sizeof(Dictionary));
+    if (memory == nullptr) {
+        g_lastError = IniError::kNoDictionary;
+        return nullptr;
     }
-    const off_t size = lseek(file, 0, SEEK_END);
-    const bool isEndless =
-        size == -1 && errno == ESPIPE;  // not so a directory, which may fail, too
-    close(file);
-    return isEndless ? Content::kEndless : size == 0 ? Content::kNone : Content::kSome;
+    Dictionary* dictionary = new (memory) Dictionary;
+    Text text;
+    const ReadResult result = ReadTextFile(path, arena, &text);
+    const bool isRead = result == ReadResult::kRead;
+    if (result == ReadResult::kNoMemory || (isRead && !dictionary->Create(text, arena))) {
+        g_lastError = IniError::kLoadNotInserted;
+        return nullptr;
+    }
+    return isRead ? dictionary : nullptr;
 }
 
 }  // namespace
@@ -136,35 +107,13 @@ IniError LastIniError() {
     return g_lastError;
 }
 
-void DictionaryDeleter::operator()(Dictionary* dictionary) const {
-    dictionary->~Dictionary();
-    std::free(dictionary);
-}
-
-DictionaryPtr LoadIniFile(const char* path) {
+const Dictionary* LoadIniFile(const char* path, Arena* arena) {
     if (path == nullptr) {
         g_lastError = IniError::kNullArgument;
         return nullptr;
     }
-    DictionaryPtr dictionary = NewDictionary();
-    if (dictionary == nullptr) {
-        g_lastError = IniError::kNoDictionary;
-        return nullptr;
-    }
-    const Content content = LookAt(path);
-    if (content == Content::kEndless) {
-        return nullptr;
-    }
-    const FilePtr file(std::fopen(path, "r"));
-    if (file == nullptr) {
-        return nullptr;
-    }
-    Loader loader(dictionary.get());
-    const bool isRead = content == Content::kNone || ReadLines(file.get(), &loader);
-    if (!isRead || loader.HasErrors()) {
-        return nullptr;
-    }
-    return dictionary;
+    Dictionary* dictionary = NewDictionary(path, arena);
+    return dictionary != nullptr && TakeLines(dictionary) ? dictionary : nullptr;
 }
 
 const char* FindText(const Dictionary& dictionary, std::string_view key, const char* defaultValue) {

@@ -12,7 +12,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 
 #include "confaccess/dictionary.h"
@@ -32,16 +31,10 @@ enum class IniError : std::int32_t {
 /// The last error of the INI reader in this process.
 IniError LastIniError();
 
-/// Destroys a dictionary made by `LoadIniFile`.
-struct DictionaryDeleter {
-    void operator()(Dictionary* dictionary) const;
-};
-using DictionaryPtr = std::unique_ptr<Dictionary, DictionaryDeleter>;
-
-/// Reads the file at `path`. Returns its dictionary, or null when the file cannot be opened or
-/// read, a line is too long or no valid line, or memory runs out. A directory reads as an empty
-/// file, and so does whatever says that it has 0 bytes; a pipe is not read.
-DictionaryPtr LoadIniFile(const char* path);
+/// Reads the file at `path`. Returns its dictionary, which lives in `arena`, or null when the file
+/// cannot be opened or read, a line is too long or no valid line, or memory runs out. A directory
+/// reads as an empty file, and so does whatever says that it has 0 bytes; a pipe is not read.
+const Dictionary* LoadIniFile(const char* path, Arena* arena);
 
 /// The value of `key` ("section:key", in any case; only its first 1024 characters count), or
 /// `defaultValue` when there is no such key. The key of a section has a null value.

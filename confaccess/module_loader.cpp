@@ -1,10 +1,10 @@
 #include "confaccess/module_loader.h"
 
 #include <cstring>
+#include <new>
 
 #include "confaccess/argument_checks.h"
 #include "confaccess/dir_name.h"
-#include "confaccess/entry_ptr.h"
 #include "log/library_log.h"
 #include "safestr/safestr.h"
 
@@ -14,8 +14,6 @@ namespace {
 constexpr std::size_t kNameSize = QX_CONFACCESS_NAME_MAX_LEN;
 constexpr std::size_t kPathSize = QX_CONFACCESS_PATH_MAX_LEN;
 constexpr std::size_t kKeySize = QX_CONFACCESS_KEY_MAX_LEN;
-
-using ModulePtr = EntryPtr<ModuleEntry>;
 
 /// The directory of a module's file: its "path", if that contains a '/', else the entry file's
 /// directory with a '/' behind it.
@@ -96,31 +94,32 @@ Status BuildFileName(const ConfigEntry& config, const char* function, ModuleEntr
 
 /// Loads module `number` (from 1) and puts it at the front of the configuration's modules.
 Status CONFACCESS_InitModule(ConfigEntry* config, std::int32_t number) {
-    ModulePtr module = NewEntry<ModuleEntry>();
-    if (module == nullptr) {
+    void* memory = config->memory.Take(sizeof(ModuleEntry));
+    if (memory == nullptr) {
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "ZV_SafeMalloc failed\n");
         return kOutOfMemory;
     }
-    Status status = ReadName(config, number, __func__, module.get());
+    ModuleEntry* module = new (memory) ModuleEntry;  // zeros
+    Status status = ReadName(config, number, __func__, module);
     if (status != kOk) {
         return status;
     }
-    status = CONFACCESS_GetModulePath(*config, module.get());
+    status = CONFACCESS_GetModulePath(*config, module);
     if (status != kOk) {
         TellErrorCode(__func__, 173, status);
         return status;
     }
     TrimSlash(module->path);
-    status = BuildFileName(*config, __func__, module.get());
+    status = BuildFileName(*config, __func__, module);
     if (status != kOk) {
         return status;
     }
-    module->dictionary = LoadIniFile(module->file);
+    module->dictionary = LoadIniFile(module->file, &config->memory);
     if (module->dictionary == nullptr) {
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "Load %s failed\n", module->file);
         return kFailed;
     }
-    ListInsert(&config->modules, module.release());
+    ListInsert(&config->modules, module);
     return kOk;
 }
 
@@ -155,7 +154,7 @@ Status CONFACCESS_ModuleInfo(ConfigEntry* config) {
 void CONFACCESS_DelModuleList(ConfigEntry* config) {
     config->lastFound = nullptr;
     while (!ListIsEmpty(config->modules)) {
-        const ModulePtr module(static_cast<ModuleEntry*>(ListTakeFirst(&config->modules)));
+        const auto* module = static_cast<ModuleEntry*>(ListTakeFirst(&config->modules));
         // Without a module tag, so the library log drops this record.
         ZV_LOG_PrintfInfo(nullptr, kLibraryDebug, __func__, 40, "Module: inifile[%s]\n",
                           module->file);

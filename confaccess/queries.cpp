@@ -112,6 +112,17 @@ private:
 
 }  // namespace
 
+Status CONFACCESS_FindString(const char* cfgName, const char* module, const char* confItem,
+                             const char* defaultValue, const char** value) {
+    const QueryArguments query = {
+        .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
+    const Lookup found(query, "ZV_CONFACCESS_GetString", kGetStringLines, defaultValue);
+    if (found.status() == kOk) {
+        *value = found.text();
+    }
+    return found.status();
+}
+
 Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const char* confItem,
                                const char* defaultValue, char** value) {
     const QueryArguments query = {

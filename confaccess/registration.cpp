@@ -23,7 +23,7 @@ using ConfigPtr = EntryPtr<ConfigEntry>;
 
 /// Parses the entry file.
 Status CONFACCESS_GetModuleInfo(ConfigEntry* config) {
-    config->entryDictionary = LoadIniFile(config->configPath);
+    config->entryDictionary = LoadIniFile(config->configPath, &config->memory);
     if (config->entryDictionary == nullptr) {
         ZV_LOG_PrintfInfo(kConfAccessTag, kLibraryErr, __func__, 211, "load %s failed\n",
                           config->configPath);
@@ -132,7 +132,7 @@ Status ZV_CONFACCESS_Deinit(const char* cfgName) {
     pthread_mutex_lock(&config->lock);
     ListRemove(config.get());
     CONFACCESS_DelModuleList(config.get());
-    config->entryDictionary.reset();
+    config->entryDictionary = nullptr;
     pthread_mutex_unlock(&config->lock);
     pthread_mutex_destroy(&config->lock);
     --g_confAccessCount;

@@ -19,7 +19,7 @@ struct ModuleEntry : ListLink {
     char name[QX_CONFACCESS_NAME_MAX_LEN];
     char path[QX_CONFACCESS_PATH_MAX_LEN];  ///< its directory, without '/' at the end unless "/"
     char file[QX_CONFACCESS_PATH_MAX_LEN];  ///< its INI file: path, '/' and file name
-    DictionaryPtr dictionary;
+    const Dictionary* dictionary;
 };
 
 /// One registered configuration.
@@ -29,8 +29,9 @@ struct ConfigEntry : ListLink {
     ListLink modules;                             ///< `ModuleEntry`s, newest first
     ModuleEntry* lastFound;  ///< the module that was asked for last, or null: it is asked for often
     char entryFile[QX_CONFACCESS_PATH_MAX_LEN];  ///< the path that was parsed
-    DictionaryPtr entryDictionary;
+    const Dictionary* entryDictionary;
     pthread_mutex_t lock;  ///< guards the modules and the dictionaries
+    Arena memory;          ///< what the modules and the dictionaries live in
 };
 
 /// The registered configuration of that name (at most 128 characters are compared), or null. The

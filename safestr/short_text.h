@@ -2,6 +2,8 @@
 /// would cost more than the work. (One libc's memcpy spends 80 ns on any copy.)
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -45,24 +47,70 @@ inline void StoreWord(char* to, Word word) {
     std::memcpy(to, &word, sizeof word);
 }
 
-/// Whether one of the word's bytes is `byte`.
-inline bool HasByte(Word word, char byte) {
-    // Where they differ, bits are left; of a byte without any, the subtraction borrows.
-    const Word left = word ^ EachByte(static_cast<unsigned char>(byte));
-    return ((left - EachByte(1)) & ~left & EachByte(0x80)) != 0;
+/// The word that begins with the `count` characters at `from`, fewer than a word has; zeros fill it
+/// up. Reads no others.
+inline Word LoadPart(const char* from, std::size_t count) {
+    if (count >= sizeof(std::uint32_t)) {
+        // Its two halves overlap, and agree where they do.
+        std::uint32_t first = 0;
+        std::uint32_t last = 0;
+        std::memcpy(&first, from, sizeof first);
+        std::memcpy(&last, from + count - sizeof last, sizeof last);
+        return first | Word{last} << (8 * (count - sizeof last));
+    }
+    Word word = 0;
+    for (std::size_t at = count; at > 0; --at) {
+        word = word << 8 | static_cast<unsigned char>(from[at - 1]);
+    }
+    return word;
 }
 
-/// Where `c` stands in `text`, or the text's end.
+/// The top bit of the word's first byte that is `byte`, and perhaps some behind it; 0 when there is
+/// none.
+inline Word MarkFirst(Word word, char byte) {
+    // Where they differ, bits are left; of a byte without any, the subtraction borrows.
+    const Word left = word ^ EachByte(static_cast<unsigned char>(byte));
+    return (left - EachByte(1)) & ~left & EachByte(0x80);
+}
+
+/// The number of bytes before the first one that `MarkFirst` has marked.
+inline std::size_t BytesBefore(Word marks) {
+    return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
+}
+
+/// Where `c`, which is not NUL, stands in `text`, or the text's end.
 inline std::size_t FindCharacter(std::string_view text, char c) {
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    while (end - at >= static_cast<std::ptrdiff_t>(sizeof(Word)) && !HasByte(LoadWord(at), c)) {
-        at += sizeof(Word);
+    const std::size_t size = text.size();
+    if (size < sizeof(Word)) {
+        const Word marks = MarkFirst(LoadPart(text.data(), size), c);
+        return marks == 0 ? size : BytesBefore(marks);
     }
-    while (at != end && *at != c) {
-        ++at;
+    for (std::size_t at = 0;; at += sizeof(Word)) {
+        // The last word overlaps the one before, where there is none.
+        at = std::min(at, size - sizeof(Word));
+        const Word marks = MarkFirst(LoadWord(text.data() + at), c);
+        if (marks != 0) {
+            return at + BytesBefore(marks);
+        }
+        if (at == size - sizeof(Word)) {
+            return size;
+        }
     }
-    return static_cast<std::size_t>(at - text.data());
+}
+
+/// How often `c` stands in `text`.
+inline std::size_t CountCharacter(std::string_view text, char c) {
+    std::size_t total = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        // In blocks that are counted in a byte: a compiler then counts many characters at a time.
+        const std::size_t end = std::min(text.size(), at + 128);
+        std::uint8_t count = 0;
+        for (; at < end; ++at) {
+            count = static_cast<std::uint8_t>(count + (text[at] == c ? 1 : 0));
+        }
+        total += count;
+    }
+    return total;
 }
 
 /// Copies `count` characters to where there is room for them; the two do not overlap.

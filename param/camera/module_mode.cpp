@@ -5,11 +5,11 @@
 namespace paramgen {
 
 Status ReadModuleMode(const char* module, const char* key, MediaMode* mode) {
-    QueriedText name;
+    const char* name = nullptr;
     if (QueryText(module, key, &name) != kOk || name == nullptr) {
         return kOk;
     }
-    return PARAM_INIPARAM_GetMediaModeEnum(name.get(), mode);
+    return PARAM_INIPARAM_GetMediaModeEnum(name, mode);
 }
 
 }  // namespace paramgen

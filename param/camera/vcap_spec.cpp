@@ -59,9 +59,9 @@ Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapS
     for (std::uint32_t i = 0; i < kVcapComponentMaskCount; ++i) {
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kVcapSpecTable, componentMask), i);
-        QueriedText text;
+        const char* text = nullptr;
         const Status status = QueryText(module, item.c_str(), &text);
-        const std::int32_t mask = text == nullptr ? 0 : ParseInteger(text.get(), 10);
+        const std::int32_t mask = text == nullptr ? 0 : ParseInteger(text, 10);
         if (mask < 0) {
             LOG_ERROR("componentmask error, out of range");
             return kFailed;

@@ -133,11 +133,11 @@ Status LoadThroughReader(const Load& load) {
 
 /// Queries a name and stores its number; an absent key leaves the member as it is.
 Status QueryName(const Load& load, const char* fullKey) {
-    QueriedText name;
+    const char* name = nullptr;
     Status status = QueryText(load.module, fullKey, &name);
     std::int32_t number = 0;
     if (status == kOk && name != nullptr) {
-        status = load.field.lookup(name.get(), &number);
+        status = load.field.lookup(name, &number);
         if (status == kOk) {
             Store(load.dest, number);
         }

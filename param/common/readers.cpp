@@ -1,7 +1,5 @@
 #include "param/common/readers.h"
 
-#include <cstdlib>
-
 #include "confaccess/confaccess.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
@@ -9,15 +7,9 @@
 
 namespace paramgen {
 
-void QueriedTextDeleter::operator()(char* text) const {
-    std::free(text);
-}
-
-Status QueryText(const char* module, const char* key, QueriedText* text) {
-    char* found = nullptr;
-    const Status status = ZV_CONFACCESS_GetString(kProductConfig, module, key, nullptr, &found);
-    text->reset(found);
-    return status;
+Status QueryText(const char* module, const char* key, const char** text) {
+    *text = nullptr;
+    return CONFACCESS_FindString(kProductConfig, module, key, nullptr, text);
 }
 
 Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* prefix,
@@ -62,9 +54,9 @@ Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, char* t
 
 Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, std::span<char> bytes,
                                     std::size_t size) {
-    QueriedText value;
+    const char* value = nullptr;
     CALL_OR_RETURN(QueryText(module, key, &value), key);
-    if (value != nullptr && sprintf_s(bytes.data(), size, "%s", value.get()) == -1) {
+    if (value != nullptr && sprintf_s(bytes.data(), size, "%s", value) == -1) {
         LOG_ERROR("[%s] failed\n", "sprintf_s");
         return kFailed;
     }

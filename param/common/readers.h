@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
 
 #include "confaccess/status.h"
@@ -50,13 +49,8 @@ inline constexpr char kProductConfig[] = "productini";
 [[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key,
                                                   std::span<char> bytes, std::size_t size);
 
-/// Frees a text that a query handed out.
-struct QueriedTextDeleter {
-    void operator()(char* text) const;
-};
-using QueriedText = std::unique_ptr<char, QueriedTextDeleter>;
-
-/// Asks for the string `key` of `module`; logs nothing. `text` becomes null when it is absent.
-[[nodiscard]] Status QueryText(const char* module, const char* key, QueriedText* text);
+/// Asks for the string `key` of `module`, which lives as long as the configuration; logs nothing.
+/// `text` becomes null when it is absent, and after a failure.
+[[nodiscard]] Status QueryText(const char* module, const char* key, const char** text);
 
 }  // namespace paramgen

@@ -75,9 +75,9 @@ Status PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(const char* module, DtcfCfg* cfg)
     for (std::uint32_t i = 0; i < kDirNameCount; ++i) {
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kDtcfTable, dirNames), i);
-        QueriedText value;
+        const char* value = nullptr;
         CALL_OR_RETURN(QueryText(module, item.c_str(), &value), item.c_str());
-        const Status status = PDT_INIPARAM_FILEMNG_GetDirNames(value.get(), i, cfg);
+        const Status status = PDT_INIPARAM_FILEMNG_GetDirNames(value, i, cfg);
         if (status != kOk) {
             LOG_ERROR("get dir name failed!\n");
             return status;

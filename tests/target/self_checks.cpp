@@ -195,11 +195,15 @@ void CheckBytesInLines() {
 }
 
 void CheckDictionary() {
-    const FoldedKey key(
+    char bytes[] =
         "caf\xE9:GR\xF6\xDF"
-        "e");
+        "e=\xFE\xFF\n";
+    const FoldedKey key({bytes, 10});
+    paramgen::Arena arena;
     Dictionary dictionary;
-    Check(dictionary.Create() && dictionary.Set(key, "\xFE\xFF"), "Dictionary", "Set");
+    Check(dictionary.Create({.bytes = bytes, .size = sizeof bytes - 1}, &arena), "Dictionary",
+          "Create");
+    dictionary.SetValue(key, {bytes, 4}, {bytes + 5, 5}, {bytes + 11, 2});
     CheckText(dictionary.Get(key, nullptr), "\xFE\xFF", "Dictionary");
     Check(dictionary.Get(FoldedKey("caf\xC9:gr\xF6\xDF"
                                    "e"),

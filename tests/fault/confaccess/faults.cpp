@@ -1,10 +1,11 @@
 #include "fault/confaccess/faults.h"
 
+#include <sys/types.h>
+
 #include <cerrno>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 
 namespace paramgen::testing {
 namespace {
@@ -14,10 +15,12 @@ struct Plan {
     Fault fault;
     int callsLeft;  ///< 0 when the failing call has come
     int held;
-    std::FILE* failedFile;
 };
 
 Plan g_plan = {};
+
+/// The most bytes that are read at once.
+constexpr std::size_t kPieceSize = 10'000;
 
 /// Counts a call of one kind. Returns whether it is the one to fail.
 bool Fails(Fault fault) {
@@ -40,7 +43,7 @@ void GivenBack(const void* thing) {
 }  // namespace
 
 FaultWatch::FaultWatch(Fault fault, int number) {
-    g_plan = {.watching = true, .fault = fault, .callsLeft = number, .held = 0, .failedFile = {}};
+    g_plan = {.watching = true, .fault = fault, .callsLeft = number, .held = 0};
 }
 
 FaultWatch::~FaultWatch() {
@@ -62,10 +65,9 @@ void* __real_calloc(std::size_t count, std::size_t size);
 void* __real_realloc(void* memory, std::size_t size);
 char* __real_strdup(const char* text);
 void __real_free(void* memory);
-std::FILE* __real_fopen(const char* path, const char* mode);
-int __real_fclose(std::FILE* file);
-std::size_t __real_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file);
-int __real_ferror(std::FILE* file);
+int __real_open(const char* path, int flags, ...);
+int __real_close(int file);
+ssize_t __real_pread(int file, void* bytes, std::size_t size, off_t offset);
 
 void* __wrap_malloc(std::size_t size) {
     return Fails(Fault::kAllocation) ? nullptr : Taken(__real_malloc(size));
@@ -92,26 +94,28 @@ void __wrap_free(void* memory) {
     __real_free(memory);
 }
 
-std::FILE* __wrap_fopen(const char* path, const char* mode) {
-    return Fails(Fault::kOpen) ? nullptr : Taken(__real_fopen(path, mode));
-}
-
-int __wrap_fclose(std::FILE* file) {
-    GivenBack(file);
-    return __real_fclose(file);
-}
-
-std::size_t __wrap_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file) {
-    if (!Fails(Fault::kRead)) {
-        return __real_fread(bytes, size, count, file);
+int __wrap_open(const char* path, int flags, ...) {
+    if (Fails(Fault::kOpen)) {
+        errno = ENOENT;
+        return -1;
     }
-    g_plan.failedFile = file;
-    errno = EIO;
-    return 0;
+    const int file = __real_open(path, flags);
+    g_plan.held += g_plan.watching && file != -1 ? 1 : 0;
+    return file;
 }
 
-int __wrap_ferror(std::FILE* file) {
-    return file == g_plan.failedFile ? 1 : __real_ferror(file);
+int __wrap_close(int file) {
+    g_plan.held -= g_plan.watching ? 1 : 0;
+    return __real_close(file);
+}
+
+ssize_t __wrap_pread(int file, void* bytes, std::size_t size, off_t offset) {
+    if (Fails(Fault::kRead)) {
+        errno = EIO;
+        return -1;
+    }
+    // In pieces, as a device may hand them out.
+    return __real_pread(file, bytes, size > kPieceSize ? kPieceSize : size, offset);
 }
 
 // The names of functions as the linker sees them, where a size is an unsigned long.

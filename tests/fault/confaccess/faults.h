@@ -7,8 +7,8 @@ namespace paramgen::testing {
 enum class Fault {
     kNone,
     kAllocation,  ///< malloc, calloc, realloc, strdup: no memory
-    kOpen,        ///< fopen: no such file
-    kRead,        ///< fgets: nothing read, and ferror tells of an error
+    kOpen,        ///< open: no such file
+    kRead,        ///< pread: an error
     kFormat,      ///< vsnprintf: -1
     kDirName,     ///< CONFACCESS_GetDirName: too long
 };

@@ -13,6 +13,14 @@
 
 #include "safestr/safestr.h"
 
+// The linker sends every call of NAME in the code linked in to __wrap_NAME, and every one of
+// __real_NAME to libc's.
+extern "C" {
+int __real_open(const char* path, int flags, ...);
+int __real_close(int file);
+ssize_t __real_pread(int file, void* bytes, std::size_t size, off_t offset);
+}
+
 namespace paramgen::testing {
 namespace {
 
@@ -35,6 +43,7 @@ struct State {
     int inOutput = 0;  ///< of that, on standard output
     std::FILE* stream = nullptr;
     bool opening = false;
+    bool reading = false;  ///< a file is open for reading
     char path[kPathSize] = "";
     File file;  ///< a run has one file open at a time
     File output;
@@ -74,17 +83,6 @@ private:
     int isOutput_;
 };
 
-ssize_t ReadBlock(void* cookie, char* bytes, std::size_t size) {
-    if (Fails(Kind::kRead)) {
-        errno = EIO;
-        return -1;
-    }
-    File* file = static_cast<File*>(cookie);
-    const ssize_t count = pread(file->descriptor, bytes, size, file->position);
-    file->position += count > 0 ? count : 0;
-    return count;
-}
-
 ssize_t WriteBlock(void* cookie, const char* bytes, std::size_t size) {
     File* file = static_cast<File*>(cookie);
     if (Fails(file->write)) {
@@ -101,7 +99,7 @@ int CloseFile(void* cookie) {
     if (file->descriptor == -1) {
         return 0;  // never came to be open
     }
-    const int result = close(file->descriptor);
+    const int result = __real_close(file->descriptor);
     if (Fails(Kind::kDeviceClose)) {
         errno = EIO;
         return -1;
@@ -111,10 +109,6 @@ int CloseFile(void* cookie) {
 
 int KeepOpen(void* /*cookie*/) {
     return 0;
-}
-
-int OpenFlags(const char* mode) {
-    return mode[0] == 'r' ? O_RDONLY : O_RDWR | O_CREAT | O_TRUNC;
 }
 
 }  // namespace
@@ -158,7 +152,7 @@ UnobservedCalls::~UnobservedCalls() {
 
 Progress CurrentProgress() {
     return {.opens = g_state.opens,
-            .fileIsOpen = g_state.opening || g_state.stream != nullptr,
+            .fileIsOpen = g_state.opening || g_state.reading || g_state.stream != nullptr,
             .isInStream = g_state.inStream != 0,
             .path = g_state.path};
 }
@@ -230,11 +224,8 @@ char* strdup(const char* text) {
     return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
 }
 
-// The linker sends every call of NAME in the code linked in to __wrap_NAME; __real_NAME is libc's.
 int __real_fclose(std::FILE* file);
-char* __real_fgets(char* line, int size, std::FILE* file);
 int __real_fflush(std::FILE* file);
-std::size_t __real_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file);
 std::size_t __real_fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* file);
 int __real_printf(const char* format, ...);
 int __real_vprintf(const char* format, std::va_list args);
@@ -246,11 +237,53 @@ int __real_pthread_mutex_lock(pthread_mutex_t* mutex);
 int __real_pthread_mutex_unlock(pthread_mutex_t* mutex);
 int __real_pthread_mutex_destroy(pthread_mutex_t* mutex);
 
-std::FILE* __wrap_fopen(const char* path, const char* mode) {
+/// Notes that a file is asked for. Returns whether it is to be refused.
+static bool IsRefused(const char* path) {
     ++g_state.opens;
     std::strncpy(g_state.path, path, sizeof g_state.path - 1);
-    if (Fails(Kind::kOpen)) {
-        errno = EMFILE;
+    if (!Fails(Kind::kOpen)) {
+        return false;
+    }
+    errno = EMFILE;
+    return true;
+}
+
+// Files that are read are descriptors, and those that are written are streams.
+
+int __wrap_open(const char* path, int flags, ...) {
+    if (IsRefused(path)) {
+        return -1;
+    }
+    const int file = __real_open(path, flags);
+    if (file != -1) {
+        g_state.held += g_state.observing ? 1 : 0;
+        g_state.reading = true;
+    }
+    return file;
+}
+
+ssize_t __wrap_pread(int file, void* bytes, std::size_t size, off_t offset) {
+    if (Fails(Kind::kRead)) {
+        errno = EIO;
+        return -1;
+    }
+    return __real_pread(file, bytes, size, offset);
+}
+
+int __wrap_close(int file) {
+    const bool fails = Fails(Kind::kDeviceClose);
+    g_state.held -= g_state.observing ? 1 : 0;
+    g_state.reading = false;
+    const int result = __real_close(file);
+    if (fails) {
+        errno = EIO;
+        return -1;
+    }
+    return result;
+}
+
+std::FILE* __wrap_fopen(const char* path, const char* mode) {
+    if (IsRefused(path)) {
         return nullptr;
     }
     // Memory first and the file then, as libc does: without memory the file stays what it was.
@@ -258,12 +291,12 @@ std::FILE* __wrap_fopen(const char* path, const char* mode) {
     g_state.opening = true;
     std::FILE* stream =
         fopencookie(&g_state.file, mode,
-                    {.read = ReadBlock, .write = WriteBlock, .seek = nullptr, .close = CloseFile});
+                    {.read = nullptr, .write = WriteBlock, .seek = nullptr, .close = CloseFile});
     g_state.opening = false;
     if (stream == nullptr) {
         return nullptr;
     }
-    g_state.file.descriptor = open(path, OpenFlags(mode), 0666);
+    g_state.file.descriptor = __real_open(path, O_RDWR | O_CREAT | O_TRUNC, 0666);
     if (g_state.file.descriptor == -1) {
         __real_fclose(stream);
         return nullptr;
@@ -283,16 +316,6 @@ int __wrap_fclose(std::FILE* file) {
 int __wrap_fflush(std::FILE* file) {
     const StreamWork work(file);
     return file != stdout && Fails(Kind::kFlush) ? EOF : __real_fflush(file);
-}
-
-char* __wrap_fgets(char* line, int size, std::FILE* file) {
-    const StreamWork work(file);
-    return __real_fgets(line, size, file);
-}
-
-std::size_t __wrap_fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file) {
-    const StreamWork work(file);
-    return __real_fread(bytes, size, count, file);
 }
 
 std::size_t __wrap_fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* file) {

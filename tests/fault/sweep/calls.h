@@ -10,8 +10,8 @@ namespace paramgen::testing {
 
 enum class Kind {
     kAllocation,    ///< malloc, calloc, realloc, strdup
-    kOpen,          ///< fopen
-    kRead,          ///< a block read from a file
+    kOpen,          ///< open, fopen
+    kRead,          ///< pread
     kWrite,         ///< a block written to a file
     kOutput,        ///< a block written to standard output
     kDeviceClose,   ///< a file's last step: the device reports an error

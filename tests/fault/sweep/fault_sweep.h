@@ -133,13 +133,6 @@ protected:
         return files_;
     }
 
-    /// Whether the loading of values failed in a query, at whatever key: every level says so, and
-    /// the code goes up unchanged.
-    static bool IsFailedLoad(const Point& point, const Failure& failure) {
-        return IsUntouched(point.end, failure.exitStatus, true) &&
-               IsChain(Said(point.output), failure.code);
-    }
-
     /// Whether a file that was written says this of itself, and the run went on.
     static bool SaysOfFile(const Point& point, const std::string& record) {
         const Lines rest = {"ERROR main: " + record, "DEBUG main: parambin update end"};
@@ -158,26 +151,6 @@ protected:
                          .paramDef = FileState::kOld};
         return point.end == end &&
                Said(point.output) == Lines{"ERROR main: open [" + file + "] failed"};
-    }
-
-    /// What a run without a fault says from the point on.
-    Lines RestOf(const Point& point) {
-        return Said(std::string_view(sweep_.Clean().output).substr(point.said));
-    }
-
-    /// Whether all that followed is that a media mode, the one just asked for, was not read. A
-    /// media mode module and a lens calibration may be without, and a query that fails counts as
-    /// one that finds nothing.
-    bool IsUnreadMode(const Point& point) {
-        constexpr char kFound[] = "DEBUG PARAM_INIPARAM_GetMediaModeEnum: MediaMode[";
-        const Lines lines = Said(point.output);
-        const std::string expected = FirstOf(RestOf(point));
-        End end = Complete();
-        end.hasCleanImage = point.end.hasCleanImage;
-        return point.end == end && expected.starts_with(kFound) && FirstOf(lines) != expected &&
-               LastOf(lines) == "DEBUG main: parambin update end" &&
-               std::none_of(lines.begin(), lines.end(),
-                            [](const std::string& line) { return line.starts_with("ERROR"); });
     }
 
     bool IsAsMemoryDemands(const Point& point);

@@ -44,11 +44,6 @@ std::string OneLine(std::string_view line) {
     return std::string(line);
 }
 
-/// The queries that tell of their failure themselves, and where.
-constexpr std::array<std::string_view, 4> kTellingQueries = {
-    "ZV_CONFACCESS_GetInt,line:437", "ZV_CONFACCESS_GetDouble,line:469",
-    "ZV_CONFACCESS_GetBool,line:497", "ZV_CONFACCESS_IsConfItemExist,line:630"};
-
 /// The sections, by the labels that they fail with.
 constexpr std::array<std::string_view, 6> kSections = {"DevMng Conf",       "FileMng Conf",
                                                        "Media Common Conf", "WorkMode Conf",
@@ -89,12 +84,6 @@ Lines Said(std::string_view output) {
         output.remove_prefix(end == std::string_view::npos ? output.size() : end + 1);
     }
     return lines;
-}
-
-bool IsChain(const Lines& lines, const std::string& code) {
-    const std::string told = ",Error Code: [0x" + code + "]";
-    const bool isTold = !lines.empty() && IsOneOf(lines.front(), kTellingQueries, "func:", told);
-    return HasLevels(lines, isTold ? 1 : 0, code);
 }
 
 bool IsFormattingChain(const Lines& lines) {

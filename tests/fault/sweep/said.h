@@ -21,11 +21,8 @@ inline std::string LastOf(const Lines& lines) {
     return lines.empty() ? "" : lines.back();
 }
 
-/// Whether the lines are all that a failure of this code says when a query for a value failed: what
-/// the query says, then one record for each level, from the reader or loader up to `main`.
-bool IsChain(const Lines& lines, const std::string& code);
-
-/// The same when a key did not fit its buffer: the innermost record names no code.
+/// Whether the lines are all that is said when a key did not fit its buffer: the innermost record,
+/// which names no code, then one for each level, from the loader up to `main`.
 bool IsFormattingChain(const Lines& lines);
 
 }  // namespace paramgen::testing

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -54,15 +55,15 @@ TEST_F(FaultSweep, NoFault) {
 }  // namespace
 
 /// Without memory for a stream's buffer libc goes on without. Without memory for a stream the file
-/// cannot be opened. Without memory for a file's contents there is no such file.
+/// cannot be opened. Without memory for a file's contents there is no such file. While values are
+/// read no memory is asked for.
 bool FaultSweep::IsAsMemoryDemands(const Point& point) {
     const int opens = point.progress.opens;
     if (point.progress.isInStream) {
         return IsUnaffected(point) && Is("unaffected");
     }
     if (point.wasLoading) {
-        return (IsFailedLoad(point, kNoMemory) && Is("query")) ||
-               (IsUnreadMode(point) && Is("media mode not read"));
+        return false;
     }
     if (opens > 1 + kModules) {
         return IsUnopenedFile(point, point.progress.path) && Is(point.progress.path);
@@ -72,80 +73,34 @@ bool FaultSweep::IsAsMemoryDemands(const Point& point) {
                               {"func:CONFACCESS_Init,line:264,pointer[cfgPos] is null"})) {
         return Is("no configuration");
     }
-    if (opens == 0 || (opens == 1 && point.progress.fileIsOpen)) {
+    if (opens <= 1) {
         return IsWithoutEntry(point) && Is("no entry file");
     }
-    const int module = point.progress.fileIsOpen ? opens - 1 : opens;
-    if (!point.progress.fileIsOpen &&
-        IsRegistrationFailure(
-            point, kNoMemory,
-            {"[time][QXCONFACCE] ZV_SafeMalloc failed",
-             "[time][ERR][QXCONFACCE] CONFACCESS_Init:286 Confaccess ModuleInfo failed"})) {
-        return Is("no module " + std::to_string(module));
-    }
-    return IsUnloadedModule(point, module) && Is("left out: " + std::to_string(module));
+    return IsUnloadedModule(point, opens - 1) && Is("left out: " + std::to_string(opens - 1));
 }
 
 namespace {
 
-MATCHER_P(SaysExactly, lines, "") {
-    return Said(arg.output) == lines;
-}
-
-/// What queries say that have no memory for the text that they found: one for every section.
-const std::vector<Lines> kQueriesWithoutMemory = {
-    {"ERROR PDT_INIPARAM_LoadStringValue: [devinfo:model] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadDevInfo: [devinfo:model] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadDevMngConf: [devinfo] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCfg: [DevMng Conf] failed[0xA1418044]",
-     "ERROR main: [load config] failed[0xA1418044]"},
-    {"ERROR PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg: [dtcf.dir.name:dir_name0] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_FILEMNG_LoadDTCFCfg: [dtcf:rootdir] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadFileMngConf: [dtcf] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCfg: [FileMng Conf] failed[0xA1418044]",
-     "ERROR main: [load config] failed[0xA1418044]"},
-    {"ERROR PDT_INIPARAM_LoadMediaCommDispCSCAttr: [disp.0.csc:cscmatrix] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadMediaCommDispCfg: [CSCAttr] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadMediaCommConf: [Vdisp] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCfg: [Media Common Conf] failed[0xA1418044]",
-     "ERROR main: [load config] failed[0xA1418044]"},
-    {"ERROR PDT_INIPARAM_LoadCamMediaModeCfg: [common.mediamode.config.0:mediamode] "
-     "failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadPhotoWorkModeCfg: [common.mediamode.config.0] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadWorkModeConf: [PhotoMedia] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCfg: [WorkMode Conf] failed[0xA1418044]",
-     "ERROR main: [load config] failed[0xA1418044]"},
-    {"ERROR PDT_INIPARAM_LoadStringValue: [cam.0.enc.payloadtype:description0] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCommItemValues: [cam.0.enc.payloadtype:description0] "
-     "failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCamValueSetCfg: [cam.0.enc.payloadtype] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadValueSetCfg: [camValueSetCfg] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCfg: [ValueSet Conf] failed[0xA1418044]",
-     "ERROR main: [load config] failed[0xA1418044]"},
-    {"ERROR PDT_INIPARAM_LoadCamVcapSpecCfg: [vcap.dev:componentmask0] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadMediaModeSpecCfg: [vcap attr] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCamMediaCfg: [cam0_mediamode0] failed[0xA1418044]",
-     "ERROR PDT_INIPARAM_LoadCfg: [VideoMode Conf] failed[0xA1418044]",
-     "ERROR main: [load config] failed[0xA1418044]"},
-};
-
 TEST_F(FaultSweep, Memory) {
-    const std::vector<Point> points = sweep_.Over(Kind::kAllocation);
-    for (const Point& point : points) {
+    // So that each file needs memory of its own: for its text, and for the entries of its lines
+    // when the file is closed again. All else is in the first piece of memory that is asked for.
+    const std::string comment = "# " + std::string(1000, '.') + "\n";
+    for (const std::string& path : Files()) {
+        std::ofstream file(path, std::ios::app);
+        for (int line = 0; line < 70 && path.ends_with(".ini"); ++line) {
+            file << comment << std::string(70, '\n');
+        }
+    }
+    for (const Point& point : sweep_.Over(Kind::kAllocation)) {
         EXPECT_TRUE(IsAsMemoryDemands(point)) << Describe(point);
     }
     EXPECT_EQ(CountOf("no configuration"), 1);
-    EXPECT_GE(CountOf("no entry file"), 2);
+    EXPECT_EQ(CountOf("no entry file"), 3);
     for (int module = 1; module <= kModules; ++module) {
-        EXPECT_EQ(CountOf("no module " + std::to_string(module)), 1);
         EXPECT_GE(CountOf("left out: " + std::to_string(module)), 2);
     }
-    EXPECT_GE(CountOf("query"), 100);
     EXPECT_EQ(CountOf("./param.bin"), 1);
     EXPECT_EQ(CountOf("./paramdef.bin"), 1);
-    for (const Lines& chain : kQueriesWithoutMemory) {
-        EXPECT_THAT(points, Contains(SaysExactly(chain)));
-    }
 }
 
 }  // namespace
@@ -271,9 +226,12 @@ TEST_F(FaultSweep, Flushing) {
 }
 
 TEST_F(FaultSweep, Closing) {
-    for (const Kind kind : {Kind::kClose, Kind::kDeviceClose}) {
+    // Streams are closed by their own function, but end at the device like all files.
+    const std::pair<Kind, std::size_t> kKinds[] = {{Kind::kClose, 2},
+                                                   {Kind::kDeviceClose, 1 + kModules + 2}};
+    for (const auto& [kind, count] : kKinds) {
         const std::vector<Point> points = sweep_.Over(kind);
-        ASSERT_EQ(points.size(), 1U + kModules + 2);
+        ASSERT_EQ(points.size(), count);
         for (const Point& point : points) {
             const bool isRead = point.progress.opens <= 1 + kModules;
             EXPECT_TRUE(isRead ? IsUnaffected(point) : SaysOfFile(point, "[fclose failed] failed"))

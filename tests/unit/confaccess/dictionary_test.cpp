@@ -3,104 +3,172 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace paramgen::testing {
 namespace {
 
+/// A dictionary for a text that grows line by line: "section", newline; or "section:name=value",
+/// newline.
 class DictionaryTest : public ::testing::Test {
 protected:
-    DictionaryTest() { EXPECT_TRUE(dictionary_.Create()); }
-
-    bool Set(std::string_view key, const char* value) {
-        return dictionary_.Set(FoldedKey(key),
-                               value == nullptr ? std::string_view() : std::string_view(value));
+    /// Adds lines to the text. Then `Fill` makes the dictionary of it.
+    void Section(const std::string& section) {
+        lines_.push_back({.section{section}, .name{}, .value{}, .isSection = true});
     }
+    void Value(const std::string& section, const std::string& name, const std::string& value) {
+        lines_.push_back({.section{section}, .name{name}, .value{value}, .isSection = false});
+    }
+
+    void Fill() {
+        std::string all;
+        for (const Line& line : lines_) {
+            all += line.section;
+            all += line.isSection ? "\n" : ":" + line.name + "=" + line.value + "\n";
+        }
+        // A heap block of its own: what is written or read behind it is noticed.
+        text_.assign(all.begin(), all.end());
+        text_.push_back('\0');
+        ASSERT_TRUE(dictionary_.Create({.bytes = text_.data(), .size = all.size()}, &arena_));
+        const char* at = text_.data();
+        for (const Line& line : lines_) {
+            at = Put(line, at);
+        }
+    }
+
     const char* Get(std::string_view key, const char* defaultValue) const {
         return dictionary_.Get(FoldedKey(key), defaultValue);
     }
 
+    std::uint32_t Count() const { return dictionary_.Count(); }
+
+private:
+    struct Line {
+        std::string section;
+        std::string name;
+        std::string value;
+        bool isSection;
+    };
+
+    /// Puts the line that begins at `at` into the dictionary. Returns where the next one begins.
+    const char* Put(const Line& line, const char* at) {
+        const std::string_view section(at, line.section.size());
+        at += section.size() + 1;
+        FoldedKey key(line.section);
+        if (line.isSection) {
+            dictionary_.SetSection(key, section);
+            return at;
+        }
+        const std::string_view name(at, line.name.size());
+        at += name.size() + 1;
+        const std::string_view value(at, line.value.size());
+        key.Append(":");
+        key.Append(line.name);
+        dictionary_.SetValue(key, section, name, value);
+        return at + value.size() + 1;
+    }
+
+    std::vector<Line> lines_;
+    std::vector<char> text_;
+    Arena arena_;
     Dictionary dictionary_;
 };
 
 TEST_F(DictionaryTest, AbsentKeyGivesTheDefault) {
+    Fill();
     const char* fallback = "default";
     EXPECT_EQ(Get("key", fallback), fallback);
     EXPECT_EQ(Get("key", nullptr), nullptr);
     EXPECT_EQ(Get("", fallback), fallback);
-    EXPECT_EQ(dictionary_.Count(), 0U);
+    EXPECT_EQ(Count(), 0U);
 }
 
-TEST_F(DictionaryTest, KeepsCopiesOfKeyAndValue) {
-    std::string key = "section:key";
-    std::string value = "value";
-    ASSERT_TRUE(Set(key, value.c_str()));
-    key[0] = 'x';
-    value[0] = 'x';
-    EXPECT_STREQ(Get("section:key", nullptr), "value");
-    EXPECT_EQ(Get("xection:key", nullptr), nullptr);
-}
-
-TEST_F(DictionaryTest, EmptyKeyAndEmptyValueAreOrdinary) {
-    ASSERT_TRUE(Set("", "value of nothing"));
-    ASSERT_TRUE(Set("key", ""));
-    EXPECT_STREQ(Get("", nullptr), "value of nothing");
-    EXPECT_STREQ(Get("key", "default"), "");
+TEST_F(DictionaryTest, EmptyNamesAndValuesAreOrdinary) {
+    Section("");
+    Value("", "", "value of nothing");
+    Value("", "name", "1");
+    Value("section", "", "");
+    Fill();
+    EXPECT_EQ(Get("", "default"), nullptr);
+    EXPECT_STREQ(Get(":", nullptr), "value of nothing");
+    EXPECT_STREQ(Get(":name", nullptr), "1");
+    EXPECT_STREQ(Get("section:", "default"), "");
+    EXPECT_EQ(Count(), 4U);
 }
 
 TEST_F(DictionaryTest, KeysDifferInOneCharacterOrInLength) {
-    ASSERT_TRUE(Set("one:key", "key"));
-    ASSERT_TRUE(Set("one:kex", "kex"));
-    ASSERT_TRUE(Set("two:key", "two"));
-    ASSERT_TRUE(Set("one:ke", "shorter"));
-    ASSERT_TRUE(Set("one:key1", "longer"));
+    Value("one", "key", "key");
+    Value("one", "kex", "kex");
+    Value("two", "key", "two");
+    Value("one", "ke", "shorter");
+    Value("one", "key1", "longer");
+    Fill();
     EXPECT_STREQ(Get("one:key", nullptr), "key");
     EXPECT_STREQ(Get("one:kex", nullptr), "kex");
     EXPECT_STREQ(Get("two:key", nullptr), "two");
     EXPECT_STREQ(Get("one:ke", nullptr), "shorter");
     EXPECT_STREQ(Get("one:key1", nullptr), "longer");
     EXPECT_EQ(Get("one:key2", nullptr), nullptr);
-    EXPECT_EQ(dictionary_.Count(), 5U);
+    EXPECT_EQ(Get("one.key", nullptr), nullptr);
+    EXPECT_EQ(Count(), 5U);
 }
 
 TEST_F(DictionaryTest, KeysAreOneInAnyCase) {
-    ASSERT_TRUE(Set("Section:Key", "first"));
-    ASSERT_TRUE(Set("section:KEY", "second"));
+    Value("Section", "Key", "first");
+    Value("section", "KEY", "second");
+    Fill();
     EXPECT_STREQ(Get("sEcTiOn:kEy", nullptr), "second");
-    EXPECT_EQ(dictionary_.Count(), 1U);
+    EXPECT_EQ(Count(), 1U);
 }
 
-TEST_F(DictionaryTest, ANullValueHidesTheDefault) {
-    ASSERT_TRUE(Set("section", nullptr));
+// A key is its text, wherever in it a section ends.
+TEST_F(DictionaryTest, AKeyIsTheSameHoweverItIsMadeOfSectionAndName) {
+    Value("a", "b:c", "first");
+    Value("a:b", "c", "second");
+    Value("x", "y", "value");
+    Section("x:y");
+    Section("u:v");
+    Value("u", "v", "now with a value");
+    Fill();
+    EXPECT_STREQ(Get("a:b:c", nullptr), "second");
+    EXPECT_EQ(Get("x:y", "default"), nullptr);
+    EXPECT_STREQ(Get("u:v", nullptr), "now with a value");
+    EXPECT_EQ(Count(), 3U);
+}
+
+TEST_F(DictionaryTest, ASectionHidesTheDefault) {
+    Section("section");
+    Fill();
     EXPECT_EQ(Get("section", "default"), nullptr);
-    EXPECT_EQ(dictionary_.Count(), 1U);
+    EXPECT_EQ(Count(), 1U);
 }
 
 TEST_F(DictionaryTest, ReplacementKeepsTheKeyOnce) {
-    ASSERT_TRUE(Set("key", "first"));
-    ASSERT_TRUE(Set("key", "a second, longer value"));
-    EXPECT_STREQ(Get("key", nullptr), "a second, longer value");
-    ASSERT_TRUE(Set("key", nullptr));
-    EXPECT_EQ(Get("key", "default"), nullptr);
-    ASSERT_TRUE(Set("key", "back"));
-    EXPECT_STREQ(Get("key", nullptr), "back");
-    EXPECT_EQ(dictionary_.Count(), 1U);
+    Value("s", "key", "first");
+    Value("s", "other", "other");
+    Value("s", "key", "a second, longer value");
+    Section("s");
+    Section("s");
+    Fill();
+    EXPECT_STREQ(Get("s:key", nullptr), "a second, longer value");
+    EXPECT_STREQ(Get("s:other", nullptr), "other");
+    EXPECT_EQ(Count(), 3U);
 }
 
-TEST_F(DictionaryTest, GrowsWhenThreeQuartersOfItsFirstSlotsAreTaken) {
-    EXPECT_EQ(Dictionary::kFirstSlots, 256U);
-    for (int number = 0; number < 193; ++number) {
-        const std::string text = std::to_string(number);
-        ASSERT_TRUE(Set(("key" + text), text.c_str()));
-        ASSERT_STREQ(Get("key0", nullptr), "0") << number;
+TEST_F(DictionaryTest, EveryLineMayBeAKey) {
+    for (std::size_t count = 0; count < 200; ++count) {
+        Value("s", "key" + std::to_string(count), std::to_string(count));
     }
-    for (int number = 0; number < 193; ++number) {
-        const std::string text = std::to_string(number);
-        ASSERT_STREQ(Get(("key" + text), nullptr), text.c_str());
+    Fill();
+    EXPECT_EQ(Count(), 200U);
+    EXPECT_EQ(Get("s:key200", nullptr), nullptr);
+    for (std::size_t count = 0; count < 200; ++count) {
+        EXPECT_EQ(Get("s:key" + std::to_string(count), ""), std::to_string(count));
     }
-    EXPECT_EQ(dictionary_.Count(), 193U);
 }
 
 TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
@@ -110,46 +178,45 @@ TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
     std::string second;
     for (unsigned number = 0; second.empty(); ++number) {
         const std::string key = "k" + std::to_string(number);
-        const auto [at, isNew] = seen.emplace(FoldedKey(key).Hash(), key);
+        const auto [at, isNew] = seen.emplace(FoldedKey(":" + key).Hash(), key);
         if (!isNew) {
             first = at->second;
             second = key;
         }
     }
-    ASSERT_TRUE(Set(first, "one"));
-    EXPECT_EQ(Get(second, nullptr), nullptr);
-    ASSERT_TRUE(Set(second, "two"));
-    EXPECT_STREQ(Get(first, nullptr), "one");
-    EXPECT_STREQ(Get(second, nullptr), "two");
+    Value("", first, "one");
+    Value("", second, "two");
+    Fill();
+    EXPECT_STREQ(Get(":" + first, nullptr), "one");
+    EXPECT_STREQ(Get(":" + second, nullptr), "two");
+    EXPECT_EQ(Count(), 2U);
 }
 
-TEST_F(DictionaryTest, LongestTextsAreKept) {
-    const std::string key(FoldedKey::kMax, 'k');
-    const std::string value(Dictionary::kValueMax, 'v');
-    ASSERT_TRUE(Set("small", "s"));
-    ASSERT_TRUE(Set(key, value.c_str()));
-    ASSERT_TRUE(Set("after", "a"));
-    EXPECT_EQ(Get(key, ""), value);
-    EXPECT_STREQ(Get("small", nullptr), "s");
-    EXPECT_STREQ(Get("after", nullptr), "a");
-}
-
-TEST_F(DictionaryTest, AValueThatIsTooLongIsRefusedAndReplacesNothing) {
-    const std::string value(Dictionary::kValueMax + 1, 'v');
-    ASSERT_TRUE(Set("key", "old"));
-    EXPECT_FALSE(Set("key", value.c_str()));
-    EXPECT_FALSE(Set("other", value.c_str()));
-    EXPECT_STREQ(Get("key", nullptr), "old");
-    EXPECT_EQ(Get("other", nullptr), nullptr);
-    EXPECT_EQ(dictionary_.Count(), 1U);
-}
-
-TEST_F(DictionaryTest, EntriesOfEveryLengthStandBesideEachOther) {
-    for (std::size_t length = 0; length < 700; ++length) {
-        ASSERT_TRUE(Set(std::string(length, 'k'), std::string(length * 7 % 1000, 'v').c_str()));
+TEST_F(DictionaryTest, TheOtherOfOneHashIsAbsent) {
+    std::map<std::uint32_t, std::string> seen;
+    std::string second;
+    for (unsigned number = 0; second.empty(); ++number) {
+        const std::string key = "k" + std::to_string(number);
+        const auto [at, isNew] = seen.emplace(FoldedKey(":" + key).Hash(), key);
+        if (!isNew) {
+            second = key;
+            Value("", at->second, "one");
+        }
     }
+    Fill();
+    EXPECT_EQ(Get(":" + second, nullptr), nullptr);
+}
+
+TEST_F(DictionaryTest, TextsOfEveryLengthStandBesideEachOther) {
     for (std::size_t length = 0; length < 700; ++length) {
-        ASSERT_EQ(Get(std::string(length, 'k'), ""), std::string(length * 7 % 1000, 'v')) << length;
+        Value(std::string(length, 's'), std::string(length * 3 % 1000, 'k'),
+              std::string(length * 7 % 1000, 'v'));
+    }
+    Fill();
+    for (std::size_t length = 0; length < 700; ++length) {
+        ASSERT_EQ(Get(std::string(length, 's') + ":" + std::string(length * 3 % 1000, 'k'), ""),
+                  std::string(length * 7 % 1000, 'v'))
+            << length;
     }
 }
 
@@ -157,13 +224,14 @@ TEST_F(DictionaryTest, HoldsAHundredThousandKeysInShortTime) {
     const auto start = std::chrono::steady_clock::now();
     for (int number = 0; number < 100'000; ++number) {
         const std::string text = std::to_string(number);
-        ASSERT_TRUE(Set(("section:key" + text), text.c_str()));
+        Value("section", "key" + text, text);
     }
+    Fill();
     for (int number = 0; number < 100'000; ++number) {
         const std::string text = std::to_string(number);
-        ASSERT_STREQ(Get(("section:key" + text), nullptr), text.c_str());
+        ASSERT_STREQ(Get("section:key" + text, nullptr), text.c_str());
     }
-    EXPECT_EQ(dictionary_.Count(), 100'000U);
+    EXPECT_EQ(Count(), 100'000U);
     // Scans from slot to slot would take minutes.
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }

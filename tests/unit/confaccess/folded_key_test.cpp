@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <set>
 #include <string>
 #include <vector>
@@ -59,20 +60,25 @@ TEST(FoldedKey, TakesAsMuchAsThereIsRoomFor) {
     EXPECT_EQ(key.Text().size(), FoldedKey::kMax);
 }
 
-TEST(FoldedKey, IsWhatWasStored) {
-    for (std::size_t length = 0; length < 40; ++length) {
-        const std::string text(length, 'k');
-        const FoldedKey key(text);
-        std::vector<char> stored(StoredKeySize(length), '#');
-        key.Store(stored.data());
-        EXPECT_EQ(std::string(stored.begin(), stored.end()),
-                  text + std::string(stored.size() - length, '\0'));
-        EXPECT_TRUE(key.Is(stored.data(), length));
-        EXPECT_FALSE(key.Is(stored.data(), length + 1));
-        for (std::size_t at = 0; at < length; ++at) {
-            stored[at] = 'x';
-            EXPECT_FALSE(key.Is(stored.data(), length)) << at << " of " << length;
-            stored[at] = 'k';
+TEST(FoldedKey, HasTextsInAnyCaseWhereTheyStand) {
+    const std::string text = "section.0.of.the.file:number_of_streams";
+    const FoldedKey key(text);
+    for (std::size_t at = 0; at <= text.size(); ++at) {
+        for (std::size_t length = 0; at + length <= text.size(); ++length) {
+            // On the heap, without a terminator, so that reading too far is noticed.
+            std::vector<char> part(text.begin() + static_cast<std::ptrdiff_t>(at),
+                                   text.begin() + static_cast<std::ptrdiff_t>(at + length));
+            EXPECT_TRUE(key.HasAt(at, {part.data(), length})) << at << ", " << length;
+            for (char& c : part) {
+                const char before = c;
+                c = static_cast<char>(std::toupper(static_cast<unsigned char>(before)));
+                EXPECT_TRUE(key.HasAt(at, {part.data(), length})) << at << ", " << length;
+                c = static_cast<char>(before ^ 1);
+                EXPECT_FALSE(key.HasAt(at, {part.data(), length})) << at << ", " << length;
+                c = static_cast<char>(before ^ '\x80');
+                EXPECT_FALSE(key.HasAt(at, {part.data(), length})) << at << ", " << length;
+                c = before;
+            }
         }
     }
 }

@@ -16,14 +16,14 @@ namespace {
 class IniReader : public ::testing::Test {
 protected:
     /// Reads a file that consists of `bytes`.
-    DictionaryPtr Load(const std::string& bytes) const {
-        return LoadIniFile(directory_.Write("file.ini", bytes).c_str());
+    const Dictionary* Load(const std::string& bytes) const {
+        return LoadIniFile(directory_.Write("file.ini", bytes).c_str(), &arena_);
     }
 
     /// The value of a key in a file of those bytes; "(none)" without value, "(unread)" when the
     /// file is not taken.
     std::string ValueIn(const std::string& bytes, const char* key) const {
-        const DictionaryPtr dictionary = Load(bytes);
+        const Dictionary* dictionary = Load(bytes);
         if (dictionary == nullptr) {
             return "(unread)";
         }
@@ -32,6 +32,7 @@ protected:
     }
 
     TempDir directory_;
+    mutable Arena arena_;  ///< of the dictionaries
 };
 
 /// A line "k = vvv…" of `length` characters without its end.
@@ -40,7 +41,7 @@ std::string LineOf(std::size_t length) {
 }
 
 TEST_F(IniReader, PutsValuesUnderTheirSections) {
-    const DictionaryPtr dictionary =
+    const Dictionary* dictionary =
         Load("top = 0\n[One]\nKey = First\n\n# comment\n[two]\nkey = second\n");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_STREQ(FindText(*dictionary, ":top", nullptr), "0");
@@ -54,25 +55,25 @@ TEST_F(IniReader, PutsValuesUnderTheirSections) {
 }
 
 TEST_F(IniReader, NullPathIsAnError) {
-    EXPECT_EQ(LoadIniFile(nullptr), nullptr);
+    EXPECT_EQ(LoadIniFile(nullptr, &arena_), nullptr);
     EXPECT_EQ(LastIniError(), IniError::kNullArgument);
 }
 
 TEST_F(IniReader, MissingFileYieldsNothingAndIsNoReaderError) {
-    EXPECT_EQ(LoadIniFile(nullptr), nullptr);
-    EXPECT_EQ(LoadIniFile((directory_.path() / "missing.ini").c_str()), nullptr);
+    EXPECT_EQ(LoadIniFile(nullptr, &arena_), nullptr);
+    EXPECT_EQ(LoadIniFile((directory_.path() / "missing.ini").c_str(), &arena_), nullptr);
     EXPECT_EQ(LastIniError(), IniError::kNullArgument);
 }
 
 TEST_F(IniReader, EmptyFileIsAnEmptyDictionary) {
-    const DictionaryPtr dictionary = Load("");
+    const Dictionary* dictionary = Load("");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_EQ(dictionary->Count(), 0U);
 }
 
 TEST_F(IniReader, DirectoryInMemoryIsAnEmptyDictionary) {
     // Directories of this kind have no size that could be asked for.
-    const DictionaryPtr dictionary = LoadIniFile("/dev/shm");
+    const Dictionary* dictionary = LoadIniFile("/dev/shm", &arena_);
     if (access("/dev/shm", R_OK) == 0) {
         ASSERT_NE(dictionary, nullptr);
         EXPECT_EQ(dictionary->Count(), 0U);
@@ -82,26 +83,26 @@ TEST_F(IniReader, DirectoryInMemoryIsAnEmptyDictionary) {
 TEST_F(IniReader, PipeIsNotWaitedFor) {
     const std::string pipe = (directory_.path() / "pipe").string();
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(LoadIniFile(pipe.c_str()), nullptr);
+    EXPECT_EQ(LoadIniFile(pipe.c_str(), &arena_), nullptr);
 }
 
 TEST_F(IniReader, DevicesOfZerosAreEmpty) {
     for (const char* device : {"/dev/null", "/dev/zero", "/dev/full"}) {
-        const DictionaryPtr dictionary = LoadIniFile(device);
+        const Dictionary* dictionary = LoadIniFile(device, &arena_);
         ASSERT_NE(dictionary, nullptr) << device;
         EXPECT_EQ(dictionary->Count(), 0U) << device;
     }
 }
 
 TEST_F(IniReader, DirectoryIsAnEmptyDictionary) {
-    const DictionaryPtr dictionary = LoadIniFile(directory_.path().c_str());
+    const Dictionary* dictionary = LoadIniFile(directory_.path().c_str(), &arena_);
     ASSERT_NE(dictionary, nullptr);
     EXPECT_EQ(dictionary->Count(), 0U);
 }
 
 TEST_F(IniReader, FileThatCannotBeReadYieldsNothing) {
     // The memory of a process opens as a file; nothing can be read at its address 0.
-    EXPECT_EQ(LoadIniFile("/proc/self/mem"), nullptr);
+    EXPECT_EQ(LoadIniFile("/proc/self/mem", &arena_), nullptr);
 }
 
 TEST_F(IniReader, LineOf1022CharactersIsTheLongest) {
@@ -110,7 +111,7 @@ TEST_F(IniReader, LineOf1022CharactersIsTheLongest) {
 }
 
 TEST_F(IniReader, LineOf1023CharactersIsTooLong) {
-    static_cast<void>(LoadIniFile(nullptr));
+    static_cast<void>(LoadIniFile(nullptr, &arena_));
     EXPECT_EQ(ValueIn(LineOf(1023) + "\n", ":k"), "(unread)");
     EXPECT_EQ(LastIniError(), IniError::kSyntax);
     EXPECT_EQ(ValueIn("a = b\n" + LineOf(1024) + "\n", ":a"), "(unread)");
@@ -126,7 +127,7 @@ TEST_F(IniReader, LastLineWithoutNewlineMayHave1022Characters) {
 TEST_F(IniReader, LongestNamesFormOneKey) {
     const std::string section(1020, 's');
     const std::string key(1021, 'k');
-    const DictionaryPtr dictionary = Load("[" + section + "]\n" + key + "=\n");
+    const Dictionary* dictionary = Load("[" + section + "]\n" + key + "=\n");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_STREQ(dictionary->Get(FoldedKey(section + ":" + key), nullptr), "");
 }
@@ -158,7 +159,7 @@ TEST_F(IniReader, LineThatBeginsWithNulIsSkipped) {
 }
 
 TEST_F(IniReader, BackslashBeforeANewlineBelongsToTheValue) {
-    const DictionaryPtr dictionary = Load("a = one\\\nb = two\n");
+    const Dictionary* dictionary = Load("a = one\\\nb = two\n");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_STREQ(FindText(*dictionary, ":a", nullptr), "one\\");
     EXPECT_STREQ(FindText(*dictionary, ":b", nullptr), "two");
@@ -178,7 +179,7 @@ TEST_F(IniReader, BackslashIsLookedForBeforeBlanksAreStripped) {
 }
 
 TEST_F(IniReader, CarriageReturnsAreWhiteSpace) {
-    const DictionaryPtr dictionary = Load("[s]\r\na = one\r\n\r\nb = 'two'\r\nc =\r\n");
+    const Dictionary* dictionary = Load("[s]\r\na = one\r\n\r\nb = 'two'\r\nc =\r\n");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_STREQ(FindText(*dictionary, "s:a", nullptr), "one");
     EXPECT_STREQ(FindText(*dictionary, "s:b", nullptr), "two");
@@ -186,7 +187,7 @@ TEST_F(IniReader, CarriageReturnsAreWhiteSpace) {
 }
 
 TEST_F(IniReader, OneSyntaxErrorYieldsNoDictionary) {
-    static_cast<void>(LoadIniFile(nullptr));
+    static_cast<void>(LoadIniFile(nullptr, &arena_));
     EXPECT_EQ(ValueIn("a = 1\nonly text\nb = 2\n", ":a"), "(unread)");
     EXPECT_EQ(LastIniError(), IniError::kSyntax);
     EXPECT_EQ(ValueIn("[a] # x\nb = 2\n", ":b"), "(unread)");
@@ -198,7 +199,7 @@ TEST_F(IniReader, LastOfRepeatedKeysCounts) {
 }
 
 TEST_F(IniReader, RepeatedSectionContinues) {
-    const DictionaryPtr dictionary = Load("[s]\na = 1\nb = 1\n[t]\na = 2\n[S]\nb = 3\nc = 3\n");
+    const Dictionary* dictionary = Load("[s]\na = 1\nb = 1\n[t]\na = 2\n[S]\nb = 3\nc = 3\n");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_STREQ(FindText(*dictionary, "s:a", nullptr), "1");
     EXPECT_STREQ(FindText(*dictionary, "s:b", nullptr), "3");
@@ -227,7 +228,7 @@ TEST_F(IniReader, SectionMarkerHidesTheKeyOfItsName) {
 TEST_F(IniReader, OnlyTheFirst1024CharactersOfAKeyCount) {
     const std::string section(600, 's');
     const std::string item(423, 'k');  // with the colon, 1024 characters
-    const DictionaryPtr dictionary = Load("[" + section + "]\n" + item + " = value\n");
+    const Dictionary* dictionary = Load("[" + section + "]\n" + item + " = value\n");
     ASSERT_NE(dictionary, nullptr);
     const std::string key = section + ":" + item;
     EXPECT_STREQ(FindText(*dictionary, key.c_str(), nullptr), "value");
@@ -236,7 +237,7 @@ TEST_F(IniReader, OnlyTheFirst1024CharactersOfAKeyCount) {
 }
 
 TEST_F(IniReader, IntegersAreInPrefixedNotation) {
-    const DictionaryPtr dictionary =
+    const Dictionary* dictionary =
         Load("[s]\nd = 12\nh = 0x12\no = 012\nt = abc\ne =\nq = '0x7'\n[s:n]\n");
     ASSERT_NE(dictionary, nullptr);
     EXPECT_EQ(FindInteger(*dictionary, "s:d", 5), 12);
@@ -259,7 +260,7 @@ TEST_F(IniReader, FileOfAHundredThousandKeysLoadsInShortTime) {
     }
     const std::string path = directory_.Write("large.ini", bytes);
     const auto start = std::chrono::steady_clock::now();
-    const DictionaryPtr dictionary = LoadIniFile(path.c_str());
+    const Dictionary* dictionary = LoadIniFile(path.c_str(), &arena_);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
     ASSERT_NE(dictionary, nullptr);
     EXPECT_EQ(dictionary->Count(), 101'000U);

@@ -28,18 +28,44 @@ TEST(ShortText, LengthUpToStopsAtTheEndOrTheLimit) {
     EXPECT_EQ(LengthUpTo(noEnd, 2), 2U);
 }
 
-TEST(ShortText, HasByteFindsEveryByteAtEveryPlace) {
+TEST(ShortText, LoadPartTakesThatManyAndNoMore) {
+    for (std::size_t count = 0; count < 8; ++count) {
+        // On the heap, without a terminator, so that reading too far is noticed.
+        std::vector<char> text(count);
+        Word expected = 0;
+        for (std::size_t at = 0; at < count; ++at) {
+            text[at] = static_cast<char>(0xF0 + at);
+            expected |= Word{0xF0 + at} << (8 * at);
+        }
+        EXPECT_EQ(LoadPart(text.data(), count), expected) << count;
+    }
+}
+
+TEST(ShortText, MarkFirstMarksEveryByteAtEveryPlace) {
     for (unsigned sought = 0; sought < 256; ++sought) {
+        const char c = static_cast<char>(sought);
         for (unsigned other = 0; other < 256; ++other) {
             std::string text(8, static_cast<char>(other));
-            EXPECT_EQ(HasByte(LoadWord(text.data()), static_cast<char>(sought)), sought == other);
+            EXPECT_EQ(MarkFirst(LoadWord(text.data()), c) != 0, sought == other);
             for (std::size_t at = 0; at < 8 && sought != other; ++at) {
                 text.assign(8, static_cast<char>(other));
-                text[at] = static_cast<char>(sought);
-                EXPECT_TRUE(HasByte(LoadWord(text.data()), static_cast<char>(sought)))
-                    << sought << " among " << other << " at " << at;
+                text[at] = c;
+                EXPECT_EQ(BytesBefore(MarkFirst(LoadWord(text.data()), c)), at)
+                    << sought << " among " << other;
+                text[7] = c;
+                EXPECT_EQ(BytesBefore(MarkFirst(LoadWord(text.data()), c)), at)
+                    << sought << " among " << other;
             }
         }
+    }
+}
+
+TEST(ShortText, CountCharacterCountsAll) {
+    for (std::size_t size = 0; size < 600; ++size) {
+        EXPECT_EQ(CountCharacter(std::string(size, 'x'), 'x'), size);
+        EXPECT_EQ(CountCharacter(std::string(size, 'x'), 'y'), 0U);
+        const std::string text = std::string(size, 'x') + 'y' + std::string(size / 2, 'x') + 'y';
+        EXPECT_EQ(CountCharacter(text, 'y'), 2U);
     }
 }
 

@@ -1,0 +1,39 @@
+/// Memory that is given back all at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace paramgen {
+
+/// Gives out pieces of memory that live as long as the arena.
+///
+/// What is registered is made of many pieces of many sizes that come once and go together. Cut from
+/// one large piece they cost no call of malloc each, and touch hardly more pages than they fill.
+class Arena {
+public:
+    Arena() = default;
+    ~Arena();
+    Arena(const Arena&) = delete;
+    Arena& operator=(const Arena&) = delete;
+
+    /// A piece of `size` bytes, at least 1 (64 bits even where addresses have 32, so that no sum is
+    /// too large), all of them 0, aligned for any number; null when memory runs out.
+    void* Take(std::uint64_t size);
+
+private:
+    /// The head of a piece of the heap. As long as a piece is aligned.
+    struct alignas(8) Chunk {
+        Chunk* next;
+    };
+
+    static constexpr std::size_t kChunkSize = std::size_t{256} * 1024;
+
+    char* NewChunk(std::uint64_t size);
+
+    Chunk* chunks_ = nullptr;
+    char* at_ = nullptr;  ///< what is left of the chunk that pieces are cut from
+    std::size_t left_ = 0;
+};
+
+}  // namespace paramgen

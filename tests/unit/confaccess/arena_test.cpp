@@ -1,0 +1,69 @@
+#include "confaccess/arena.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace paramgen::testing {
+namespace {
+
+struct Piece {
+    unsigned char* bytes;
+    std::size_t size;
+    unsigned char mark;
+};
+
+/// Takes a piece, checks that it is all zeros, and marks all of it.
+Piece TakeMarked(Arena* arena, std::size_t size, unsigned char mark) {
+    auto* bytes = static_cast<unsigned char*>(arena->Take(size));
+    EXPECT_NE(bytes, nullptr);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(bytes) % 8, 0U);
+    EXPECT_TRUE(std::all_of(bytes, bytes + size, [](unsigned char byte) { return byte == 0; }));
+    std::memset(bytes, mark, size);
+    return {.bytes = bytes, .size = size, .mark = mark};
+}
+
+void ExpectMarked(const Piece& piece) {
+    EXPECT_TRUE(std::all_of(piece.bytes, piece.bytes + piece.size,
+                            [&](unsigned char byte) { return byte == piece.mark; }));
+}
+
+TEST(Arena, GivesZerosThatNobodyElseHas) {
+    Arena arena;
+    std::vector<Piece> pieces;
+    // Small ones until several chunks are full, and large ones between them.
+    for (std::size_t number = 0; number < 3000; ++number) {
+        const std::size_t size = number % 500 == 499 ? 70'000 + number : 1 + number % 600;
+        pieces.push_back(TakeMarked(&arena, size, static_cast<unsigned char>(number % 255 + 1)));
+    }
+    for (const Piece& piece : pieces) {
+        ExpectMarked(piece);
+    }
+}
+
+TEST(Arena, GivesPiecesOfEverySizeAroundItsChunks) {
+    for (const std::size_t size : {std::size_t{64} * 1024, std::size_t{256} * 1024}) {
+        for (std::size_t around = size - 20; around < size + 20; ++around) {
+            Arena arena;
+            const Piece first = TakeMarked(&arena, around, 1);
+            const Piece second = TakeMarked(&arena, around, 2);
+            const Piece third = TakeMarked(&arena, 100, 3);
+            ExpectMarked(first);
+            ExpectMarked(second);
+            ExpectMarked(third);
+        }
+    }
+}
+
+TEST(Arena, GivesNothingBeyondAllMemory) {
+    Arena arena;
+    EXPECT_EQ(arena.Take(UINT64_MAX), nullptr);
+    EXPECT_EQ(arena.Take(UINT64_MAX - 7), nullptr);
+    ExpectMarked(TakeMarked(&arena, 100, 1));
+}
+
+}  // namespace
+}  // namespace paramgen::testing

@@ -1,0 +1,91 @@
+#include "confaccess/text_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include "support/temp_dir.h"
+
+namespace paramgen::testing {
+namespace {
+
+class TextFile : public ::testing::Test {
+protected:
+    void ExpectText(const std::string& path, const std::string& expected) {
+        Text text;
+        ASSERT_EQ(ReadTextFile(path.c_str(), &arena_, &text), ReadResult::kRead) << path;
+        EXPECT_EQ(std::string(text.View()), expected) << path;
+        EXPECT_EQ(text.bytes[text.size], '\0') << path;
+    }
+
+    void ExpectUnreadable(const std::string& path) {
+        Text text;
+        EXPECT_EQ(ReadTextFile(path.c_str(), &arena_, &text), ReadResult::kUnreadable) << path;
+        EXPECT_EQ(text.bytes, nullptr) << path;
+    }
+
+    TempDir directory_;
+    Arena arena_;
+};
+
+TEST_F(TextFile, IsReadWhole) {
+    for (const std::size_t size : {1U, 2U, 100U, 4095U, 4096U, 4097U, 65'535U, 65'536U, 300'000U}) {
+        std::string bytes;
+        while (bytes.size() < size) {
+            bytes += std::to_string(bytes.size()) + "\n";
+        }
+        bytes.resize(size);
+        ExpectText(directory_.Write("file", bytes), bytes);
+    }
+}
+
+TEST_F(TextFile, KeepsEveryByte) {
+    std::string bytes;
+    for (int byte = 0; byte < 256; ++byte) {
+        bytes += static_cast<char>(byte);
+    }
+    ExpectText(directory_.Write("file", bytes), bytes);
+}
+
+TEST_F(TextFile, MayBeEmpty) {
+    ExpectText(directory_.Write("file", ""), "");
+    for (const char* device : {"/dev/null", "/dev/zero", "/dev/full"}) {
+        ExpectText(device, "");
+    }
+}
+
+TEST_F(TextFile, IsEmptyWhereThereIsADirectory) {
+    ExpectText(directory_.path().string(), "");
+    ExpectText("/", "");
+    // Directories of this kind have no size that could be asked for.
+    if (access("/dev/shm", R_OK) == 0) {
+        ExpectText("/dev/shm", "");
+    }
+}
+
+TEST_F(TextFile, MissingIsUnreadable) {
+    ExpectUnreadable((directory_.path() / "missing").string());
+}
+
+TEST_F(TextFile, PipeIsNotWaitedFor) {
+    const std::string pipe = (directory_.path() / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    ExpectUnreadable(pipe);
+}
+
+TEST_F(TextFile, ThatHasNothingToReadIsUnreadable) {
+    // The memory of a process opens as a file; nothing can be read at its address 0.
+    ExpectUnreadable("/proc/self/mem");
+}
+
+TEST_F(TextFile, TooLongIsUnreadable) {
+    const std::string path = directory_.Write("file", "beginning");
+    std::filesystem::resize_file(path, kTextMax + 1);  // takes no room: the rest is a hole
+    ExpectUnreadable(path);
+}
+
+}  // namespace
+}  // namespace paramgen::testing
