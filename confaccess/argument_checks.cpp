@@ -2,21 +2,11 @@
 
 #include <cstdarg>
 #include <cstdio>
-#include <cstring>
 
 #include "confaccess/confaccess.h"
 #include "safestr/safestr.h"
-#include "safestr/short_text.h"
 
 namespace paramgen {
-namespace {
-
-bool IsShorter(const char* text, std::size_t limit) {
-    return LengthUpTo(text, limit) < limit;
-}
-
-}  // namespace
-
 void TellNullArgument(const char* function, CheckLine line, const char* argument) {
     std::printf("func:%s,line:%d,pointer[%s] is null\n", function, line, argument);
 }
@@ -28,27 +18,27 @@ bool IsFalseExpression(bool holds, const char* function, CheckLine line, const c
     return !holds;
 }
 
-bool IsLongConfigName(const char* cfgName, const char* function, CheckLine line) {
+bool IsLongConfigName(std::string_view cfgName, const char* function, CheckLine line) {
     return IsFalseExpression(
-        IsShorter(cfgName, QX_CONFACCESS_NAME_MAX_LEN), function, line,
+        cfgName.size() < QX_CONFACCESS_NAME_MAX_LEN, function, line,
         "strnlen(cfgName, QX_CONFACCESS_NAME_MAX_LEN) < QX_CONFACCESS_NAME_MAX_LEN");
 }
 
-bool IsLongModuleName(const char* module, const char* function, CheckLine line) {
+bool IsLongModuleName(std::string_view module, const char* function, CheckLine line) {
     return IsFalseExpression(
-        IsShorter(module, QX_CONFACCESS_NAME_MAX_LEN), function, line,
+        module.size() < QX_CONFACCESS_NAME_MAX_LEN, function, line,
         "strnlen(module, QX_CONFACCESS_NAME_MAX_LEN) < QX_CONFACCESS_NAME_MAX_LEN");
 }
 
-bool IsLongKey(const char* confItem, const char* function, CheckLine line) {
+bool IsLongKey(std::string_view confItem, const char* function, CheckLine line) {
     return IsFalseExpression(
-        IsShorter(confItem, QX_CONFACCESS_KEY_MAX_LEN), function, line,
+        confItem.size() < QX_CONFACCESS_KEY_MAX_LEN, function, line,
         "strnlen(confItem, QX_CONFACCESS_KEY_MAX_LEN) < QX_CONFACCESS_KEY_MAX_LEN");
 }
 
-bool IsLongPath(const char* cfgPath, const char* function, CheckLine line) {
+bool IsLongPath(std::string_view cfgPath, const char* function, CheckLine line) {
     return IsFalseExpression(
-        IsShorter(cfgPath, QX_CONFACCESS_PATH_MAX_LEN), function, line,
+        cfgPath.size() < QX_CONFACCESS_PATH_MAX_LEN, function, line,
         "strnlen(cfgPath, QX_CONFACCESS_PATH_MAX_LEN) < QX_CONFACCESS_PATH_MAX_LEN");
 }
 

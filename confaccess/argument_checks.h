@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 #include "confaccess/status.h"
+#include "safestr/short_text.h"
 
 namespace paramgen {
 
@@ -25,12 +27,18 @@ inline bool IsNullArgument(const void* pointer, const char* function, CheckLine 
 /// Whether a check has failed; tells so, quoting the expression that should hold.
 bool IsFalseExpression(bool holds, const char* function, CheckLine line, const char* expression);
 
+/// A text and its length, as far as that matters: up to `limit` characters, which are too many. A
+/// null text gives one without data.
+inline std::string_view Measured(const char* text, std::size_t limit) {
+    return {text, text == nullptr ? 0 : LengthUpTo(text, limit)};
+}
+
 /// Whether the name of a configuration, the name of a module, a key or a path has too many
 /// characters for its buffer; tells so.
-bool IsLongConfigName(const char* cfgName, const char* function, CheckLine line);
-bool IsLongModuleName(const char* module, const char* function, CheckLine line);
-bool IsLongKey(const char* confItem, const char* function, CheckLine line);
-bool IsLongPath(const char* cfgPath, const char* function, CheckLine line);
+bool IsLongConfigName(std::string_view cfgName, const char* function, CheckLine line);
+bool IsLongModuleName(std::string_view module, const char* function, CheckLine line);
+bool IsLongKey(std::string_view confItem, const char* function, CheckLine line);
+bool IsLongPath(std::string_view cfgPath, const char* function, CheckLine line);
 
 /// Formats into `dest`, which holds `size` bytes. Returns false when the text does not fit, and
 /// tells so.

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "confaccess/status.h"
 
@@ -33,6 +34,13 @@ constexpr std::size_t QX_CONFACCESS_KEY_MAX_LEN = 128;   ///< buffer size of a k
 /// `kNothingRegistered` or `kNoConfiguration`.
 [[nodiscard]] Status ZV_CONFACCESS_Deinit(const char* cfgName);
 
+/// What a query asks for, by names whose lengths are known. One without data is a null argument.
+struct ItemName {
+    std::string_view cfgName;
+    std::string_view module;
+    std::string_view confItem;
+};
+
 // Every query below returns `kBadArgument`, `kNoConfiguration` or `kNoModule` where those apply,
 // and then leaves its out argument alone. A key that is absent, or names a section, has no value.
 
@@ -45,8 +53,7 @@ constexpr std::size_t QX_CONFACCESS_KEY_MAX_LEN = 128;   ///< buffer size of a k
 
 /// The same without the copy: `value` belongs to the configuration and lives until that is
 /// released.
-[[nodiscard]] Status CONFACCESS_FindString(const char* cfgName, const char* module,
-                                           const char* confItem, const char* defaultValue,
+[[nodiscard]] Status CONFACCESS_FindString(const ItemName& item, const char* defaultValue,
                                            const char** value);
 
 /// Stores the decimal number at the beginning of the value (0 when there is none), or
@@ -55,17 +62,23 @@ constexpr std::size_t QX_CONFACCESS_KEY_MAX_LEN = 128;   ///< buffer size of a k
 [[nodiscard]] Status ZV_CONFACCESS_GetInt(const char* cfgName, const char* module,
                                           const char* confItem, std::int32_t defaultValue,
                                           std::int32_t* value);
+[[nodiscard]] Status ZV_CONFACCESS_GetInt(const ItemName& item, std::int32_t defaultValue,
+                                          std::int32_t* value);
 
 /// Stores the floating-point number at the beginning of the value (0 when there is none), or
 /// `defaultValue` when the key has no value.
 [[nodiscard]] Status ZV_CONFACCESS_GetDouble(const char* cfgName, const char* module,
                                              const char* confItem, double defaultValue,
                                              double* value);
+[[nodiscard]] Status ZV_CONFACCESS_GetDouble(const ItemName& item, double defaultValue,
+                                             double* value);
 
 /// Stores 1 when the value begins with one of 1yYtT, 0 when it begins with one of 0nNfF, and
 /// `defaultValue` otherwise.
 [[nodiscard]] Status ZV_CONFACCESS_GetBool(const char* cfgName, const char* module,
                                            const char* confItem, std::int32_t defaultValue,
+                                           std::int32_t* value);
+[[nodiscard]] Status ZV_CONFACCESS_GetBool(const ItemName& item, std::int32_t defaultValue,
                                            std::int32_t* value);
 
 /// Stores 1 when the configuration holds a module of that name, else 0. A configuration that is not

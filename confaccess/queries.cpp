@@ -23,43 +23,46 @@ struct QueryLines {
     CheckLine longKey;
 };
 
-/// The arguments that every typed query is given.
-struct QueryArguments {
-    const char* cfgName;
-    const char* module;
-    const char* confItem;
-    const void* value;
-};
+std::string_view MeasuredName(const char* name) {
+    return Measured(name, QX_CONFACCESS_NAME_MAX_LEN);
+}
+
+ItemName MeasuredItem(const char* cfgName, const char* module, const char* confItem) {
+    return {.cfgName = MeasuredName(cfgName),
+            .module = MeasuredName(module),
+            .confItem = Measured(confItem, QX_CONFACCESS_KEY_MAX_LEN)};
+}
 
 /// Lines that the checks of `ZV_CONFACCESS_GetString` name.
 constexpr QueryLines kGetStringLines = {377, 378, 379, 380, 381, 383, 385};
 
-bool HasNullArgument(const QueryArguments& query, const char* function, const QueryLines& lines) {
-    return IsNullArgument(query.cfgName, function, lines.noConfigName, "cfgName") ||
-           IsNullArgument(query.module, function, lines.noModule, "module") ||
-           IsNullArgument(query.confItem, function, lines.noKey, "confItem") ||
-           IsNullArgument(query.value, function, lines.noValue, "value");
+bool HasNullArgument(const ItemName& item, const void* value, const char* function,
+                     const QueryLines& lines) {
+    return IsNullArgument(item.cfgName.data(), function, lines.noConfigName, "cfgName") ||
+           IsNullArgument(item.module.data(), function, lines.noModule, "module") ||
+           IsNullArgument(item.confItem.data(), function, lines.noKey, "confItem") ||
+           IsNullArgument(value, function, lines.noValue, "value");
 }
 
-bool HasLongArgument(const QueryArguments& query, const char* function, const QueryLines& lines) {
-    return IsLongConfigName(query.cfgName, function, lines.longConfigName) ||
-           IsLongModuleName(query.module, function, lines.longModule) ||
-           IsLongKey(query.confItem, function, lines.longKey);
+bool HasLongArgument(const ItemName& item, const char* function, const QueryLines& lines) {
+    return IsLongConfigName(item.cfgName, function, lines.longConfigName) ||
+           IsLongModuleName(item.module, function, lines.longModule) ||
+           IsLongKey(item.confItem, function, lines.longKey);
 }
 
 /// Checks the arguments of a query and finds the value that it asks for. It keeps the lock of its
 /// configuration, since the text is the dictionary's own.
 class Lookup {
 public:
-    Lookup(const QueryArguments& query, const char* function, const QueryLines& lines,
+    Lookup(const ItemName& item, const void* value, const char* function, const QueryLines& lines,
            const char* defaultValue) {
-        if (HasNullArgument(query, function, lines)) {
+        if (HasNullArgument(item, value, function, lines)) {
             status_ = kBadArgument;
             return;
         }
-        // Measured last, and only when something is amiss: names that are registered are short
+        // Looked at last, and only when something is amiss: names that are registered are short
         // enough, and so are nearly all that are asked for.
-        if (!Find(query, defaultValue) && HasLongArgument(query, function, lines)) {
+        if (!Find(item, defaultValue) && HasLongArgument(item, function, lines)) {
             status_ = kBadArgument;
         }
     }
@@ -88,21 +91,20 @@ public:
 private:
     /// Returns false when the configuration or the module is not registered, or the key is too
     /// long.
-    bool Find(const QueryArguments& query, const char* defaultValue) {
-        config_ = FindConfig(query.cfgName);
+    bool Find(const ItemName& item, const char* defaultValue) {
+        config_ = FindConfig(item.cfgName);
         if (config_ == nullptr) {
             status_ = kNoConfiguration;
             return false;
         }
         pthread_mutex_lock(&config_->lock);
-        const ModuleEntry* module = FindModule(config_, query.module);
+        const ModuleEntry* module = FindModule(config_, item.module);
         if (module == nullptr) {
             status_ = kNoModule;
             return false;
         }
-        const std::size_t length = LengthUpTo(query.confItem, QX_CONFACCESS_KEY_MAX_LEN);
-        text_ = FindText(*module->dictionary, {query.confItem, length}, defaultValue);
-        return length < QX_CONFACCESS_KEY_MAX_LEN;
+        text_ = FindText(*module->dictionary, item.confItem, defaultValue);
+        return item.confItem.size() < QX_CONFACCESS_KEY_MAX_LEN;
     }
 
     ConfigEntry* config_ = nullptr;
@@ -112,11 +114,8 @@ private:
 
 }  // namespace
 
-Status CONFACCESS_FindString(const char* cfgName, const char* module, const char* confItem,
-                             const char* defaultValue, const char** value) {
-    const QueryArguments query = {
-        .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    const Lookup found(query, "ZV_CONFACCESS_GetString", kGetStringLines, defaultValue);
+Status CONFACCESS_FindString(const ItemName& item, const char* defaultValue, const char** value) {
+    const Lookup found(item, value, "ZV_CONFACCESS_GetString", kGetStringLines, defaultValue);
     if (found.status() == kOk) {
         *value = found.text();
     }
@@ -125,9 +124,8 @@ Status CONFACCESS_FindString(const char* cfgName, const char* module, const char
 
 Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const char* confItem,
                                const char* defaultValue, char** value) {
-    const QueryArguments query = {
-        .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    const Lookup found(query, __func__, kGetStringLines, defaultValue);
+    const Lookup found(MeasuredItem(cfgName, module, confItem), value, __func__, kGetStringLines,
+                       defaultValue);
     if (found.status() != kOk) {
         return found.status();
     }
@@ -144,9 +142,11 @@ Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const ch
 
 Status ZV_CONFACCESS_GetInt(const char* cfgName, const char* module, const char* confItem,
                             std::int32_t defaultValue, std::int32_t* value) {
-    const QueryArguments query = {
-        .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    const Lookup found(query, __func__, {424, 425, 426, 427, 428, 430, 432}, nullptr);
+    return ZV_CONFACCESS_GetInt(MeasuredItem(cfgName, module, confItem), defaultValue, value);
+}
+
+Status ZV_CONFACCESS_GetInt(const ItemName& item, std::int32_t defaultValue, std::int32_t* value) {
+    const Lookup found(item, value, __func__, {424, 425, 426, 427, 428, 430, 432}, nullptr);
     const Status status = found.TellStatus(__func__, 437);
     if (status != kOk) {
         return status;
@@ -170,9 +170,11 @@ Status ZV_CONFACCESS_GetInt(const char* cfgName, const char* module, const char*
 
 Status ZV_CONFACCESS_GetDouble(const char* cfgName, const char* module, const char* confItem,
                                double defaultValue, double* value) {
-    const QueryArguments query = {
-        .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    const Lookup found(query, __func__, {456, 457, 458, 459, 460, 462, 464}, nullptr);
+    return ZV_CONFACCESS_GetDouble(MeasuredItem(cfgName, module, confItem), defaultValue, value);
+}
+
+Status ZV_CONFACCESS_GetDouble(const ItemName& item, double defaultValue, double* value) {
+    const Lookup found(item, value, __func__, {456, 457, 458, 459, 460, 462, 464}, nullptr);
     const Status status = found.TellStatus(__func__, 469);
     if (status == kOk) {
         *value = found.text() == nullptr ? defaultValue : ParseDouble(found.text());
@@ -182,9 +184,11 @@ Status ZV_CONFACCESS_GetDouble(const char* cfgName, const char* module, const ch
 
 Status ZV_CONFACCESS_GetBool(const char* cfgName, const char* module, const char* confItem,
                              std::int32_t defaultValue, std::int32_t* value) {
-    const QueryArguments query = {
-        .cfgName = cfgName, .module = module, .confItem = confItem, .value = value};
-    const Lookup found(query, __func__, {484, 485, 486, 487, 488, 490, 492}, nullptr);
+    return ZV_CONFACCESS_GetBool(MeasuredItem(cfgName, module, confItem), defaultValue, value);
+}
+
+Status ZV_CONFACCESS_GetBool(const ItemName& item, std::int32_t defaultValue, std::int32_t* value) {
+    const Lookup found(item, value, __func__, {484, 485, 486, 487, 488, 490, 492}, nullptr);
     const Status status = found.TellStatus(__func__, 497);
     if (status != kOk) {
         return status;
@@ -212,17 +216,20 @@ Status ZV_CONFACCESS_GetBool(const char* cfgName, const char* module, const char
 }
 
 Status ZV_CONFACCESS_IsMoudleExist(const char* cfgName, const char* module, std::int32_t* isExist) {
+    const std::string_view configName = MeasuredName(cfgName);
+    const std::string_view moduleName = MeasuredName(module);
     if (IsNullArgument(cfgName, __func__, 578, "cfgName") ||
         IsNullArgument(module, __func__, 579, "module") ||
         IsNullArgument(isExist, __func__, 580, "isExist") ||
-        IsLongConfigName(cfgName, __func__, 581) || IsLongModuleName(module, __func__, 583)) {
+        IsLongConfigName(configName, __func__, 581) ||
+        IsLongModuleName(moduleName, __func__, 583)) {
         return kBadArgument;
     }
     *isExist = 0;
-    ConfigEntry* config = FindConfig(cfgName);
+    ConfigEntry* config = FindConfig(configName);
     if (config != nullptr) {
         pthread_mutex_lock(&config->lock);
-        *isExist = FindModule(config, module) == nullptr ? 0 : 1;
+        *isExist = FindModule(config, moduleName) == nullptr ? 0 : 1;
         pthread_mutex_unlock(&config->lock);
     }
     return kOk;
@@ -236,9 +243,8 @@ Status ZV_CONFACCESS_IsConfItemExist(const char* cfgName, const char* module, co
         IsNullArgument(isExist, __func__, 626, "isExist")) {
         return kBadArgument;
     }
-    const QueryArguments query = {
-        .cfgName = cfgName, .module = module, .confItem = confItem, .value = isExist};
-    const Lookup found(query, "ZV_CONFACCESS_GetString", kGetStringLines, nullptr);
+    const Lookup found(MeasuredItem(cfgName, module, confItem), isExist, "ZV_CONFACCESS_GetString",
+                       kGetStringLines, nullptr);
     const Status status = found.status();
     if (status != kOk) {
         TellErrorCode(__func__, 630, status);

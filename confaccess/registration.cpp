@@ -89,7 +89,8 @@ Status CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
 Status ZV_CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
     if (IsNullArgument(cfgName, __func__, 299, "cfgName") ||
         IsNullArgument(cfgPath, __func__, 300, "cfgPath") ||
-        IsLongConfigName(cfgName, __func__, 301) || IsLongPath(cfgPath, __func__, 303)) {
+        IsLongConfigName(Measured(cfgName, kNameSize), __func__, 301) ||
+        IsLongPath(Measured(cfgPath, kPathSize), __func__, 303)) {
         return kBadArgument;
     }
     char canonical[kCanonicalSize] = "";
@@ -119,7 +120,7 @@ Status ZV_CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
 
 Status ZV_CONFACCESS_Deinit(const char* cfgName) {
     if (IsNullArgument(cfgName, __func__, 344, "cfgName") ||
-        IsLongConfigName(cfgName, __func__, 345)) {
+        IsLongConfigName(Measured(cfgName, kNameSize), __func__, 345)) {
         return kBadArgument;
     }
     if (IsFalseExpression(g_confAccessCount > 0, __func__, 347, "g_confAccessCount > 0")) {

@@ -4,6 +4,7 @@
 #include <pthread.h>
 
 #include <cstdint>
+#include <string_view>
 
 #include "confaccess/confaccess.h"
 #include "confaccess/ini_reader.h"
@@ -34,13 +35,11 @@ struct ConfigEntry : ListLink {
     Arena memory;          ///< what the modules and the dictionaries live in
 };
 
-/// The registered configuration of that name (at most 128 characters are compared), or null. The
-/// registry keeps owning it.
-ConfigEntry* FindConfig(const char* cfgName);
+/// The registered configuration of that name, or null. The registry keeps owning it.
+ConfigEntry* FindConfig(std::string_view cfgName);
 
-/// The module of that name (at most 128 characters are compared) in `config`, or null; called under
-/// the configuration's lock.
-ModuleEntry* FindModule(ConfigEntry* config, const char* module);
+/// The module of that name in `config`, or null; called under the configuration's lock.
+ModuleEntry* FindModule(ConfigEntry* config, std::string_view module);
 
 /// The number of registered configurations.
 extern std::int32_t g_confAccessCount;

@@ -85,17 +85,29 @@ inline std::size_t FindCharacter(std::string_view text, char c) {
         const Word marks = MarkFirst(LoadPart(text.data(), size), c);
         return marks == 0 ? size : BytesBefore(marks);
     }
-    for (std::size_t at = 0;; at += sizeof(Word)) {
-        // The last word overlaps the one before, where there is none.
-        at = std::min(at, size - sizeof(Word));
+    const std::size_t last = size - sizeof(Word);
+    for (std::size_t at = 0; at < last; at += sizeof(Word)) {
         const Word marks = MarkFirst(LoadWord(text.data() + at), c);
         if (marks != 0) {
             return at + BytesBefore(marks);
         }
-        if (at == size - sizeof(Word)) {
-            return size;
+    }
+    const Word marks = MarkFirst(LoadWord(text.data() + last), c);
+    return marks == 0 ? size : last + BytesBefore(marks);
+}
+
+/// Whether `count` characters at `a` are those at `b`.
+inline bool SameCharacters(const char* a, const char* b, std::size_t count) {
+    if (count < sizeof(Word)) {
+        return LoadPart(a, count) == LoadPart(b, count);
+    }
+    const std::size_t last = count - sizeof(Word);
+    for (std::size_t at = 0; at < last; at += sizeof(Word)) {
+        if (LoadWord(a + at) != LoadWord(b + at)) {
+            return false;
         }
     }
+    return LoadWord(a + last) == LoadWord(b + last);
 }
 
 /// How often `c` stands in `text`.

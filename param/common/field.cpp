@@ -132,7 +132,7 @@ Status LoadThroughReader(const Load& load) {
 }
 
 /// Queries a name and stores its number; an absent key leaves the member as it is.
-Status QueryName(const Load& load, const char* fullKey) {
+Status QueryName(const Load& load, std::string_view fullKey) {
     const char* name = nullptr;
     Status status = QueryText(load.module, fullKey, &name);
     std::int32_t number = 0;
@@ -145,21 +145,22 @@ Status QueryName(const Load& load, const char* fullKey) {
     return status;
 }
 
-Status QueryFloat(const Load& load, const char* fullKey) {
+Status QueryFloat(const Load& load, std::string_view fullKey) {
     double value = 0.0;
     const Status status =
-        ZV_CONFACCESS_GetDouble(kProductConfig, load.module, fullKey, load.field.Number(), &value);
+        ZV_CONFACCESS_GetDouble(ItemOf(load.module, fullKey), load.field.Number(), &value);
     if (status == kOk) {
         Store(load.dest, static_cast<float>(value));
     }
     return status;
 }
 
-Status QueryNumber(const Load& load, const char* fullKey) {
-    const auto query =
-        load.field.kind == FieldKind::kBool ? ZV_CONFACCESS_GetBool : ZV_CONFACCESS_GetInt;
+Status QueryNumber(const Load& load, std::string_view fullKey) {
+    const ItemName item = ItemOf(load.module, fullKey);
     std::int32_t number = 0;
-    const Status status = query(kProductConfig, load.module, fullKey, load.field.Number(), &number);
+    const Status status = load.field.kind == FieldKind::kBool
+                              ? ZV_CONFACCESS_GetBool(item, load.field.Number(), &number)
+                              : ZV_CONFACCESS_GetInt(item, load.field.Number(), &number);
     if (status == kOk) {
         StoreNumber(load.field, load.dest, number);
     }
@@ -175,13 +176,13 @@ Status LoadThroughQuery(const Load& load) {
     Status status = kOk;
     switch (load.field.kind) {
         case FieldKind::kName:
-            status = QueryName(load, fullKey.c_str());
+            status = QueryName(load, fullKey.View());
             break;
         case FieldKind::kFloat:
-            status = QueryFloat(load, fullKey.c_str());
+            status = QueryFloat(load, fullKey.View());
             break;
         default:
-            status = QueryNumber(load, fullKey.c_str());
+            status = QueryNumber(load, fullKey.View());
             break;
     }
     return status == kOk ? kOk

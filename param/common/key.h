@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 namespace paramgen {
 
@@ -21,8 +22,12 @@ public:
 
     /// The text, valid as long as the key.
     const char* c_str() const { return text_; }
+    std::string_view View() const { return {text_, length_}; }
 
 private:
+    int Take(int length);
+
+    std::size_t length_ = 0;
     char text_[kSize];
 };
 

@@ -7,9 +7,9 @@
 
 namespace paramgen {
 
-Status QueryText(const char* module, const char* key, const char** text) {
+Status QueryText(const char* module, std::string_view key, const char** text) {
     *text = nullptr;
-    return CONFACCESS_FindString(kProductConfig, module, key, nullptr, text);
+    return CONFACCESS_FindString(ItemOf(module, key), nullptr, text);
 }
 
 Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* prefix,
@@ -17,7 +17,7 @@ Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* pre
                                              std::int32_t* value) {
     Key item;
     JOIN_OR_RETURN(item, prefix, key);
-    CALL_OR_RETURN(ZV_CONFACCESS_GetInt(kProductConfig, module, item.c_str(), defaultValue, value),
+    CALL_OR_RETURN(ZV_CONFACCESS_GetInt(ItemOf(module, item.View()), defaultValue, value),
                    item.c_str());
     return kOk;
 }
@@ -28,9 +28,8 @@ Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* pr
     Key item;
     JOIN_OR_RETURN(item, prefix, key);
     std::int32_t number = 0;
-    CALL_OR_RETURN(
-        ZV_CONFACCESS_GetInt(kProductConfig, module, item.c_str(), defaultValue, &number),
-        item.c_str());
+    CALL_OR_RETURN(ZV_CONFACCESS_GetInt(ItemOf(module, item.View()), defaultValue, &number),
+                   item.c_str());
     *value = static_cast<std::uint32_t>(number);
     return kOk;
 }
@@ -40,7 +39,7 @@ Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* pr
     Key item;
     JOIN_OR_RETURN(item, prefix, key);
     std::int32_t truth = static_cast<std::int32_t>(*value);
-    CALL_OR_RETURN(ZV_CONFACCESS_GetBool(kProductConfig, module, item.c_str(),
+    CALL_OR_RETURN(ZV_CONFACCESS_GetBool(ItemOf(module, item.View()),
                                          static_cast<std::int32_t>(defaultValue), &truth),
                    item.c_str());
     *value = truth == 0 ? kFalse : kTrue;

@@ -8,7 +8,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
+#include "confaccess/confaccess.h"
 #include "confaccess/status.h"
 #include "param/common/values.h"
 
@@ -16,6 +18,11 @@ namespace paramgen {
 
 /// The configuration that every value comes from.
 inline constexpr char kProductConfig[] = "productini";
+
+/// What a query for the value of `key` in `module` goes by.
+inline ItemName ItemOf(const char* module, std::string_view key) {
+    return {.cfgName = kProductConfig, .module = module, .confItem = key};
+}
 
 /// Reads the integer "prefix:key" of `module` into `value`; `defaultValue` when absent. After a
 /// failure `value` holds what the query left there.
@@ -51,6 +58,6 @@ inline constexpr char kProductConfig[] = "productini";
 
 /// Asks for the string `key` of `module`, which lives as long as the configuration; logs nothing.
 /// `text` becomes null when it is absent, and after a failure.
-[[nodiscard]] Status QueryText(const char* module, const char* key, const char** text);
+[[nodiscard]] Status QueryText(const char* module, std::string_view key, const char** text);
 
 }  // namespace paramgen
