@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "confaccess/any_case.h"
 #include "safestr/short_text.h"
 
 namespace paramgen {
@@ -32,19 +33,19 @@ std::uint32_t Dictionary::PlaceOf(std::string_view part) const {
     return static_cast<std::uint32_t>(part.data() - text_.bytes);
 }
 
-bool Dictionary::IsKeyOf(const Entry& entry, const FoldedKey& key) const {
-    const char* text = text_.bytes;
-    const std::size_t length = key.Text().size();
+bool Dictionary::IsKeyOf(const Entry& entry, std::string_view key) const {
+    const char* section = text_.bytes + entry.section;
+    if (entry.value == Entry::kNoValue) {
+        return key.size() == entry.sectionLength && SameInAnyCase(key.data(), section, key.size());
+    }
     const std::size_t colon = entry.sectionLength;
-    const std::size_t expected =
-        entry.value == Entry::kNoValue ? colon : colon + 1 + entry.nameLength;
-    return length == expected && key.HasAt(0, {text + entry.section, colon}) &&
-           (length == colon || (key.Text()[colon] == ':' &&
-                                key.HasAt(colon + 1, {text + entry.name, entry.nameLength})));
+    return key.size() == colon + 1 + entry.nameLength && key[colon] == ':' &&
+           SameInAnyCase(key.data(), section, colon) &&
+           SameInAnyCase(key.data() + colon + 1, text_.bytes + entry.name, entry.nameLength);
 }
 
 /// The slot of `key`, or the free one that it would take.
-Dictionary::Slot* Dictionary::FindSlot(const FoldedKey& key, std::uint32_t hash) const {
+Dictionary::Slot* Dictionary::FindSlot(std::string_view key, std::uint32_t hash) const {
     const std::uint32_t mask = slotCount_ - 1;
     for (std::uint32_t at = hash & mask;; at = (at + 1) & mask) {
         Slot* slot = slots_ + at;
@@ -55,8 +56,8 @@ Dictionary::Slot* Dictionary::FindSlot(const FoldedKey& key, std::uint32_t hash)
 }
 
 /// Puts `entry` where the one of the same key is, or behind the last one.
-void Dictionary::Set(const FoldedKey& key, const Entry& entry) {
-    const std::uint32_t hash = key.Hash();
+void Dictionary::Set(std::string_view key, const Entry& entry) {
+    const std::uint32_t hash = HashInAnyCase(key);
     Slot* slot = FindSlot(key, hash);
     if (slot->entry == 0) {
         ++count_;
@@ -65,15 +66,15 @@ void Dictionary::Set(const FoldedKey& key, const Entry& entry) {
     entries_[slot->entry - 1] = entry;
 }
 
-void Dictionary::SetSection(const FoldedKey& key, std::string_view section) {
-    Set(key, {.section = PlaceOf(section),
-              .name = 0,
-              .value = Entry::kNoValue,
-              .sectionLength = static_cast<std::uint16_t>(section.size()),
-              .nameLength = 0});
+void Dictionary::SetSection(std::string_view section) {
+    Set(section, {.section = PlaceOf(section),
+                  .name = 0,
+                  .value = Entry::kNoValue,
+                  .sectionLength = static_cast<std::uint16_t>(section.size()),
+                  .nameLength = 0});
 }
 
-void Dictionary::SetValue(const FoldedKey& key, std::string_view section, std::string_view name,
+void Dictionary::SetValue(std::string_view key, std::string_view section, std::string_view name,
                           std::string_view value) {
     Set(key, {.section = PlaceOf(section),
               .name = PlaceOf(name),
@@ -83,8 +84,8 @@ void Dictionary::SetValue(const FoldedKey& key, std::string_view section, std::s
     text_.bytes[PlaceOf(value) + value.size()] = '\0';
 }
 
-const char* Dictionary::Get(const FoldedKey& key, const char* defaultValue) const {
-    const Slot* slot = FindSlot(key, key.Hash());
+const char* Dictionary::Get(std::string_view key, const char* defaultValue) const {
+    const Slot* slot = FindSlot(key, HashInAnyCase(key));
     if (slot->entry == 0) {
         return defaultValue;
     }

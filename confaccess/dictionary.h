@@ -5,12 +5,11 @@
 #include <cstdint>
 #include <string_view>
 
-#include "confaccess/folded_key.h"
 #include "confaccess/text_file.h"
 
 namespace paramgen {
 
-/// Maps keys to values, where a value may be null: the mark of a section.
+/// Maps keys, in any case, to values, where a value may be null: the mark of a section.
 ///
 /// All of them stand in the file's text, and none is copied: an entry tells where in the text its
 /// key and value are, and a table of open addressing where the entry of a hash is. Looking up takes
@@ -24,19 +23,19 @@ public:
     /// The text; what is put into the dictionary are parts of it.
     std::string_view TextView() const { return text_.View(); }
 
-    /// Makes `section` a key of its own, without a value. `key` is the same, folded.
-    void SetSection(const FoldedKey& key, std::string_view section);
+    /// Makes `section`, a part of the text, a key of its own, without a value.
+    void SetSection(std::string_view section);
 
-    /// Gives `name` of `section` a value, in place of what it had. `key` is "section:name", folded.
-    /// What stands right behind the value in the text is overwritten.
+    /// Gives `key` a value, in place of what it had. The key is "section:name"; section, name and
+    /// value are parts of the text, and what stands right behind the value there is overwritten.
     ///
     /// Of this and of `SetSection` there may be one call for each line of the text.
-    void SetValue(const FoldedKey& key, std::string_view section, std::string_view name,
+    void SetValue(std::string_view key, std::string_view section, std::string_view name,
                   std::string_view value);
 
-    /// The value of `key`, which is null for a section, or `defaultValue` when there is no such
-    /// key.
-    const char* Get(const FoldedKey& key, const char* defaultValue) const;
+    /// The value of `key`, in any case; null for a section, and `defaultValue` when there is no
+    /// such key.
+    const char* Get(std::string_view key, const char* defaultValue) const;
 
     /// The number of keys.
     std::uint32_t Count() const { return count_; }
@@ -51,9 +50,9 @@ private:
     };
 
     std::uint32_t PlaceOf(std::string_view part) const;
-    bool IsKeyOf(const Entry& entry, const FoldedKey& key) const;
-    Slot* FindSlot(const FoldedKey& key, std::uint32_t hash) const;
-    void Set(const FoldedKey& key, const Entry& entry);
+    bool IsKeyOf(const Entry& entry, std::string_view key) const;
+    Slot* FindSlot(std::string_view key, std::uint32_t hash) const;
+    void Set(std::string_view key, const Entry& entry);
 
     Text text_;
     Slot* slots_ = nullptr;

@@ -7,11 +7,14 @@
 #include "confaccess/line_reader.h"
 #include "confaccess/number.h"
 #include "confaccess/text_file.h"
+#include "safestr/short_text.h"
 
 namespace paramgen {
 namespace {
 
-static_assert(LineReader::kPieceMax <= FoldedKey::kNameMax, "both names of a line fit a key");
+/// The most characters of a section name, and of a key name.
+constexpr std::size_t kNameMax = 1024;
+static_assert(LineReader::kPieceMax <= kNameMax, "what a line names fits");
 
 IniError g_lastError = IniError::kNone;
 
@@ -19,7 +22,9 @@ IniError g_lastError = IniError::kNone;
 class Loader {
 public:
     explicit Loader(Dictionary* dictionary)
-        : dictionary_(dictionary), section_(dictionary->TextView().data(), 0), key_(":") {}
+        : dictionary_(dictionary), section_(dictionary->TextView().data(), 0) {
+        key_[0] = ':';
+    }
 
     void Take(std::string_view text) {
         const IniLine line = ParseIniLine(text);
@@ -30,9 +35,7 @@ public:
                 OpenSection(line.name);
                 break;
             case IniLineKind::kValue:
-                key_.Append(line.name);
-                dictionary_->SetValue(key_, section_, line.name, line.value);
-                key_.CutTo(section_.size() + 1);
+                StoreValue(line);
                 break;
             case IniLineKind::kSyntaxError:
                 g_lastError = IniError::kSyntax;
@@ -49,17 +52,22 @@ private:
     void OpenSection(std::string_view name) {
         if (name.data() != nullptr) {
             section_ = name;
+            CopyText(key_, name.data(), name.size());
+            key_[name.size()] = ':';
         }
-        key_.CutTo(0);
-        key_.Append(section_);
-        dictionary_->SetSection(key_, section_);
-        key_.Append(":");
+        dictionary_->SetSection(section_);
+    }
+
+    void StoreValue(const IniLine& line) {
+        const std::size_t begin = section_.size() + 1;
+        CopyText(key_ + begin, line.name.data(), line.name.size());
+        dictionary_->SetValue({key_, begin + line.name.size()}, section_, line.name, line.value);
     }
 
     Dictionary* dictionary_;
     bool hasErrors_ = false;
     std::string_view section_;
-    FoldedKey key_;  ///< between lines: the current section and a colon
+    char key_[2 * kNameMax + 1];  ///< it begins with the current section and a colon
 };
 
 /// Takes every line of the dictionary's text into it. Returns false when it is no INI file.
@@ -117,8 +125,7 @@ const Dictionary* LoadIniFile(const char* path, Arena* arena) {
 }
 
 const char* FindText(const Dictionary& dictionary, std::string_view key, const char* defaultValue) {
-    return dictionary.Get(FoldedKey({key.data(), std::min(key.size(), FoldedKey::kNameMax)}),
-                          defaultValue);
+    return dictionary.Get({key.data(), std::min(key.size(), kNameMax)}, defaultValue);
 }
 
 std::int32_t FindInteger(const Dictionary& dictionary, const char* key, std::int32_t defaultValue) {

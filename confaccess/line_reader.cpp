@@ -7,7 +7,7 @@
 namespace paramgen {
 
 LineReader::LineReader(std::string_view text)
-    : rest_(text), hasNul_(text.find('\0') != std::string_view::npos) {}
+    : rest_(text), hasNul_(CountCharacter(text, '\0') != 0) {}
 
 bool LineReader::Next(TextLine* line) {
     if (rest_.empty()) {

@@ -11,12 +11,12 @@
 namespace paramgen {
 namespace {
 
-/// One row on its way into a record.
+/// One row on its way into a record. The texts end in a NUL each.
 struct Load {
     CallSite site;
-    const char* module;
-    const char* node;  ///< the row's own, or the loader's
-    const char* item;  ///< the row's key, its number in place
+    std::string_view module;
+    std::string_view node;  ///< the row's own, or the loader's
+    std::string_view item;  ///< the row's key, its number in place
     const Field& field;
     std::byte* dest;
 };
@@ -80,14 +80,14 @@ Status ReadUint(const Load& load) {
 
 /// Reads a text under its complete key, which the loader puts together.
 Status ReadText(const Load& load, const char* fullKey) {
-    return PDT_INIPARAM_LoadStringValue(load.module, fullKey, reinterpret_cast<char*>(load.dest),
-                                        load.field.size);
+    return PDT_INIPARAM_LoadStringValue(load.module.data(), fullKey,
+                                        reinterpret_cast<char*>(load.dest), load.field.size);
 }
 
 /// Labels the failure of a row's typed reader.
 Status LogReaderFailed(const Load& load, Status status) {
     Key fullKey;
-    const char* label = load.item;
+    const char* label = load.item.data();
     if (load.field.extra == FieldExtra::kLabel) {
         label = load.field.label;
     } else if (load.field.fullLabel) {
@@ -198,10 +198,9 @@ int FormatItem(Key* item, const char* key, std::uint32_t index) {
 #pragma GCC diagnostic pop
 }
 
-}  // namespace
-
-Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
-                 std::uint32_t index, void* record) {
+/// Loads one row, as `LoadField` does.
+Status LoadRow(CallSite site, std::string_view module, std::string_view node, const Field& field,
+               std::uint32_t index, void* record) {
     std::byte* start = static_cast<std::byte*>(record);
     std::byte* dest = start + field.offset;
     switch (field.source) {
@@ -224,10 +223,22 @@ Status LoadField(CallSite site, const char* module, const char* node, const Fiel
     const Load load = {.site = site,
                        .module = module,
                        .node = field.ownNode ? field.node : node,
-                       .item = field.isNumbered ? numbered.c_str() : field.key,
+                       .item = field.isNumbered ? numbered.View() : field.key,
                        .field = field,
                        .dest = field.isArray ? dest + std::size_t{index} * field.size : dest};
     return field.source == FieldSource::kReader ? LoadThroughReader(load) : LoadThroughQuery(load);
+}
+
+/// A node, which may be null.
+std::string_view NodeView(const char* node) {
+    return node == nullptr ? std::string_view() : node;
+}
+
+}  // namespace
+
+Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
+                 std::uint32_t index, void* record) {
+    return LoadRow(site, module, NodeView(node), field, index, record);
 }
 
 int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t index) {
@@ -235,14 +246,16 @@ int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t 
     if (field.isNumbered && FormatItem(&numbered, field.key, index) == -1) {
         return -1;
     }
-    return key->Join(field.ownNode ? field.node : node,
-                     field.isNumbered ? numbered.c_str() : field.key);
+    return key->Join(NodeView(field.ownNode ? field.node : node),
+                     field.isNumbered ? numbered.View() : field.key);
 }
 
 Status LoadFields(CallSite site, const char* module, const char* node,
                   std::span<const Field> fields, void* record) {
+    const std::string_view moduleView = module;
+    const std::string_view nodeView = NodeView(node);
     for (const Field& field : fields) {
-        const Status status = LoadField(site, module, node, field, 0, record);
+        const Status status = LoadRow(site, moduleView, nodeView, field, 0, record);
         if (status != kOk) {
             return status;
         }

@@ -1,7 +1,6 @@
 #include "param/common/key.h"
 
 #include <cstdarg>
-#include <cstring>
 
 #include "safestr/safestr.h"
 #include "safestr/short_text.h"
@@ -23,16 +22,14 @@ int Key::Format(const char* format, ...) {
     return Take(length);
 }
 
-int Key::Join(const char* node, const char* item) {
-    const std::size_t nodeLength = std::strlen(node);
-    const std::size_t itemLength = std::strlen(item);
-    if (nodeLength >= sizeof text_ || itemLength >= sizeof text_ - 1 - nodeLength) {
+int Key::Join(std::string_view node, std::string_view item) {
+    if (node.size() >= sizeof text_ || item.size() >= sizeof text_ - 1 - node.size()) {
         return Take(-1);
     }
-    CopyText(text_, node, nodeLength);
-    text_[nodeLength] = ':';
-    CopyText(text_ + nodeLength + 1, item, itemLength);
-    return Take(static_cast<int>(nodeLength + 1 + itemLength));
+    CopyText(text_, node.data(), node.size());
+    text_[node.size()] = ':';
+    CopyText(text_ + node.size() + 1, item.data(), item.size());
+    return Take(static_cast<int>(node.size() + 1 + item.size()));
 }
 
 }  // namespace paramgen

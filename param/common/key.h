@@ -18,7 +18,7 @@ public:
     [[gnu::format(printf, 2, 3), nodiscard]] int Format(const char* format, ...);
 
     /// Makes the text "node:item". Returns what `Format` does.
-    [[nodiscard]] int Join(const char* node, const char* item);
+    [[nodiscard]] int Join(std::string_view node, std::string_view item);
 
     /// The text, valid as long as the key.
     const char* c_str() const { return text_; }

@@ -7,13 +7,13 @@
 
 namespace paramgen {
 
-Status QueryText(const char* module, std::string_view key, const char** text) {
+Status QueryText(std::string_view module, std::string_view key, const char** text) {
     *text = nullptr;
     return CONFACCESS_FindString(ItemOf(module, key), nullptr, text);
 }
 
-Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* prefix,
-                                             const char* key, std::int32_t defaultValue,
+Status PDT_INIPARAM_LoadIntValueByNodePrefix(std::string_view module, std::string_view prefix,
+                                             std::string_view key, std::int32_t defaultValue,
                                              std::int32_t* value) {
     Key item;
     JOIN_OR_RETURN(item, prefix, key);
@@ -22,8 +22,8 @@ Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* pre
     return kOk;
 }
 
-Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* prefix,
-                                              const char* key, std::int32_t defaultValue,
+Status PDT_INIPARAM_LoadUintValueByNodePrefix(std::string_view module, std::string_view prefix,
+                                              std::string_view key, std::int32_t defaultValue,
                                               std::uint32_t* value) {
     Key item;
     JOIN_OR_RETURN(item, prefix, key);
@@ -34,8 +34,9 @@ Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* pr
     return kOk;
 }
 
-Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* prefix,
-                                              const char* key, Bool32 defaultValue, Bool32* value) {
+Status PDT_INIPARAM_LoadBoolValueByNodePrefix(std::string_view module, std::string_view prefix,
+                                              std::string_view key, Bool32 defaultValue,
+                                              Bool32* value) {
     Key item;
     JOIN_OR_RETURN(item, prefix, key);
     std::int32_t truth = static_cast<std::int32_t>(*value);

@@ -20,29 +20,32 @@ namespace paramgen {
 inline constexpr char kProductConfig[] = "productini";
 
 /// What a query for the value of `key` in `module` goes by.
-inline ItemName ItemOf(const char* module, std::string_view key) {
+inline ItemName ItemOf(std::string_view module, std::string_view key) {
     return {.cfgName = kProductConfig, .module = module, .confItem = key};
 }
 
 /// Reads the integer "prefix:key" of `module` into `value`; `defaultValue` when absent. After a
 /// failure `value` holds what the query left there.
-[[nodiscard]] Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* prefix,
-                                                           const char* key,
+[[nodiscard]] Status PDT_INIPARAM_LoadIntValueByNodePrefix(std::string_view module,
+                                                           std::string_view prefix,
+                                                           std::string_view key,
                                                            std::int32_t defaultValue,
                                                            std::int32_t* value);
 
 /// As the integer reader, and stores the 32 bits as an unsigned number. After a failure `value` is
 /// untouched.
-[[nodiscard]] Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* prefix,
-                                                            const char* key,
+[[nodiscard]] Status PDT_INIPARAM_LoadUintValueByNodePrefix(std::string_view module,
+                                                            std::string_view prefix,
+                                                            std::string_view key,
                                                             std::int32_t defaultValue,
                                                             std::uint32_t* value);
 
 /// Reads the boolean "prefix:key" of `module` into `value`; `defaultValue` when absent or neither
 /// true nor false.
-[[nodiscard]] Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* prefix,
-                                                            const char* key, Bool32 defaultValue,
-                                                            Bool32* value);
+[[nodiscard]] Status PDT_INIPARAM_LoadBoolValueByNodePrefix(std::string_view module,
+                                                            std::string_view prefix,
+                                                            std::string_view key,
+                                                            Bool32 defaultValue, Bool32* value);
 
 /// Copies the string `key` (complete: "section:key") of `module` into `text`, which holds `size`
 /// bytes, and echoes it. An absent key leaves `text` as it is; a value of more than `size` - 1
@@ -58,6 +61,6 @@ inline ItemName ItemOf(const char* module, std::string_view key) {
 
 /// Asks for the string `key` of `module`, which lives as long as the configuration; logs nothing.
 /// `text` becomes null when it is absent, and after a failure.
-[[nodiscard]] Status QueryText(const char* module, std::string_view key, const char** text);
+[[nodiscard]] Status QueryText(std::string_view module, std::string_view key, const char** text);
 
 }  // namespace paramgen

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "confaccess/any_case.h"
 #include "confaccess/dictionary.h"
 #include "confaccess/ini_line.h"
 #include "confaccess/number.h"
@@ -21,7 +22,6 @@
 namespace {
 
 using paramgen::Dictionary;
-using paramgen::FoldedKey;
 using paramgen::IniLine;
 using paramgen::IniLineKind;
 using paramgen::Key;
@@ -190,23 +190,33 @@ void CheckBytesInLines() {
     for (const unsigned byte : {0x01U, 0x08U, 0x09U, 0x0BU, 0x0CU, 0x0DU, 0x0EU, 0x20U, 0x7FU}) {
         CheckByteInLine(byte);
     }
-    const FoldedKey folded("AZ\xC0\xDE\xC3\x89[@`{");
-    Check(folded.Text() == "az\xC0\xDE\xC3\x89[@`{", "FoldedKey", "bytes above 127");
+    const char letters[] = "AZ\xC0\xDE\xC3\x89[@`{";
+    const char folded[] = "az\xC0\xDE\xC3\x89[@`{";
+    const char others[] = "az\xE0\xFE\xE3\xA9{`@[";
+    Check(paramgen::SameInAnyCase(letters, folded, sizeof letters), "SameInAnyCase", "letters");
+    for (std::size_t at = 2; at < sizeof letters - 1; ++at) {
+        Check(!paramgen::SameInAnyCase(letters + at, others + at, 1), "SameInAnyCase",
+              "bytes above 127, and beside the letters");
+    }
+    Check(paramgen::HashInAnyCase(letters) == paramgen::HashInAnyCase(folded), "HashInAnyCase",
+          "letters");
 }
 
 void CheckDictionary() {
     char bytes[] =
         "caf\xE9:GR\xF6\xDF"
         "e=\xFE\xFF\n";
-    const FoldedKey key({bytes, 10});
+    const char key[] =
+        "CAF\xE9:gr\xF6\xDF"
+        "E";
     paramgen::Arena arena;
     Dictionary dictionary;
     Check(dictionary.Create({.bytes = bytes, .size = sizeof bytes - 1}, &arena), "Dictionary",
           "Create");
-    dictionary.SetValue(key, {bytes, 4}, {bytes + 5, 5}, {bytes + 11, 2});
+    dictionary.SetValue({bytes, 10}, {bytes, 4}, {bytes + 5, 5}, {bytes + 11, 2});
     CheckText(dictionary.Get(key, nullptr), "\xFE\xFF", "Dictionary");
-    Check(dictionary.Get(FoldedKey("caf\xC9:gr\xF6\xDF"
-                                   "e"),
+    Check(dictionary.Get("caf\xC9:gr\xF6\xDF"
+                         "e",
                          nullptr) == nullptr,
           "Dictionary", "another key");
 }

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "confaccess/any_case.h"
+
 namespace paramgen::testing {
 namespace {
 
@@ -41,7 +43,7 @@ protected:
     }
 
     const char* Get(std::string_view key, const char* defaultValue) const {
-        return dictionary_.Get(FoldedKey(key), defaultValue);
+        return dictionary_.Get(key, defaultValue);
     }
 
     std::uint32_t Count() const { return dictionary_.Count(); }
@@ -58,17 +60,14 @@ private:
     const char* Put(const Line& line, const char* at) {
         const std::string_view section(at, line.section.size());
         at += section.size() + 1;
-        FoldedKey key(line.section);
         if (line.isSection) {
-            dictionary_.SetSection(key, section);
+            dictionary_.SetSection(section);
             return at;
         }
         const std::string_view name(at, line.name.size());
         at += name.size() + 1;
         const std::string_view value(at, line.value.size());
-        key.Append(":");
-        key.Append(line.name);
-        dictionary_.SetValue(key, section, name, value);
+        dictionary_.SetValue(line.section + ":" + line.name, section, name, value);
         return at + value.size() + 1;
     }
 
@@ -178,7 +177,7 @@ TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
     std::string second;
     for (unsigned number = 0; second.empty(); ++number) {
         const std::string key = "k" + std::to_string(number);
-        const auto [at, isNew] = seen.emplace(FoldedKey(":" + key).Hash(), key);
+        const auto [at, isNew] = seen.emplace(HashInAnyCase(":" + key), key);
         if (!isNew) {
             first = at->second;
             second = key;
@@ -197,7 +196,7 @@ TEST_F(DictionaryTest, TheOtherOfOneHashIsAbsent) {
     std::string second;
     for (unsigned number = 0; second.empty(); ++number) {
         const std::string key = "k" + std::to_string(number);
-        const auto [at, isNew] = seen.emplace(FoldedKey(":" + key).Hash(), key);
+        const auto [at, isNew] = seen.emplace(HashInAnyCase(":" + key), key);
         if (!isNew) {
             second = key;
             Value("", at->second, "one");
