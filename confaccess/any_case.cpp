@@ -26,8 +26,9 @@ Word Mix(Word hash, Word word) {
     // With this bit set, letters are the same in either case. Other characters that become the same
     // are rare in keys, and told apart when they are compared.
     const Word anyCase = word | EachByte(0x20);
-    hash = (hash ^ anyCase) * 0x9E3779B97F4A7C15U;
-    return hash ^ hash >> 32;
+    constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15U;
+    hash = (hash ^ anyCase) * static_cast<Word>(kGoldenRatio);
+    return hash ^ hash >> (sizeof hash * 4);
 }
 
 }  // namespace

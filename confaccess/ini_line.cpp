@@ -64,12 +64,10 @@ std::string_view ParseValue(std::string_view text) {
 }  // namespace
 
 IniLine ParseIniLine(std::string_view text) {
-    text = StripStart(text);
-    // Told by its first character, a comment costs no more than that.
-    if (text.empty() || text.front() == '#' || text.front() == ';') {
+    text = StripEnd(StripStart(text));
+    if (text.empty() || text.front() == '#') {
         return kNoContent;
     }
-    text = StripEnd(CutAt(text, ';'));
     if (text.front() == '[' && text.back() == ']') {
         return ParseSection(text);
     }

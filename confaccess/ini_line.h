@@ -15,7 +15,7 @@ struct IniLine {
     std::string_view value;  ///< for kValue; never without data
 };
 
-/// Takes a line apart, which holds no NUL.
+/// Takes apart what a line has before its first ';'. It holds no NUL.
 IniLine ParseIniLine(std::string_view text);
 
 }  // namespace paramgen

@@ -26,8 +26,9 @@ public:
         key_[0] = ':';
     }
 
-    void Take(std::string_view text) {
-        const IniLine line = ParseIniLine(text);
+    /// Takes what a line has before its comment.
+    void Take(std::string_view content) {
+        const IniLine line = ParseIniLine(content);
         switch (line.kind) {
             case IniLineKind::kNothing:
                 break;
@@ -86,7 +87,7 @@ bool TakeLines(Dictionary* dictionary) {
         if (!line.hasNewline && line.text.back() == '\\') {
             continue;  // asks for a next line where there is none
         }
-        loader.Take(line.text);
+        loader.Take(line.content);
     }
     return !loader.HasErrors();
 }

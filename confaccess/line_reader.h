@@ -8,9 +8,10 @@ namespace paramgen {
 
 /// A line, or a piece of one that is too long.
 struct TextLine {
-    std::string_view text;  ///< up to the newline or the first NUL
-    bool hasNewline;        ///< a newline follows
-    bool isLast;            ///< the text ends in this line
+    std::string_view text;     ///< up to the newline or the first NUL
+    std::string_view content;  ///< the same up to the first ';': the rest is a comment
+    bool hasNewline;           ///< a newline follows
+    bool isLast;               ///< the text ends in this line
 };
 
 /// Hands out the lines of a text, as parts of it. What it finds is what fgets finds in a file with

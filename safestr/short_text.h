@@ -29,8 +29,8 @@ inline std::size_t LengthUpTo(const char* text, std::size_t max) {
     return length;
 }
 
-/// Eight characters at a time.
-using Word = std::uint64_t;
+/// As many characters at a time as a register holds: four or eight.
+using Word = std::uintptr_t;
 
 /// A word whose bytes are all `byte`.
 constexpr Word EachByte(unsigned byte) {
@@ -47,22 +47,27 @@ inline void StoreWord(char* to, Word word) {
     std::memcpy(to, &word, sizeof word);
 }
 
+/// Two numbers, at the beginning and at the end of `count` characters at `from`, as one. They may
+/// overlap, and agree where they do.
+template <typename Half>
+Word LoadHalves(const char* from, std::size_t count) {
+    Half first = 0;
+    Half last = 0;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&last, from + count - sizeof last, sizeof last);
+    return Word{first} | Word{last} << (8 * (count - sizeof last));
+}
+
 /// The word that begins with the `count` characters at `from`, fewer than a word has; zeros fill it
 /// up. Reads no others.
 inline Word LoadPart(const char* from, std::size_t count) {
-    if (count >= sizeof(std::uint32_t)) {
-        // Its two halves overlap, and agree where they do.
-        std::uint32_t first = 0;
-        std::uint32_t last = 0;
-        std::memcpy(&first, from, sizeof first);
-        std::memcpy(&last, from + count - sizeof last, sizeof last);
-        return first | Word{last} << (8 * (count - sizeof last));
+    if (sizeof(Word) > sizeof(std::uint32_t) && count >= sizeof(std::uint32_t)) {
+        return LoadHalves<std::uint32_t>(from, count);
     }
-    Word word = 0;
-    for (std::size_t at = count; at > 0; --at) {
-        word = word << 8 | static_cast<unsigned char>(from[at - 1]);
+    if (count >= sizeof(std::uint16_t)) {
+        return LoadHalves<std::uint16_t>(from, count);
     }
-    return word;
+    return count == 0 ? 0 : static_cast<unsigned char>(*from);
 }
 
 /// The top bit of the word's first byte that is `byte`, and perhaps some behind it; 0 when there is
@@ -78,22 +83,34 @@ inline std::size_t BytesBefore(Word marks) {
     return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
 }
 
-/// Where `c`, which is not NUL, stands in `text`, or the text's end.
-inline std::size_t FindCharacter(std::string_view text, char c) {
+/// Where the first byte that `mark` marks in its word, as `MarkFirst` does, stands in `text`; or
+/// the text's end. Zeros, which fill up a short text, are not to be marked.
+template <typename Mark>
+std::size_t FindMarked(std::string_view text, Mark mark) {
     const std::size_t size = text.size();
     if (size < sizeof(Word)) {
-        const Word marks = MarkFirst(LoadPart(text.data(), size), c);
+        const Word marks = mark(LoadPart(text.data(), size));
         return marks == 0 ? size : BytesBefore(marks);
     }
     const std::size_t last = size - sizeof(Word);
     for (std::size_t at = 0; at < last; at += sizeof(Word)) {
-        const Word marks = MarkFirst(LoadWord(text.data() + at), c);
+        const Word marks = mark(LoadWord(text.data() + at));
         if (marks != 0) {
             return at + BytesBefore(marks);
         }
     }
-    const Word marks = MarkFirst(LoadWord(text.data() + last), c);
+    const Word marks = mark(LoadWord(text.data() + last));
     return marks == 0 ? size : last + BytesBefore(marks);
+}
+
+/// Where `c`, which is not NUL, stands in `text`, or the text's end.
+inline std::size_t FindCharacter(std::string_view text, char c) {
+    return FindMarked(text, [=](Word word) { return MarkFirst(word, c); });
+}
+
+/// Where the first of two characters that are not NUL stands in `text`, or the text's end.
+inline std::size_t FindEither(std::string_view text, char a, char b) {
+    return FindMarked(text, [=](Word word) { return MarkFirst(word, a) | MarkFirst(word, b); });
 }
 
 /// Whether `count` characters at `a` are those at `b`.

@@ -9,6 +9,8 @@
 #include <random>
 #include <string>
 
+#include "confaccess/line_reader.h"
+
 namespace paramgen::testing {
 namespace {
 
@@ -54,7 +56,9 @@ Parsed Value(const std::string& name, const std::string& value) {
 }
 
 Parsed Parse(const std::string& text) {
-    const IniLine line = ParseIniLine(text);
+    TextLine read = {};
+    LineReader(text).Next(&read);
+    const IniLine line = ParseIniLine(read.content);
     return {.kind = line.kind,
             .hasName = line.name.data() != nullptr,
             .name = std::string(line.name),

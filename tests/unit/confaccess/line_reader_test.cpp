@@ -6,6 +6,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/temp_dir.h"
@@ -17,13 +18,20 @@ struct Line {
     std::string text;
     bool hasNewline;
     bool isLast;
+    std::string content;
+
+    Line(std::string all, bool newline, bool last)
+        : text(std::move(all)),
+          hasNewline(newline),
+          isLast(last),
+          content(text.substr(0, text.find(';'))) {}
 
     bool operator==(const Line&) const = default;
 };
 
 void PrintTo(const Line& line, std::ostream* stream) {
     *stream << '<' << line.text << '>' << (line.hasNewline ? " newline" : "")
-            << (line.isLast ? " last" : "");
+            << (line.isLast ? " last" : "") << " <" << line.content << '>';
 }
 
 struct Closer {
@@ -39,7 +47,8 @@ protected:
         std::vector<Line> lines;
         TextLine line;
         while (reader.Next(&line)) {
-            lines.push_back({std::string(line.text), line.hasNewline, line.isLast});
+            lines.emplace_back(std::string(line.text), line.hasNewline, line.isLast);
+            lines.back().content = line.content;
         }
         EXPECT_FALSE(reader.Next(&line));
         return lines;
@@ -57,7 +66,7 @@ protected:
             if (hasNewline) {
                 text.pop_back();
             }
-            lines.push_back({text, hasNewline, std::feof(file.get()) != 0});
+            lines.emplace_back(text, hasNewline, std::feof(file.get()) != 0);
         }
         return lines;
     }
@@ -96,12 +105,25 @@ TEST_F(Lines, ComeInPiecesWhenTheyAreTooLong) {
     EXPECT_EQ(Read(a), (std::vector<Line>{{a, false, true}}));
 }
 
+TEST_F(Lines, HaveContentUpToTheFirstSemicolon) {
+    const std::string bytes = "a;b;\n;\nc ; d";
+    const std::vector<Line> lines = Read(bytes);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0].text, "a;b;");
+    EXPECT_EQ(lines[0].content, "a");
+    EXPECT_EQ(lines[1].content, "");
+    EXPECT_EQ(lines[2].content, "c ");
+    // A NUL ends both, wherever it is.
+    EXPECT_EQ(Read(std::string("a;b\0c\n", 6))[0].content, "a");
+    EXPECT_EQ(Read(std::string("a\0b;c\n", 6))[0].content, "a");
+}
+
 TEST_F(Lines, HaveEveryLength) {
     std::string bytes;
     std::vector<Line> expected;
     for (std::size_t length = 0; length < 1000; ++length) {
         bytes += std::string(length, 'x') + "\n";
-        expected.push_back({std::string(length, 'x'), true, false});
+        expected.emplace_back(std::string(length, 'x'), true, false);
     }
     EXPECT_EQ(Read(bytes), expected);
 }
@@ -114,7 +136,10 @@ TEST_F(Lines, AreThoseOfFgets) {
         const std::size_t newlines = 1 + random() % 1500;
         const std::size_t nuls = 1 + random() % 20'000;
         while (bytes.size() < size) {
-            bytes += random() % newlines == 0 ? '\n' : random() % nuls == 0 ? '\0' : 'x';
+            bytes += random() % newlines == 0 ? '\n'
+                     : random() % nuls == 0   ? '\0'
+                     : random() % 100 == 0    ? ';'
+                                              : 'x';
         }
         ASSERT_EQ(Read(bytes), Get(bytes)) << number;
     }

@@ -83,6 +83,34 @@ TEST(ShortText, FindCharacterFindsTheFirstAtEveryPlace) {
     }
 }
 
+TEST(ShortText, FindEitherFindsTheFirstOfTwoAtEveryPlace) {
+    for (std::size_t length = 0; length < 40; ++length) {
+        EXPECT_EQ(FindEither(std::string(length, 'x'), ';', '='), length);
+        for (std::size_t at = 0; at < length; ++at) {
+            for (const char first : {';', '='}) {
+                std::vector<char> text(length, 'x');
+                text.back() = first == ';' ? '=' : ';';
+                text[at] = first;
+                EXPECT_EQ(FindEither({text.data(), length}, ';', '='), at) << length;
+            }
+        }
+    }
+}
+
+TEST(ShortText, SameCharactersComparesThatMany) {
+    for (std::size_t count = 0; count < 40; ++count) {
+        // On the heap, without a terminator, so that reading too far is noticed.
+        const std::vector<char> text(count, 'x');
+        std::vector<char> other = text;
+        EXPECT_TRUE(SameCharacters(text.data(), other.data(), count)) << count;
+        for (std::size_t at = 0; at < count; ++at) {
+            other[at] = 'X';
+            EXPECT_FALSE(SameCharacters(text.data(), other.data(), count)) << at << " of " << count;
+            other[at] = 'x';
+        }
+    }
+}
+
 TEST(ShortText, CopyTextCopiesThatManyAndNoMore) {
     for (std::size_t count = 0; count < 40; ++count) {
         std::vector<char> from(count);
