@@ -27,52 +27,47 @@ std::string_view MeasuredName(const char* name) {
     return Measured(name, QX_CONFACCESS_NAME_MAX_LEN);
 }
 
-ItemName MeasuredItem(const char* cfgName, const char* module, const char* confItem) {
-    return {.cfgName = MeasuredName(cfgName),
-            .module = MeasuredName(module),
-            .confItem = Measured(confItem, QX_CONFACCESS_KEY_MAX_LEN)};
+std::string_view MeasuredKey(const char* confItem) {
+    return Measured(confItem, QX_CONFACCESS_KEY_MAX_LEN);
 }
 
 /// Lines that the checks of `ZV_CONFACCESS_GetString` name.
 constexpr QueryLines kGetStringLines = {377, 378, 379, 380, 381, 383, 385};
 
-bool HasNullArgument(const ItemName& item, const void* value, const char* function,
-                     const QueryLines& lines) {
-    return IsNullArgument(item.cfgName.data(), function, lines.noConfigName, "cfgName") ||
-           IsNullArgument(item.module.data(), function, lines.noModule, "module") ||
-           IsNullArgument(item.confItem.data(), function, lines.noKey, "confItem") ||
+bool HasNullArgument(const LockedModule& module, std::string_view confItem, const void* value,
+                     const char* function, const QueryLines& lines) {
+    return IsNullArgument(module.cfgName().data(), function, lines.noConfigName, "cfgName") ||
+           IsNullArgument(module.module().data(), function, lines.noModule, "module") ||
+           IsNullArgument(confItem.data(), function, lines.noKey, "confItem") ||
            IsNullArgument(value, function, lines.noValue, "value");
 }
 
-bool HasLongArgument(const ItemName& item, const char* function, const QueryLines& lines) {
-    return IsLongConfigName(item.cfgName, function, lines.longConfigName) ||
-           IsLongModuleName(item.module, function, lines.longModule) ||
-           IsLongKey(item.confItem, function, lines.longKey);
+bool HasLongArgument(const LockedModule& module, std::string_view confItem, const char* function,
+                     const QueryLines& lines) {
+    return IsLongConfigName(module.cfgName(), function, lines.longConfigName) ||
+           IsLongModuleName(module.module(), function, lines.longModule) ||
+           IsLongKey(confItem, function, lines.longKey);
 }
 
-/// Checks the arguments of a query and finds the value that it asks for. It keeps the lock of its
-/// configuration, since the text is the dictionary's own.
+/// Checks the arguments of a query and finds the value that it asks for.
 class Lookup {
 public:
-    Lookup(const ItemName& item, const void* value, const char* function, const QueryLines& lines,
-           const char* defaultValue) {
-        if (HasNullArgument(item, value, function, lines)) {
+    Lookup(const LockedModule& module, std::string_view confItem, const void* value,
+           const char* function, const QueryLines& lines, const char* defaultValue)
+        : status_(module.status()) {
+        if (HasNullArgument(module, confItem, value, function, lines)) {
             status_ = kBadArgument;
             return;
         }
-        // Looked at last, and only when something is amiss: names that are registered are short
-        // enough, and so are nearly all that are asked for.
-        if (!Find(item, defaultValue) && HasLongArgument(item, function, lines)) {
+        // Looked at only when something is amiss: names that are registered are short enough.
+        const bool isLong = confItem.size() >= QX_CONFACCESS_KEY_MAX_LEN;
+        if ((status_ != kOk || isLong) && HasLongArgument(module, confItem, function, lines)) {
             status_ = kBadArgument;
         }
-    }
-    ~Lookup() {
-        if (config_ != nullptr) {
-            pthread_mutex_unlock(&config_->lock);
+        if (status_ == kOk) {
+            text_ = FindText(*module.dictionary(), confItem, defaultValue);
         }
     }
-    Lookup(const Lookup&) = delete;
-    Lookup& operator=(const Lookup&) = delete;
 
     Status status() const { return status_; }
 
@@ -89,33 +84,33 @@ public:
     }
 
 private:
-    /// Returns false when the configuration or the module is not registered, or the key is too
-    /// long.
-    bool Find(const ItemName& item, const char* defaultValue) {
-        config_ = FindConfig(item.cfgName);
-        if (config_ == nullptr) {
-            status_ = kNoConfiguration;
-            return false;
-        }
-        pthread_mutex_lock(&config_->lock);
-        const ModuleEntry* module = FindModule(config_, item.module);
-        if (module == nullptr) {
-            status_ = kNoModule;
-            return false;
-        }
-        text_ = FindText(*module->dictionary, item.confItem, defaultValue);
-        return item.confItem.size() < QX_CONFACCESS_KEY_MAX_LEN;
-    }
-
-    ConfigEntry* config_ = nullptr;
-    Status status_ = kOk;
+    Status status_;
     const char* text_ = nullptr;
 };
 
 }  // namespace
 
-Status CONFACCESS_FindString(const ItemName& item, const char* defaultValue, const char** value) {
-    const Lookup found(item, value, "ZV_CONFACCESS_GetString", kGetStringLines, defaultValue);
+LockedModule::LockedModule(std::string_view cfgName, std::string_view module)
+    : cfgName_(cfgName), module_(module), config_(FindConfig(cfgName)), status_(kNoConfiguration) {
+    if (config_ == nullptr) {
+        return;
+    }
+    pthread_mutex_lock(&config_->lock);
+    const ModuleEntry* entry = FindModule(config_, module);
+    status_ = entry == nullptr ? kNoModule : kOk;
+    dictionary_ = entry == nullptr ? nullptr : entry->dictionary;
+}
+
+LockedModule::~LockedModule() {
+    if (config_ != nullptr) {
+        pthread_mutex_unlock(&config_->lock);
+    }
+}
+
+Status CONFACCESS_FindString(const LockedModule& module, std::string_view confItem,
+                             const char* defaultValue, const char** value) {
+    const Lookup found(module, confItem, value, "ZV_CONFACCESS_GetString", kGetStringLines,
+                       defaultValue);
     if (found.status() == kOk) {
         *value = found.text();
     }
@@ -124,7 +119,8 @@ Status CONFACCESS_FindString(const ItemName& item, const char* defaultValue, con
 
 Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const char* confItem,
                                const char* defaultValue, char** value) {
-    const Lookup found(MeasuredItem(cfgName, module, confItem), value, __func__, kGetStringLines,
+    const LockedModule locked(MeasuredName(cfgName), MeasuredName(module));
+    const Lookup found(locked, MeasuredKey(confItem), value, __func__, kGetStringLines,
                        defaultValue);
     if (found.status() != kOk) {
         return found.status();
@@ -142,11 +138,14 @@ Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const ch
 
 Status ZV_CONFACCESS_GetInt(const char* cfgName, const char* module, const char* confItem,
                             std::int32_t defaultValue, std::int32_t* value) {
-    return ZV_CONFACCESS_GetInt(MeasuredItem(cfgName, module, confItem), defaultValue, value);
+    return ZV_CONFACCESS_GetInt({MeasuredName(cfgName), MeasuredName(module)},
+                                MeasuredKey(confItem), defaultValue, value);
 }
 
-Status ZV_CONFACCESS_GetInt(const ItemName& item, std::int32_t defaultValue, std::int32_t* value) {
-    const Lookup found(item, value, __func__, {424, 425, 426, 427, 428, 430, 432}, nullptr);
+Status ZV_CONFACCESS_GetInt(const LockedModule& module, std::string_view confItem,
+                            std::int32_t defaultValue, std::int32_t* value) {
+    const Lookup found(module, confItem, value, __func__, {424, 425, 426, 427, 428, 430, 432},
+                       nullptr);
     const Status status = found.TellStatus(__func__, 437);
     if (status != kOk) {
         return status;
@@ -170,11 +169,14 @@ Status ZV_CONFACCESS_GetInt(const ItemName& item, std::int32_t defaultValue, std
 
 Status ZV_CONFACCESS_GetDouble(const char* cfgName, const char* module, const char* confItem,
                                double defaultValue, double* value) {
-    return ZV_CONFACCESS_GetDouble(MeasuredItem(cfgName, module, confItem), defaultValue, value);
+    return ZV_CONFACCESS_GetDouble({MeasuredName(cfgName), MeasuredName(module)},
+                                   MeasuredKey(confItem), defaultValue, value);
 }
 
-Status ZV_CONFACCESS_GetDouble(const ItemName& item, double defaultValue, double* value) {
-    const Lookup found(item, value, __func__, {456, 457, 458, 459, 460, 462, 464}, nullptr);
+Status ZV_CONFACCESS_GetDouble(const LockedModule& module, std::string_view confItem,
+                               double defaultValue, double* value) {
+    const Lookup found(module, confItem, value, __func__, {456, 457, 458, 459, 460, 462, 464},
+                       nullptr);
     const Status status = found.TellStatus(__func__, 469);
     if (status == kOk) {
         *value = found.text() == nullptr ? defaultValue : ParseDouble(found.text());
@@ -184,11 +186,14 @@ Status ZV_CONFACCESS_GetDouble(const ItemName& item, double defaultValue, double
 
 Status ZV_CONFACCESS_GetBool(const char* cfgName, const char* module, const char* confItem,
                              std::int32_t defaultValue, std::int32_t* value) {
-    return ZV_CONFACCESS_GetBool(MeasuredItem(cfgName, module, confItem), defaultValue, value);
+    return ZV_CONFACCESS_GetBool({MeasuredName(cfgName), MeasuredName(module)},
+                                 MeasuredKey(confItem), defaultValue, value);
 }
 
-Status ZV_CONFACCESS_GetBool(const ItemName& item, std::int32_t defaultValue, std::int32_t* value) {
-    const Lookup found(item, value, __func__, {484, 485, 486, 487, 488, 490, 492}, nullptr);
+Status ZV_CONFACCESS_GetBool(const LockedModule& module, std::string_view confItem,
+                             std::int32_t defaultValue, std::int32_t* value) {
+    const Lookup found(module, confItem, value, __func__, {484, 485, 486, 487, 488, 490, 492},
+                       nullptr);
     const Status status = found.TellStatus(__func__, 497);
     if (status != kOk) {
         return status;
@@ -243,7 +248,8 @@ Status ZV_CONFACCESS_IsConfItemExist(const char* cfgName, const char* module, co
         IsNullArgument(isExist, __func__, 626, "isExist")) {
         return kBadArgument;
     }
-    const Lookup found(MeasuredItem(cfgName, module, confItem), isExist, "ZV_CONFACCESS_GetString",
+    const LockedModule locked(MeasuredName(cfgName), MeasuredName(module));
+    const Lookup found(locked, MeasuredKey(confItem), isExist, "ZV_CONFACCESS_GetString",
                        kGetStringLines, nullptr);
     const Status status = found.status();
     if (status != kOk) {

@@ -60,7 +60,7 @@ Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapS
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kVcapSpecTable, componentMask), i);
         const char* text = nullptr;
-        const Status status = QueryText(module, item.c_str(), &text);
+        const Status status = QueryText(ProductModule(module), item.c_str(), &text);
         const std::int32_t mask = text == nullptr ? 0 : ParseInteger(text, 10);
         if (mask < 0) {
             LOG_ERROR("componentmask error, out of range");

@@ -14,7 +14,7 @@ namespace {
 /// One row on its way into a record. The texts end in a NUL each.
 struct Load {
     CallSite site;
-    std::string_view module;
+    const ProductModule& module;
     std::string_view node;  ///< the row's own, or the loader's
     std::string_view item;  ///< the row's key, its number in place
     const Field& field;
@@ -80,8 +80,8 @@ Status ReadUint(const Load& load) {
 
 /// Reads a text under its complete key, which the loader puts together.
 Status ReadText(const Load& load, const char* fullKey) {
-    return PDT_INIPARAM_LoadStringValue(load.module.data(), fullKey,
-                                        reinterpret_cast<char*>(load.dest), load.field.size);
+    return PDT_INIPARAM_LoadStringValue(load.module, fullKey, reinterpret_cast<char*>(load.dest),
+                                        load.field.size);
 }
 
 /// Labels the failure of a row's typed reader.
@@ -148,7 +148,7 @@ Status QueryName(const Load& load, std::string_view fullKey) {
 Status QueryFloat(const Load& load, std::string_view fullKey) {
     double value = 0.0;
     const Status status =
-        ZV_CONFACCESS_GetDouble(ItemOf(load.module, fullKey), load.field.Number(), &value);
+        ZV_CONFACCESS_GetDouble(load.module, fullKey, load.field.Number(), &value);
     if (status == kOk) {
         Store(load.dest, static_cast<float>(value));
     }
@@ -156,11 +156,11 @@ Status QueryFloat(const Load& load, std::string_view fullKey) {
 }
 
 Status QueryNumber(const Load& load, std::string_view fullKey) {
-    const ItemName item = ItemOf(load.module, fullKey);
     std::int32_t number = 0;
-    const Status status = load.field.kind == FieldKind::kBool
-                              ? ZV_CONFACCESS_GetBool(item, load.field.Number(), &number)
-                              : ZV_CONFACCESS_GetInt(item, load.field.Number(), &number);
+    const Status status =
+        load.field.kind == FieldKind::kBool
+            ? ZV_CONFACCESS_GetBool(load.module, fullKey, load.field.Number(), &number)
+            : ZV_CONFACCESS_GetInt(load.module, fullKey, load.field.Number(), &number);
     if (status == kOk) {
         StoreNumber(load.field, load.dest, number);
     }
@@ -199,8 +199,8 @@ int FormatItem(Key* item, const char* key, std::uint32_t index) {
 }
 
 /// Loads one row, as `LoadField` does.
-Status LoadRow(CallSite site, std::string_view module, std::string_view node, const Field& field,
-               std::uint32_t index, void* record) {
+Status LoadRow(CallSite site, const ProductModule& module, std::string_view node,
+               const Field& field, std::uint32_t index, void* record) {
     std::byte* start = static_cast<std::byte*>(record);
     std::byte* dest = start + field.offset;
     switch (field.source) {
@@ -238,7 +238,7 @@ std::string_view NodeView(const char* node) {
 
 Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
                  std::uint32_t index, void* record) {
-    return LoadRow(site, module, NodeView(node), field, index, record);
+    return LoadRow(site, ProductModule(module), NodeView(node), field, index, record);
 }
 
 int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t index) {
@@ -252,10 +252,10 @@ int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t 
 
 Status LoadFields(CallSite site, const char* module, const char* node,
                   std::span<const Field> fields, void* record) {
-    const std::string_view moduleView = module;
+    const ProductModule productModule(module);
     const std::string_view nodeView = NodeView(node);
     for (const Field& field : fields) {
-        const Status status = LoadRow(site, moduleView, nodeView, field, 0, record);
+        const Status status = LoadRow(site, productModule, nodeView, field, 0, record);
         if (status != kOk) {
             return status;
         }

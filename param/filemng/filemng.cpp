@@ -76,7 +76,7 @@ Status PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(const char* module, DtcfCfg* cfg)
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kDtcfTable, dirNames), i);
         const char* value = nullptr;
-        CALL_OR_RETURN(QueryText(module, item.c_str(), &value), item.c_str());
+        CALL_OR_RETURN(QueryText(ProductModule(module), item.c_str(), &value), item.c_str());
         const Status status = PDT_INIPARAM_FILEMNG_GetDirNames(value, i, cfg);
         if (status != kOk) {
             LOG_ERROR("get dir name failed!\n");

@@ -73,8 +73,8 @@ Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg*
         FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
         const char* prefix = entryNode.c_str();
         constexpr const Field& type = ROW(kOsdEntryTable, type);
-        CALL_OR_RETURN(PDT_INIPARAM_LoadIntValueByNodePrefix(module, prefix, type.key,
-                                                             type.Number(), &entry->type),
+        CALL_OR_RETURN(PDT_INIPARAM_LoadIntValueByNodePrefix(ProductModule(module), prefix,
+                                                             type.key, type.Number(), &entry->type),
                        "osdType");
         LOG_DEBUG("osd.%u type[%d]\n", i, entry->type);
         LOAD_OR_RETURN(module, prefix, ROW(kOsdEntryTable, timeFormat), entry);

@@ -120,8 +120,9 @@ Status PDT_INIPARAM_LoadRecFilesAttr(const char* module, const char* node, RecAt
         constexpr const Field& row = ROW(kRecAttrTable, thumbnailHandles);
         FORMAT_KEY_OR_RETURN(key, node, row, i);
         std::int32_t handle = 0;
-        CALL_OR_RETURN(ZV_CONFACCESS_GetInt(ItemOf(module, key.View()), row.Number(), &handle),
-                       key.c_str());
+        CALL_OR_RETURN(
+            ZV_CONFACCESS_GetInt(ProductModule(module), key.View(), row.Number(), &handle),
+            key.c_str());
         StoreHandle(thumbnails, i, handle);
         LOG_DEBUG("thmhdl%u[%u] \n", i, handle);
     }

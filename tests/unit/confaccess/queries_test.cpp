@@ -477,5 +477,64 @@ TEST_F(Queries, KeyExistenceFailsWhereThereIsNoModule) {
     EXPECT_EQ(isExist, 4711);
 }
 
+TEST_F(Queries, OneModuleGivesSeveralValues) {
+    std::int32_t number = 0;
+    std::int32_t truth = -1;
+    double real = 0;
+    const char* text = nullptr;
+    const Outcome outcome = Observe([&] {
+        const LockedModule module("cfg", "mod");
+        EXPECT_EQ(module.status(), kOk);
+        EXPECT_EQ(ZV_CONFACCESS_GetInt(module, "num:answer", 0, &number), kOk);
+        EXPECT_EQ(ZV_CONFACCESS_GetBool(module, "section:key", 1, &truth), kOk);
+        EXPECT_EQ(ZV_CONFACCESS_GetDouble(module, "num:half", 0, &real), kOk);
+        EXPECT_EQ(CONFACCESS_FindString(module, "section:quoted", nullptr, &text), kOk);
+        return kOk;
+    });
+    EXPECT_EQ(outcome, (Outcome{kOk, ""}));
+    EXPECT_EQ(number, 42);
+    EXPECT_EQ(truth, 1);
+    EXPECT_EQ(real, 0.5);
+    EXPECT_STREQ(text, "  two words ");
+    // The lock has been given back.
+    EXPECT_EQ(ZV_CONFACCESS_GetInt("cfg", "mod", "num:negative", 0, &number), kOk);
+    EXPECT_EQ(number, -7);
+}
+
+TEST_F(Queries, FoundStringIsTheConfigurationsOwn) {
+    const LockedModule module("cfg", "mod");
+    const char* first = nullptr;
+    const char* second = nullptr;
+    EXPECT_EQ(CONFACCESS_FindString(module, "section:key", nullptr, &first), kOk);
+    EXPECT_EQ(CONFACCESS_FindString(module, "SECTION:KEY", nullptr, &second), kOk);
+    EXPECT_STREQ(first, "Value of Key");
+    EXPECT_EQ(first, second);
+    const char* fallback = "default";
+    EXPECT_EQ(CONFACCESS_FindString(module, "section:no", fallback, &first), kOk);
+    EXPECT_EQ(first, fallback);
+    EXPECT_EQ(CONFACCESS_FindString(module, "section", fallback, &first), kOk);
+    EXPECT_EQ(first, nullptr);
+}
+
+TEST_F(Queries, EachQueryForAModuleThatIsNotThereSaysSo) {
+    std::int32_t value = 5;
+    const char* sentinel = "untouched";
+    const char* text = sentinel;
+    const Outcome outcome = Observe([&] {
+        const LockedModule module("cfg", "no");
+        EXPECT_EQ(module.status(), kNoModule);
+        EXPECT_EQ(CONFACCESS_FindString(module, "section:key", nullptr, &text), kNoModule);
+        EXPECT_EQ(ZV_CONFACCESS_GetInt(module, "num:answer", 0, &value), kNoModule);
+        return ZV_CONFACCESS_GetBool(module, "num:answer", 0, &value);
+    });
+    EXPECT_EQ(outcome, (Outcome{Code(0xA1418046U),
+                                "func:ZV_CONFACCESS_GetInt,line:437,Error Code: [0xA1418046]\n\n"
+                                "func:ZV_CONFACCESS_GetBool,line:497,Error Code: "
+                                "[0xA1418046]\n\n"}));
+    EXPECT_EQ(value, 5);
+    EXPECT_EQ(text, sentinel);
+    EXPECT_EQ(LockedModule("no", "mod").status(), kNoConfiguration);
+}
+
 }  // namespace
 }  // namespace paramgen::testing
