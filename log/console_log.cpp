@@ -43,6 +43,8 @@ constexpr std::size_t kRecordSize = 512;
 /// The longest names, those of the module and the function together, that are gathered. What else
 /// stands in a prefix fits beside them.
 constexpr std::size_t kNamesMax = 400;
+static_assert(sizeof "\033[m[hh:mm:ss:mmm \033[1;35mFATAL\033[m-]:[4294967295]:" + kNamesMax <
+              kRecordSize);
 
 /// Adds a text to a record that ends at `end`. Returns where the record ends then, as do the next.
 char* Append(char* end, std::string_view text) {

@@ -165,7 +165,7 @@ TEST_F(ConsoleLog, LongNamesAreWrittenWhole) {
 
 TEST_F(ConsoleLog, TheLongestPrefixWithTime) {
     ConsoleLogSetup(1, 1, 5);
-    for (const std::size_t length : {399U, 400U, 5000U}) {
+    for (const std::size_t length : {399U, 400U, 401U, 440U, 450U, 460U, 470U, 480U, 5000U}) {
         const std::string name(length, 'x');
         const std::string record =
             CaptureStdout([&] { ConsoleLogPrint(0, "", name.c_str(), 0xFFFFFFFFU, "m\n"); });
