@@ -1,22 +1,28 @@
 #include "log/console_log.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <string_view>
 
 #include "log/wall_clock.h"
+#include "safestr/digits.h"
 #include "safestr/plain_format.h"
+#include "safestr/safestr.h"
+#include "safestr/short_text.h"
 
 namespace paramgen {
 namespace {
 
 constexpr std::uint32_t kLevelMax = kConsoleDebug;
 
-constexpr const char* kLevelTexts[kLevelMax + 1] = {
-    "\033[1;35mFATAL\033[m",  // bold magenta
-    "",                       // level 1 has no name
-    "\033[1;31mERROR\033[m",  // bold red
-    "\033[1;33mWARN\033[m",   // bold yellow
-    "\033[1;32mINFO\033[m",   // bold green
-    "DEBUG",
+/// What a record's prefix says of its level.
+constexpr std::string_view kLevelTexts[kLevelMax + 1] = {
+    "\033[1;35mFATAL\033[m-",  // bold magenta
+    "-",                       // level 1 has no name
+    "\033[1;31mERROR\033[m-",  // bold red
+    "\033[1;33mWARN\033[m-",   // bold yellow
+    "\033[1;32mINFO\033[m-",   // bold green
+    "DEBUG-",
 };
 
 struct Settings {
@@ -31,49 +37,55 @@ const char* OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
 }
 
-/// A record on its way to standard output: gathered, and written in one piece.
-class Record {
-public:
-    ~Record() { Write(); }
+/// Room for a record that is gathered and written in one piece, as all but the longest are.
+constexpr std::size_t kRecordSize = 512;
 
-    /// Adds a text as printf does.
-    [[gnu::format(printf, 2, 3)]] void Add(const char* format, ...) {
-        std::va_list args;
-        va_start(args, format);
-        AddV(format, args);
-        va_end(args);
-    }
+/// The longest names, those of the module and the function together, that are gathered. What else
+/// stands in a prefix fits beside them.
+constexpr std::size_t kNamesMax = 400;
+static_assert(sizeof "\033[m[hh:mm:ss:mmm \033[1;35mFATAL\033[m-]:[4294967295]:" + kNamesMax <
+              kRecordSize);
 
-    [[gnu::format(printf, 2, 0)]] void AddV(const char* format, std::va_list args) {
-        const int length = FormatPlain(text_ + length_, sizeof text_ - length_, format, args);
-        if (length >= 0) {
-            length_ += static_cast<std::size_t>(length);
-            return;
-        }
-        // Too long, or too special: libc writes it, behind what there is.
-        Write();
-        std::vprintf(format, args);
-    }
+/// Adds a text to a record that ends at `end`. Returns where the record ends then, as do the next.
+char* Append(char* end, std::string_view text) {
+    CopyText(end, text.data(), text.size());
+    return end + text.size();
+}
 
-private:
-    void Write() {
-        std::fwrite(text_, 1, length_, stdout);
-        length_ = 0;
-    }
+char* AppendNumber(char* end, std::uint32_t number) {
+    end += CountDigits(number, 'u');
+    WriteDigits(end, 'u', number);
+    return end;
+}
 
-    std::size_t length_ = 0;
-    char text_[512];
-};
-
-void AddPrefix(Record* record, std::uint32_t level, const char* module, const char* function,
-               std::uint32_t line) {
-    if (!g_settings.timeStamps) {
-        record->Add("\033[m[%s-%s]:%s[%u]:", kLevelTexts[level], module, function, line);
-        return;
-    }
+char* AppendTime(char* end) {
     const WallClock now = ReadWallClock();
-    record->Add("\033[m[%02d:%02d:%02d:%03lld %s-%s]:%s[%u]:", now.hour, now.minute, now.second,
-                now.millisecond, kLevelTexts[level], module, function, line);
+    const int length = sprintf_s(end, sizeof "hh:mm:ss:mmm ", "%02d:%02d:%02d:%03lld ", now.hour,
+                                 now.minute, now.second, now.millisecond);
+    return end + std::max(length, 0);
+}
+
+/// Begins a record with its prefix. Returns where it ends: at `text` when the names are too long to
+/// be gathered, and libc has written the prefix.
+char* Begin(char* text, std::uint32_t level, const char* module, const char* function,
+            std::uint32_t line) {
+    const std::string_view tag = module;
+    const std::string_view name = function;
+    char* end = Append(text, "\033[m[");
+    if (g_settings.timeStamps) {
+        end = AppendTime(end);
+    }
+    end = Append(end, kLevelTexts[level]);
+    if (tag.size() + name.size() > kNamesMax) {
+        std::printf("%.*s%s]:%s[%u]:", static_cast<int>(end - text), text, module, function, line);
+        return text;
+    }
+    end = Append(end, tag);
+    end = Append(end, "]:");
+    end = Append(end, name);
+    end = Append(end, "[");
+    end = AppendNumber(end, line);
+    return Append(end, "]:");
 }
 
 }  // namespace
@@ -99,10 +111,15 @@ void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* funct
     if (level > g_settings.level || !g_settings.enabled) {
         return;
     }
-    Record record;
-    AddPrefix(&record, level, OrEmpty(module), OrEmpty(function), line);
-    if (format != nullptr) {
-        record.AddV(format, args);
+    char text[kRecordSize];
+    char* const message = Begin(text, level, OrEmpty(module), OrEmpty(function), line);
+    const std::size_t prefix = static_cast<std::size_t>(message - text);
+    const int length =
+        format == nullptr ? 0 : FormatPlain(message, sizeof text - prefix, format, args);
+    std::fwrite(text, 1, prefix + static_cast<std::size_t>(std::max(length, 0)), stdout);
+    if (length < 0) {
+        // Too long, or too special: libc writes the message.
+        std::vprintf(format, args);
     }
 }
 

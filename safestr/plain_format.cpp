@@ -1,8 +1,11 @@
 #include "safestr/plain_format.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
+#include "safestr/digits.h"
 #include "safestr/short_text.h"
 
 namespace paramgen {
@@ -10,12 +13,16 @@ namespace {
 
 /// What stands between a '%' and the end of its conversion.
 struct Conversion {
-    char padding;           ///< '0' or ' '
-    unsigned longs;         ///< how often there is an 'l'
     std::size_t width;      ///< the fewest characters it gives
     std::size_t precision;  ///< the most characters that a text gives
+    unsigned longs;         ///< how often there is an 'l'
+    char padding;           ///< '0' or ' '
     char kind;
 };
+
+/// A number as it is.
+constexpr Conversion kDecimal = {
+    .width = 0, .precision = SIZE_MAX, .longs = 0, .padding = ' ', .kind = 'd'};
 
 /// The arguments, in a form that can be handed on by reference whatever `va_list` is.
 struct Arguments {
@@ -28,13 +35,14 @@ struct Output {
     char* end;
 };
 
-/// The digits of the longest number, 2 to the 64th in decimal.
-constexpr std::size_t kDigitsMax = 20;
+std::size_t RoomIn(const Output& out) {
+    return static_cast<std::size_t>(out.end - out.at);
+}
 
-/// Takes a number of at most four digits off `format`.
+/// Takes a number off `format`, of at most four digits besides leading zeros.
 std::size_t TakeNumber(const char** format) {
     std::size_t number = 0;
-    for (int i = 0; i < 4 && **format >= '0' && **format <= '9'; ++i) {
+    while (number < 1000 && **format >= '0' && **format <= '9') {
         number = number * 10 + static_cast<std::size_t>(*(*format)++ - '0');
     }
     return number;
@@ -55,154 +63,141 @@ std::size_t TakePrecision(const char** format, Arguments* args) {
 
 /// Takes what follows a '%' off `format`.
 Conversion TakeConversion(const char** format, Arguments* args) {
-    Conversion conversion = {};
-    conversion.padding = **format == '0' ? '0' : ' ';
-    conversion.width = TakeNumber(format);
-    conversion.precision = TakePrecision(format, args);
-    while (**format == 'l') {
-        ++conversion.longs;
-        ++*format;
+    const char padding = **format == '0' ? '0' : ' ';
+    const std::size_t width = TakeNumber(format);
+    const std::size_t precision = TakePrecision(format, args);
+    unsigned longs = 0;
+    for (; **format == 'l'; ++*format) {
+        ++longs;
     }
-    conversion.kind = *(*format)++;
-    return conversion;
+    const char kind = *(*format)++;
+    return {
+        .width = width, .precision = precision, .longs = longs, .padding = padding, .kind = kind};
 }
 
-/// Copies what stands in a format before the next '%' or its end, as much of it as fits. Returns
-/// where it ended.
-const char* PutLiteral(Output* out, const char* format) {
-    // Not through `out`: a character stored there might, for all the compiler knows, change it.
-    char* at = out->at;
-    const char* const end = out->end;
-    while (at != end && *format != '\0' && *format != '%') {
-        *at++ = *format++;
+/// Takes the bits of an integer, an `int` unless there are `longs`.
+std::uint64_t TakeBits(bool isSigned, unsigned longs, Arguments* args) {
+    if (longs == 0) {
+        const int number = va_arg(args->list, int);
+        return isSigned ? static_cast<std::uint64_t>(number) : static_cast<unsigned>(number);
     }
-    out->at = at;
+    if (longs == 1) {
+        const long number = va_arg(args->list, long);
+        return isSigned ? static_cast<std::uint64_t>(number) : static_cast<unsigned long>(number);
+    }
+    return va_arg(args->list, unsigned long long);
+}
+
+// What follows returns 0, `kDoesNotFit` or `kNotPlain`.
+
+int PutText(Output* out, std::string_view text) {
+    if (text.size() > RoomIn(*out)) {
+        return kDoesNotFit;
+    }
+    CopyText(out->at, text.data(), text.size());
+    out->at += text.size();
+    return 0;
+}
+
+int PutString(Output* out, const char* text, std::size_t precision) {
+    return text == nullptr ? kNotPlain : PutText(out, {text, LengthUpTo(text, precision)});
+}
+
+/// Puts out the number whose bits are given, its digits where they belong.
+int PutNumber(Output* out, const Conversion& conversion, std::uint64_t bits) {
+    const bool isNegative = conversion.kind == 'd' && static_cast<std::int64_t>(bits) < 0;
+    if (isNegative && conversion.padding == '0') {
+        return kNotPlain;  // the sign would have to come first
+    }
+    const std::uint64_t number = isNegative ? 0 - bits : bits;
+    const std::size_t length = CountDigits(number, conversion.kind) + (isNegative ? 1 : 0);
+    const std::size_t width = std::max(length, conversion.width);
+    if (width > RoomIn(*out)) {
+        return kDoesNotFit;
+    }
+    char* const padding = out->at;
+    out->at += width;
+    char* begin = WriteDigits(out->at, conversion.kind, number);
+    if (isNegative) {
+        *--begin = '-';
+    }
+    while (begin != padding) {
+        *--begin = conversion.padding;
+    }
+    return 0;
+}
+
+/// Carries out any conversion that is known here.
+int Convert(Output* out, const Conversion& conversion, Arguments* args) {
+    const char kind = conversion.kind;
+    if (kind == 's') {
+        return conversion.width == 0 && conversion.longs == 0
+                   ? PutString(out, va_arg(args->list, const char*), conversion.precision)
+                   : kNotPlain;
+    }
+    const bool isNumber = kind == 'd' || kind == 'u' || kind == 'x' || kind == 'X';
+    return isNumber && conversion.precision == SIZE_MAX
+               ? PutNumber(out, conversion, TakeBits(kind == 'd', conversion.longs, args))
+               : kNotPlain;
+}
+
+/// Carries out %d and %u. Most numbers have one digit.
+int ConvertDecimal(Output* out, bool isSigned, Arguments* args) {
+    const std::uint64_t bits = TakeBits(isSigned, 0, args);
+    if (bits < 10 && out->at != out->end) {
+        *out->at++ = static_cast<char>('0' + bits);
+        return 0;
+    }
+    return PutNumber(out, kDecimal, bits);
+}
+
+/// Carries out the conversion that stands at `*format`.
+int ConvertNext(Output* out, const char** format, Arguments* args) {
+    const char kind = **format;
+    if (kind == 'd' || kind == 'u') {
+        ++*format;
+        return ConvertDecimal(out, kind == 'd', args);
+    }
+    const Conversion conversion = TakeConversion(format, args);
+    return Convert(out, conversion, args);
+}
+
+/// Copies what stands in a format before the next '%' or the format's end, as much of it as there
+/// is room for. Returns where that ends.
+const char* PutLiteral(Output* out, const char* format, const char* end) {
+    // A machine of 32 bits would gain less from words than their code takes.
+    constexpr bool kInWords = sizeof(std::size_t) == sizeof(Word);
+    constexpr std::ptrdiff_t kWord = sizeof(Word);
+    char* to = out->at;
+    end = format + std::min(static_cast<std::size_t>(end - format), RoomIn(*out));
+    for (; kInWords && end - format >= kWord; format += kWord, to += kWord) {
+        const Word word = LoadWord(format);
+        StoreWord(to, word);  // from a '%' on, what is stored is overwritten or behind the text
+        const Word marks = MarkFirst(word, '%');
+        if (marks != 0) {
+            out->at = to + BytesBefore(marks);
+            return format + BytesBefore(marks);
+        }
+    }
+    while (format != end && *format != '%') {
+        *to++ = *format++;
+    }
+    out->at = to;
     return format;
 }
 
-/// Puts out at most `precision` characters of a text. False when they do not fit.
-bool PutText(Output* out, const char* text, std::size_t precision) {
-    const std::size_t length =
-        precision == SIZE_MAX ? std::strlen(text) : LengthUpTo(text, precision);
-    if (length > static_cast<std::size_t>(out->end - out->at)) {
-        return false;
-    }
-    CopyText(out->at, text, length);
-    out->at += length;
-    return true;
-}
-
-/// Writes the digits of `number` to base `kBase` so that they end before `end`. Returns where they
-/// begin.
-template <unsigned kBase>
-char* WriteDigits(char* end, std::uint64_t number, const char* digits) {
-    for (; number > UINT32_MAX; number /= kBase) {
-        *--end = digits[number % kBase];
-    }
-    // A machine of 32 bits divides these much faster.
-    std::uint32_t rest = static_cast<std::uint32_t>(number);
-    do {
-        *--end = digits[rest % kBase];
-        rest /= kBase;
-    } while (rest != 0);
-    return end;
-}
-
-constexpr char kDigits[] = "0123456789abcdef";
-constexpr char kCapitalDigits[] = "0123456789ABCDEF";
-
-std::uint64_t TakeUnsigned(unsigned longs, Arguments* args) {
-    return longs == 0   ? va_arg(args->list, unsigned)
-           : longs == 1 ? va_arg(args->list, unsigned long)
-                        : va_arg(args->list, unsigned long long);
-}
-
-std::int64_t TakeSigned(unsigned longs, Arguments* args) {
-    return longs == 0   ? va_arg(args->list, int)
-           : longs == 1 ? va_arg(args->list, long)
-                        : va_arg(args->list, long long);
-}
-
-/// Puts out padding and a number whose digits end before `end`. False when they do not fit.
-bool PutPadded(Output* out, const char* begin, const char* end, const Conversion& conversion) {
-    const std::size_t length = static_cast<std::size_t>(end - begin);
-    const std::size_t padding = conversion.width > length ? conversion.width - length : 0;
-    if (padding + length > static_cast<std::size_t>(out->end - out->at)) {
-        return false;
-    }
-    for (std::size_t i = 0; i < padding; ++i) {
-        *out->at++ = conversion.padding;
-    }
-    CopyText(out->at, begin, length);
-    out->at += length;
-    return true;
-}
-
-bool PutUnsigned(Output* out, const Conversion& conversion, std::uint64_t number) {
-    char digits[kDigitsMax];
-    char* const end = digits + sizeof digits;
-    const char* begin =
-        conversion.kind == 'u'
-            ? WriteDigits<10>(end, number, kDigits)
-            : WriteDigits<16>(end, number, conversion.kind == 'x' ? kDigits : kCapitalDigits);
-    return PutPadded(out, begin, end, conversion);
-}
-
-bool PutSigned(Output* out, const Conversion& conversion, std::int64_t number) {
-    const std::uint64_t bits = static_cast<std::uint64_t>(number);
-    char digits[1 + kDigitsMax];
-    char* const end = digits + sizeof digits;
-    char* begin = WriteDigits<10>(end, number < 0 ? 0 - bits : bits, kDigits);
-    if (number < 0) {
-        *--begin = '-';
-    }
-    return PutPadded(out, begin, end, conversion);
-}
-
-/// Whether a conversion has nothing but what its kind is known with here.
-bool IsPlain(const Conversion& conversion) {
-    return conversion.kind == 's' ? conversion.width == 0 && conversion.longs == 0
-                                  : conversion.precision == SIZE_MAX;
-}
-
-/// Carries out one conversion. Returns 0, `kDoesNotFit` or `kNotPlain`.
-int Convert(Output* out, const Conversion& conversion, Arguments* args) {
-    if (!IsPlain(conversion)) {
-        return kNotPlain;
-    }
-    bool fits = false;
-    if (conversion.kind == 's') {
-        const char* text = va_arg(args->list, const char*);
-        if (text == nullptr) {
-            return kNotPlain;
-        }
-        fits = PutText(out, text, conversion.precision);
-    } else if (conversion.kind == 'd') {
-        const std::int64_t number = TakeSigned(conversion.longs, args);
-        if (number < 0 && conversion.padding == '0') {
-            return kNotPlain;  // the sign would have to come first
-        }
-        fits = PutSigned(out, conversion, number);
-    } else if (conversion.kind == 'u' || conversion.kind == 'x' || conversion.kind == 'X') {
-        fits = PutUnsigned(out, conversion, TakeUnsigned(conversion.longs, args));
-    } else {
-        return kNotPlain;
-    }
-    return fits ? 0 : kDoesNotFit;
-}
-
 int Format(Output* out, const char* format, Arguments* args) {
+    const char* const end = format + std::strlen(format);
     for (;;) {
-        format = PutLiteral(out, format);
-        if (*format == '\0') {
+        format = PutLiteral(out, format, end);
+        if (format == end) {
             return 0;
         }
         if (*format != '%') {
             return kDoesNotFit;
         }
         ++format;
-        const Conversion conversion = TakeConversion(&format, args);
-        const int result = Convert(out, conversion, args);
+        const int result = ConvertNext(out, &format, args);
         if (result != 0) {
             return result;
         }

@@ -184,9 +184,11 @@ void CheckPlainFormat(unsigned capacity, Input input) {
     static char whole[8192];
     const int length = std::snprintf(whole, sizeof whole, format.c_str(), libcValues[0],
                                      libcValues[1], libcValues[2], libcValues[3]);
+    const Block formatBlock(format.size() + 1);  // so that reading behind its end is seen
+    std::memcpy(formatBlock.get(), format.c_str(), format.size() + 1);
     const Block dest(capacity);
-    const int result = CallFormatPlain(dest.get(), capacity, format.c_str(), values[0], values[1],
-                                       values[2], values[3]);
+    const int result = CallFormatPlain(dest.get(), capacity, formatBlock.get(), values[0],
+                                       values[1], values[2], values[3]);
     const bool fits = length >= 0 && static_cast<unsigned>(length) < capacity;
     if (result >= 0) {
         Require(fits && result == length && std::strcmp(dest.get(), whole) == 0, "what libc says");

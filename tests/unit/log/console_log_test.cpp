@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <regex>
 #include <string>
 
@@ -129,6 +130,75 @@ TEST_F(ConsoleLog, LineIsUnsignedAndMessageTakesItsArguments) {
                                   0xA1418046U);
               }),
               "\033[m[DEBUG-%s]:%d[4294967295]:[gsensor] failed[0xA1418046]\n");
+}
+
+TEST_F(ConsoleLog, LinesOfEveryLength) {
+    ConsoleLogSetup(1, 0, 5);
+    const std::map<std::uint32_t, std::string> lines = {{0, "0"},
+                                                        {9, "9"},
+                                                        {10, "10"},
+                                                        {99, "99"},
+                                                        {100, "100"},
+                                                        {12345, "12345"},
+                                                        {999999999, "999999999"},
+                                                        {1000000000, "1000000000"}};
+    for (const auto& line : lines) {
+        EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(5, "P", "F", line.first, "m\n"); }),
+                  "\033[m[DEBUG-P]:F[" + line.second + "]:m\n");
+    }
+}
+
+TEST_F(ConsoleLog, LongNamesAreWrittenWhole) {
+    ConsoleLogSetup(1, 0, 5);
+    for (const std::size_t length : {1U, 199U, 200U, 201U, 398U, 399U, 400U, 401U, 402U, 470U, 480U,
+                                     490U, 500U, 510U, 511U, 512U, 513U, 5000U}) {
+        const std::string name(length, 'x');
+        EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(0, "P", name.c_str(), 1, "%d m\n", 2); }),
+                  "\033[m[\033[1;35mFATAL\033[m-P]:" + name + "[1]:2 m\n");
+        EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(5, name.c_str(), "F", 1, "%d m\n", 2); }),
+                  "\033[m[DEBUG-" + name + "]:F[1]:2 m\n");
+        EXPECT_EQ(CaptureStdout(
+                      [&] { ConsoleLogPrint(5, name.c_str(), name.c_str(), 0xFFFFFFFFU, "m\n"); }),
+                  "\033[m[DEBUG-" + name + "]:" + name + "[4294967295]:m\n");
+    }
+}
+
+TEST_F(ConsoleLog, TheLongestPrefixWithTime) {
+    ConsoleLogSetup(1, 1, 5);
+    for (const std::size_t length : {399U, 400U, 401U, 440U, 450U, 460U, 470U, 480U, 5000U}) {
+        const std::string name(length, 'x');
+        const std::string record =
+            CaptureStdout([&] { ConsoleLogPrint(0, "", name.c_str(), 0xFFFFFFFFU, "m\n"); });
+        ASSERT_GT(record.size(), 17U);
+        EXPECT_TRUE(std::regex_match(
+            record.substr(0, 17), std::regex("\033\\[m\\[[0-9]{2}:[0-9]{2}:[0-9]{2}:[0-9]{3} ")));
+        EXPECT_EQ(record.substr(17), "\033[1;35mFATAL\033[m-]:" + name + "[4294967295]:m\n");
+    }
+}
+
+TEST_F(ConsoleLog, RecordsOfEveryLength) {
+    ConsoleLogSetup(1, 0, 5);
+    for (std::size_t length = 440; length < 530; ++length) {
+        const std::string text(length, 'x');
+        EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(5, "P", "F", 1, "%s\n", text.c_str()); }),
+                  "\033[m[DEBUG-P]:F[1]:" + text + "\n");
+    }
+}
+
+TEST_F(ConsoleLog, RecordsKeepTheirOrderHoweverTheyAreWritten) {
+    ConsoleLogSetup(1, 0, 5);
+    const std::string name(500, 'x');
+    EXPECT_EQ(CaptureStdout([&] {
+                  ConsoleLogPrint(5, "P", "F", 1, "plain %d\n", 1);
+                  ConsoleLogPrint(5, "P", "F", 2, "for libc %.1f\n", 2.5);
+                  ConsoleLogPrint(5, "P", name.c_str(), 3, "long name\n");
+                  ConsoleLogSetup(1, 0, 6);
+                  ConsoleLogPrint(5, "P", "F", 4, "%s\n", name.c_str());
+                  ConsoleLogPrint(5, "P", "F", 5, "plain\n");
+              }),
+              "\033[m[DEBUG-P]:F[1]:plain 1\n\033[m[DEBUG-P]:F[2]:for libc 2.5\n\033[m[DEBUG-P]:" +
+                  name + "[3]:long name\nlevel is invalid\n\033[m[DEBUG-P]:F[4]:" + name +
+                  "\n\033[m[DEBUG-P]:F[5]:plain\n");
 }
 
 TEST_F(ConsoleLog, LongMessagesAreWrittenWhole) {

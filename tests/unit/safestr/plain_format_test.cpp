@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdarg>
+#include <cstddef>
 #include <cstdio>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -22,8 +25,8 @@ int Format(char* dest, std::size_t size, const char* format, ...) {
     return length;
 }
 
-/// Has libc format the same, and compares: with room to spare, with just enough, and with one byte
-/// less, where nothing beyond the capacity may be touched.
+/// Has libc format the same, and compares: with every capacity from one byte to some to spare.
+/// Nothing beyond the capacity may be touched.
 template <typename... Args>
 void ExpectAsLibc(const char* format, Args... args) {
 #pragma GCC diagnostic push
@@ -32,23 +35,97 @@ void ExpectAsLibc(const char* format, Args... args) {
     std::string expected(static_cast<std::size_t>(length) + 1, '#');
     std::snprintf(expected.data(), expected.size(), format, args...);
 #pragma GCC diagnostic pop
-    for (const std::size_t size : {expected.size() + 50, expected.size()}) {
+    for (std::size_t size = 1; size < expected.size() + 10; ++size) {
         std::vector<char> dest(size + 1, '#');
-        EXPECT_EQ(Format(dest.data(), size, format, args...), length) << format;
-        EXPECT_EQ(std::string(dest.data(), expected.size()), expected) << format;
-        EXPECT_EQ(dest[size], '#') << format;
+        const int result = Format(dest.data(), size, format, args...);
+        EXPECT_EQ(dest[size], '#') << format << " in " << size;
+        if (size < expected.size()) {
+            EXPECT_EQ(result, kDoesNotFit) << format << " in " << size;
+        } else {
+            EXPECT_EQ(result, length) << format << " in " << size;
+            EXPECT_EQ(std::string(dest.data(), expected.size()), expected) << format;
+        }
     }
-    if (length > 0) {
-        std::vector<char> dest(expected.size(), '#');
-        EXPECT_EQ(Format(dest.data(), expected.size() - 1, format, args...), kDoesNotFit) << format;
-        EXPECT_EQ(dest.back(), '#') << format;
+}
+
+/// A text at the end of a block of memory, so that reading behind it is noticed, and `offset` bytes
+/// behind the block's beginning.
+class TextInBlock {
+public:
+    TextInBlock(const std::string& text, std::size_t offset)
+        : bytes_(offset + text.size() + 1), offset_(offset) {
+        std::copy(text.begin(), text.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
     }
+
+    const char* c_str() const { return bytes_.data() + offset_; }
+
+private:
+    std::vector<char> bytes_;
+    std::size_t offset_;
+};
+
+/// A text without a '%' of that many characters, all different.
+std::string Literal(std::size_t length) {
+    std::string text(length, '\0');
+    std::iota(text.begin(), text.end(), 'A');
+    return text;
 }
 
 TEST(FormatPlain, Literals) {
     ExpectAsLibc("");
     ExpectAsLibc("text");
     ExpectAsLibc("\033[m[a]: b\n");
+}
+
+TEST(FormatPlain, LiteralsOfEveryLengthAtEveryPlace) {
+    for (std::size_t length = 0; length <= 40; ++length) {
+        for (std::size_t offset = 0; offset < 8; ++offset) {
+            ExpectAsLibc(TextInBlock(Literal(length), offset).c_str());
+        }
+    }
+}
+
+TEST(FormatPlain, LiteralsAroundConversions) {
+    for (std::size_t before = 0; before <= 17; ++before) {
+        for (std::size_t behind = 0; behind <= 17; ++behind) {
+            const std::string end = Literal(behind);
+            const std::string format = Literal(before) + "%d" + end + "%u" + end;
+            ExpectAsLibc(TextInBlock(format, before % 8).c_str(), -7, 42U);
+        }
+    }
+}
+
+TEST(FormatPlain, LiteralsGoAnywhereInTheDestination) {
+    for (std::size_t offset = 0; offset < 8; ++offset) {
+        for (std::size_t length = 0; length <= 24; ++length) {
+            const std::string text = Literal(length);
+            std::vector<char> dest(offset + length + 1, '#');
+            EXPECT_EQ(Format(dest.data() + offset, length + 1, text.c_str()),
+                      static_cast<int>(length));
+            EXPECT_EQ(std::string(dest.begin(), dest.end() - 1), std::string(offset, '#') + text);
+        }
+    }
+}
+
+TEST(FormatPlain, NumbersAroundPowers) {
+    unsigned long long power = 1;
+    for (int digits = 1; digits <= 20; ++digits, power *= 10) {
+        for (const unsigned long long number : {power - 1, power, power + 1}) {
+            ExpectAsLibc("[%d]", static_cast<int>(number));
+            ExpectAsLibc("[%d]", -static_cast<int>(number));
+            ExpectAsLibc("[%u]", static_cast<unsigned>(number));
+            ExpectAsLibc("[%lld]", static_cast<long long>(number));
+            ExpectAsLibc("[%llu]", number);
+            ExpectAsLibc("[%7u]", static_cast<unsigned>(number));
+        }
+    }
+    for (int bits = 0; bits < 64; ++bits) {
+        for (const unsigned long long number : {(1ULL << bits) - 1, 1ULL << bits}) {
+            ExpectAsLibc("%llx", number);
+            ExpectAsLibc("%X", static_cast<unsigned>(number));
+            ExpectAsLibc("%010x", static_cast<unsigned>(number));
+        }
+    }
 }
 
 TEST(FormatPlain, SignedNumbers) {
@@ -72,6 +149,7 @@ TEST(FormatPlain, ZerosBeforeNumbersThatAreNotNegative) {
         ExpectAsLibc("%05d", number);
         ExpectAsLibc("%03lld", static_cast<long long>(number));
         ExpectAsLibc("%0d", number);
+        ExpectAsLibc("%000004d", number);
     }
 }
 
@@ -105,6 +183,35 @@ TEST(FormatPlain, Texts) {
         }
         ExpectAsLibc("<%.3s>", text);
         ExpectAsLibc("<%.s>", text);
+    }
+}
+
+TEST(FormatPlain, TextsOfEveryLength) {
+    for (std::size_t length = 0; length <= 40; ++length) {
+        const TextInBlock text(Literal(length), length % 8);
+        ExpectAsLibc("%s", text.c_str());
+        ExpectAsLibc("text [%s], another [%s]", text.c_str(), text.c_str());
+        for (const int precision : {0, 1, 8, 39, 40}) {
+            ExpectAsLibc("%.*s]", precision, text.c_str());
+        }
+    }
+}
+
+TEST(FormatPlain, ShortFormatsLeaveWhatIsBehindTheTerminator) {
+    std::vector<char> dest(12, '#');
+    EXPECT_EQ(Format(dest.data(), dest.size(), "%s", "text"), 4);
+    EXPECT_EQ(std::string(dest.begin(), dest.end()), std::string("text\0#######", 12));
+    EXPECT_EQ(Format(dest.data(), dest.size(), "%d:%u,", 10, 2), 5);
+    EXPECT_EQ(std::string(dest.begin(), dest.end()), std::string("10:2,\0######", 12));
+}
+
+TEST(FormatPlain, NothingIsReadBehindAFormatThatEndsInAConversion) {
+    char dest[64];
+    for (const char* end : {"%", "%l", "%ll", "%0", "%5", "%12", "%.", "%.3", "%.*", "%5.3l"}) {
+        for (std::size_t length = 0; length <= 17; ++length) {
+            const TextInBlock format(Literal(length) + end, length % 8);
+            EXPECT_EQ(Format(dest, sizeof dest, format.c_str(), 1), kNotPlain) << format.c_str();
+        }
     }
 }
 
