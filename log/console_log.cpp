@@ -65,8 +65,8 @@ char* AppendTime(char* end) {
     return end + std::max(length, 0);
 }
 
-/// Begins a record with its prefix. Returns where it ends: at `text` when the names are too long to
-/// be gathered, and libc has written the prefix.
+/// Begins a record in `text` with its prefix. Returns where it ends. Names too long to be gathered
+/// are written by libc, with what stands before them.
 char* Begin(char* text, std::uint32_t level, const char* module, const char* function,
             std::uint32_t line) {
     const std::string_view tag = module;
@@ -77,12 +77,13 @@ char* Begin(char* text, std::uint32_t level, const char* module, const char* fun
     }
     end = Append(end, kLevelTexts[level]);
     if (tag.size() + name.size() > kNamesMax) {
-        std::printf("%.*s%s]:%s[%u]:", static_cast<int>(end - text), text, module, function, line);
-        return text;
+        std::printf("%.*s%s]:%s", static_cast<int>(end - text), text, module, function);
+        end = text;
+    } else {
+        end = Append(end, tag);
+        end = Append(end, "]:");
+        end = Append(end, name);
     }
-    end = Append(end, tag);
-    end = Append(end, "]:");
-    end = Append(end, name);
     end = Append(end, "[");
     end = AppendNumber(end, line);
     return Append(end, "]:");

@@ -77,15 +77,15 @@ Conversion TakeConversion(const char** format, Arguments* args) {
 
 /// Takes the bits of an integer, an `int` unless there are `longs`.
 std::uint64_t TakeBits(bool isSigned, unsigned longs, Arguments* args) {
-    if (longs == 0) {
-        const int number = va_arg(args->list, int);
-        return isSigned ? static_cast<std::uint64_t>(number) : static_cast<unsigned>(number);
+    if (longs > 1) {
+        return va_arg(args->list, unsigned long long);
     }
     if (longs == 1) {
         const long number = va_arg(args->list, long);
         return isSigned ? static_cast<std::uint64_t>(number) : static_cast<unsigned long>(number);
     }
-    return va_arg(args->list, unsigned long long);
+    const int number = va_arg(args->list, int);
+    return isSigned ? static_cast<std::uint64_t>(number) : static_cast<unsigned>(number);
 }
 
 // What follows returns 0, `kDoesNotFit` or `kNotPlain`.
@@ -165,9 +165,8 @@ int ConvertNext(Output* out, const char** format, Arguments* args) {
 /// Copies what stands in a format before the next '%' or the format's end, as much of it as there
 /// is room for. Returns where that ends.
 const char* PutLiteral(Output* out, const char* format, const char* end) {
-    // A machine of 32 bits would gain less from words than their code takes.
-    constexpr bool kInWords = sizeof(std::size_t) == sizeof(Word);
     constexpr std::ptrdiff_t kWord = sizeof(Word);
+    constexpr bool kInWords = kWord >= 8;  // four characters at a time gain less than it takes
     char* to = out->at;
     end = format + std::min(static_cast<std::size_t>(end - format), RoomIn(*out));
     for (; kInWords && end - format >= kWord; format += kWord, to += kWord) {
@@ -190,11 +189,8 @@ int Format(Output* out, const char* format, Arguments* args) {
     const char* const end = format + std::strlen(format);
     for (;;) {
         format = PutLiteral(out, format, end);
-        if (format == end) {
-            return 0;
-        }
         if (*format != '%') {
-            return kDoesNotFit;
+            return format == end ? 0 : kDoesNotFit;
         }
         ++format;
         const int result = ConvertNext(out, &format, args);

@@ -142,37 +142,29 @@ inline std::size_t CountCharacter(std::string_view text, char c) {
     return total;
 }
 
-/// The characters that a machine handles at a time: on one of 32 bits fewer than a `Word` has.
-using Piece = std::size_t;
-
-/// Copies as many characters as `AnyWord` has, and returns them.
-template <typename AnyWord = Piece>
-AnyWord CopyWord(char* to, const char* from) {
-    AnyWord word = 0;
-    std::memcpy(&word, from, sizeof word);
-    std::memcpy(to, &word, sizeof word);
-    return word;
-}
-
-/// Copies a text that has between one and two words of characters: its first and its last word.
-template <typename AnyWord>
-void CopyEnds(char* to, const char* from, std::size_t count) {
-    CopyWord<AnyWord>(to, from);
-    CopyWord<AnyWord>(to + count - sizeof(AnyWord), from + count - sizeof(AnyWord));
+/// Copies a text that has between one and two `Half`s of characters: its beginning and its end.
+template <typename Half>
+void CopyHalves(char* to, const char* from, std::size_t count) {
+    Half first = 0;
+    Half last = 0;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&last, from + count - sizeof last, sizeof last);
+    std::memcpy(to, &first, sizeof first);
+    std::memcpy(to + count - sizeof last, &last, sizeof last);
 }
 
 /// Copies `count` characters to where there is room for them; the two do not overlap.
 inline void CopyText(char* to, const char* from, std::size_t count) {
-    constexpr std::size_t kTwo = 2 * sizeof(Piece);
-    // Two pieces at a time: of one, and of single characters, compilers make a call of memcpy.
+    constexpr std::size_t kTwo = 2 * sizeof(Word);
+    // Two words at a time: of one, compilers make a call of memcpy.
     for (; count > kTwo; count -= kTwo, to += kTwo, from += kTwo) {
-        CopyWord(to, from);
-        CopyWord(to + sizeof(Piece), from + sizeof(Piece));
+        StoreWord(to, LoadWord(from));
+        StoreWord(to + sizeof(Word), LoadWord(from + sizeof(Word)));
     }
-    if (count >= sizeof(Piece)) {
-        CopyEnds<Piece>(to, from, count);
+    if (count >= sizeof(Word)) {
+        CopyHalves<Word>(to, from, count);
     } else if (count >= sizeof(std::uint32_t)) {
-        CopyEnds<std::uint32_t>(to, from, count);
+        CopyHalves<std::uint32_t>(to, from, count);
     } else {
         for (std::size_t at = 0; at < count; ++at) {
             to[at] = from[at];
