@@ -20,10 +20,6 @@ struct Conversion {
     char kind;
 };
 
-/// A number as it is.
-constexpr Conversion kDecimal = {
-    .width = 0, .precision = SIZE_MAX, .longs = 0, .padding = ' ', .kind = 'd'};
-
 /// The arguments, in a form that can be handed on by reference whatever `va_list` is.
 struct Arguments {
     std::va_list list;
@@ -148,7 +144,8 @@ int ConvertDecimal(Output* out, bool isSigned, Arguments* args) {
         *out->at++ = static_cast<char>('0' + bits);
         return 0;
     }
-    return PutNumber(out, kDecimal, bits);
+    return PutNumber(
+        out, {.width = 0, .precision = SIZE_MAX, .longs = 0, .padding = ' ', .kind = 'd'}, bits);
 }
 
 /// Carries out the conversion that stands at `*format`.
