@@ -22,12 +22,13 @@ public:
     void* Take(std::uint64_t size);
 
 private:
-    /// The head of a piece of the heap. As long as a piece is aligned.
+    /// The head of a piece of memory that the system gave.
     struct alignas(8) Chunk {
         Chunk* next;
+        std::size_t size;
     };
 
-    static constexpr std::size_t kChunkSize = std::size_t{256} * 1024;
+    static constexpr std::size_t kChunkSize = std::size_t{256} * 1024 - sizeof(Chunk);
 
     char* NewChunk(std::uint64_t size);
 

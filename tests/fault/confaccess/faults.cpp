@@ -1,5 +1,6 @@
 #include "fault/confaccess/faults.h"
 
+#include <sys/mman.h>
 #include <sys/types.h>
 
 #include <cerrno>
@@ -65,6 +66,9 @@ void* __real_calloc(std::size_t count, std::size_t size);
 void* __real_realloc(void* memory, std::size_t size);
 char* __real_strdup(const char* text);
 void __real_free(void* memory);
+void* __real_mmap(void* address, std::size_t size, int protection, int flags, int file,
+                  off_t offset);
+int __real_munmap(void* memory, std::size_t size);
 int __real_open(const char* path, int flags, ...);
 int __real_close(int file);
 ssize_t __real_pread(int file, void* bytes, std::size_t size, off_t offset);
@@ -92,6 +96,20 @@ char* __wrap_strdup(const char* text) {
 void __wrap_free(void* memory) {
     GivenBack(memory);
     __real_free(memory);
+}
+
+void* __wrap_mmap(void* address, std::size_t size, int protection, int flags, int file,
+                  off_t offset) {
+    if (Fails(Fault::kAllocation)) {
+        errno = ENOMEM;
+        return MAP_FAILED;
+    }
+    return Taken(__real_mmap(address, size, protection, flags, file, offset));
+}
+
+int __wrap_munmap(void* memory, std::size_t size) {
+    GivenBack(memory);
+    return __real_munmap(memory, size);
 }
 
 int __wrap_open(const char* path, int flags, ...) {

@@ -6,7 +6,7 @@ namespace paramgen::testing {
 
 enum class Fault {
     kNone,
-    kAllocation,  ///< malloc, calloc, realloc, strdup: no memory
+    kAllocation,  ///< malloc, calloc, realloc, strdup, mmap: no memory
     kOpen,        ///< open: no such file
     kRead,        ///< pread: an error
     kFormat,      ///< vsnprintf: -1

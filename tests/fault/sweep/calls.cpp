@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <pthread.h>
+#include <sys/mman.h>
 #include <sys/time.h>
 #include <unistd.h>
 
@@ -224,6 +225,9 @@ char* strdup(const char* text) {
     return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
 }
 
+void* __real_mmap(void* address, std::size_t size, int protection, int flags, int file,
+                  off_t offset);
+int __real_munmap(void* memory, std::size_t size);
 int __real_fclose(std::FILE* file);
 int __real_fflush(std::FILE* file);
 std::size_t __real_fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* file);
@@ -246,6 +250,18 @@ static bool IsRefused(const char* path) {
     }
     errno = EMFILE;
     return true;
+}
+
+void* __wrap_mmap(void* address, std::size_t size, int protection, int flags, int file,
+                  off_t offset) {
+    return Fails(Kind::kAllocation)
+               ? (OutOfMemory(), MAP_FAILED)
+               : Taken(__real_mmap(address, size, protection, flags, file, offset));
+}
+
+int __wrap_munmap(void* memory, std::size_t size) {
+    GivenBack(memory);
+    return __real_munmap(memory, size);
 }
 
 // Files that are read are descriptors, and those that are written are streams.

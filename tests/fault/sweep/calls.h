@@ -9,7 +9,7 @@
 namespace paramgen::testing {
 
 enum class Kind {
-    kAllocation,    ///< malloc, calloc, realloc, strdup
+    kAllocation,    ///< malloc, calloc, realloc, strdup, mmap
     kOpen,          ///< open, fopen
     kRead,          ///< pread
     kWrite,         ///< a block written to a file
