@@ -23,10 +23,15 @@ bool Dictionary::Create(const Text& text, Arena* arena) {
     const std::size_t lines = 1 + CountCharacter(text.View(), '\n');
     // At most three quarters of the slots are taken.
     const std::size_t slots = std::bit_ceil(lines + lines / 3 + 1);
-    slotCount_ = static_cast<std::uint32_t>(slots);
+    slotMask_ = static_cast<std::uint32_t>(slots - 1);
+    numberMask_ = static_cast<std::uint32_t>(std::bit_ceil(lines + 1) - 1);
     slots_ = static_cast<Slot*>(arena->Take(std::uint64_t{slots} * sizeof(Slot)));
     entries_ = static_cast<Entry*>(arena->Take(std::uint64_t{lines} * sizeof(Entry)));
     return slots_ != nullptr && entries_ != nullptr;
+}
+
+Dictionary::Entry* Dictionary::EntryOf(Slot slot) const {
+    return entries_ + ((slot & numberMask_) - 1);
 }
 
 std::uint32_t Dictionary::PlaceOf(std::string_view part) const {
@@ -46,10 +51,9 @@ bool Dictionary::IsKeyOf(const Entry& entry, std::string_view key) const {
 
 /// The slot of `key`, or the free one that it would take.
 Dictionary::Slot* Dictionary::FindSlot(std::string_view key, std::uint32_t hash) const {
-    const std::uint32_t mask = slotCount_ - 1;
-    for (std::uint32_t at = hash & mask;; at = (at + 1) & mask) {
+    for (std::uint32_t at = hash & slotMask_;; at = (at + 1) & slotMask_) {
         Slot* slot = slots_ + at;
-        if (slot->entry == 0 || (slot->hash == hash && IsKeyOf(entries_[slot->entry - 1], key))) {
+        if (*slot == 0 || (((*slot ^ hash) & ~numberMask_) == 0 && IsKeyOf(*EntryOf(*slot), key))) {
             return slot;
         }
     }
@@ -59,11 +63,11 @@ Dictionary::Slot* Dictionary::FindSlot(std::string_view key, std::uint32_t hash)
 void Dictionary::Set(std::string_view key, const Entry& entry) {
     const std::uint32_t hash = HashInAnyCase(key);
     Slot* slot = FindSlot(key, hash);
-    if (slot->entry == 0) {
+    if (*slot == 0) {
         ++count_;
-        *slot = {.hash = hash, .entry = count_};
+        *slot = (hash & ~numberMask_) | count_;
     }
-    entries_[slot->entry - 1] = entry;
+    *EntryOf(*slot) = entry;
 }
 
 void Dictionary::SetSection(std::string_view section) {
@@ -85,11 +89,11 @@ void Dictionary::SetValue(std::string_view key, std::string_view section, std::s
 }
 
 const char* Dictionary::Get(std::string_view key, const char* defaultValue) const {
-    const Slot* slot = FindSlot(key, HashInAnyCase(key));
-    if (slot->entry == 0) {
+    const Slot slot = *FindSlot(key, HashInAnyCase(key));
+    if (slot == 0) {
         return defaultValue;
     }
-    const Entry& entry = entries_[slot->entry - 1];
+    const Entry& entry = *EntryOf(slot);
     return entry.value == Entry::kNoValue ? nullptr : text_.bytes + entry.value;
 }
 

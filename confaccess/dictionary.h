@@ -43,12 +43,11 @@ public:
 private:
     struct Entry;
 
-    /// A key's hash and the number of its entry, from 1 on; 0 in a free slot.
-    struct Slot {
-        std::uint32_t hash;
-        std::uint32_t entry;
-    };
+    /// The number of a key's entry, from 1 on, in the low bits, as many as the largest takes; above
+    /// it those of the key's hash, by which most other keys are told apart. 0: the slot is free.
+    using Slot = std::uint32_t;
 
+    Entry* EntryOf(Slot slot) const;
     std::uint32_t PlaceOf(std::string_view part) const;
     bool IsKeyOf(const Entry& entry, std::string_view key) const;
     Slot* FindSlot(std::string_view key, std::uint32_t hash) const;
@@ -57,8 +56,9 @@ private:
     Text text_;
     Slot* slots_ = nullptr;
     Entry* entries_ = nullptr;
-    std::uint32_t slotCount_ = 0;  ///< a power of two
-    std::uint32_t count_ = 0;      ///< of keys and entries
+    std::uint32_t slotMask_ = 0;    ///< the number of slots, a power of two, less 1
+    std::uint32_t numberMask_ = 0;  ///< the bits of a slot that are an entry's number
+    std::uint32_t count_ = 0;       ///< of keys and entries
 };
 
 }  // namespace paramgen
