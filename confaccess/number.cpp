@@ -12,11 +12,13 @@ constexpr std::int64_t kIntegerMax = std::numeric_limits<std::int32_t>::max();
 constexpr int kNoDigit = 99;  // above every base
 
 int DigitOf(char c) {
-    if (c >= '0' && c <= '9') {
-        return c - '0';
+    // Characters before the first of a range wrap around to large numbers.
+    const unsigned figure = static_cast<unsigned char>(c) - unsigned{'0'};
+    if (figure < 10) {
+        return static_cast<int>(figure);
     }
-    const unsigned char lower = static_cast<unsigned char>(c) | 0x20U;
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : kNoDigit;
+    const unsigned letter = (static_cast<unsigned char>(c) | 0x20U) - unsigned{'a'};
+    return letter < 6 ? static_cast<int>(letter) + 10 : kNoDigit;
 }
 
 /// The base that a text in prefixed notation asks for; moves `text` past a "0x".
