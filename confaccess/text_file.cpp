@@ -11,8 +11,14 @@ namespace {
 /// An open file.
 class Descriptor {
 public:
-    // Opening alone would wait for somebody who writes to a pipe.
-    explicit Descriptor(const char* path) : number_(open(path, O_RDONLY | O_NONBLOCK)) {}
+    explicit Descriptor(const char* path) {
+        // Opening alone would wait for somebody who writes to a pipe.
+        number_ = open(path, O_RDONLY | O_NONBLOCK);
+        if (number_ == -1 && errno == EWOULDBLOCK) {
+            // A file that another program, a file server for one, has a lease of: it gives it back.
+            number_ = open(path, O_RDONLY);
+        }
+    }
     ~Descriptor() {
         if (IsOpen()) {
             close(number_);

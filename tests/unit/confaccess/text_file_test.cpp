@@ -1,9 +1,11 @@
 #include "confaccess/text_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <string>
 
@@ -64,6 +66,24 @@ TEST_F(TextFile, IsEmptyWhereThereIsADirectory) {
     if (access("/dev/shm", R_OK) == 0) {
         ExpectText("/dev/shm", "");
     }
+}
+
+int g_leased = -1;
+
+void GiveLeaseBack(int /*signal*/) {
+    fcntl(g_leased, F_SETLEASE, F_UNLCK);
+}
+
+TEST_F(TextFile, ThatIsLeasedIsWaitedFor) {
+    const std::string path = directory_.Write("file", "text");
+    g_leased = open(path.c_str(), O_RDONLY);
+    const auto before = std::signal(SIGIO, GiveLeaseBack);
+    if (fcntl(g_leased, F_SETLEASE, F_WRLCK) == 0) {  // not every file system has leases
+        ExpectText(path, "text");
+        EXPECT_EQ(fcntl(g_leased, F_GETLEASE), F_UNLCK);
+    }
+    std::signal(SIGIO, before);
+    close(g_leased);
 }
 
 TEST_F(TextFile, MissingIsUnreadable) {
