@@ -14,15 +14,14 @@ Arena::~Arena() {
     }
 }
 
-/// Returns `size` new bytes behind a chunk's head, or null.
-char* Arena::NewChunk(std::uint64_t size) {
+/// Returns `size` new bytes behind a chunk's head, or null. `flags` are of mmap.
+char* Arena::NewChunk(std::uint64_t size, int flags) {
     if (size > SIZE_MAX - sizeof(Chunk)) {
         return nullptr;
     }
     const std::size_t whole = sizeof(Chunk) + static_cast<std::size_t>(size);
-    // With all of its pages at once: that costs less than each when it is touched first.
-    void* memory = mmap(nullptr, whole, PROT_READ | PROT_WRITE,
-                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
+    void* memory =
+        mmap(nullptr, whole, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | flags, -1, 0);
     if (memory == MAP_FAILED) {
         return nullptr;
     }
@@ -34,12 +33,14 @@ char* Arena::NewChunk(std::uint64_t size) {
 
 void* Arena::Take(std::uint64_t size) {
     if (size > kChunkSize / 4) {
-        return NewChunk(size);  // the rest of the present one serves smaller pieces
+        return NewChunk(size, 0);  // the rest of the present one serves smaller pieces
     }
     const std::size_t taken =
         (static_cast<std::size_t>(size) + alignof(Chunk) - 1) / alignof(Chunk) * alignof(Chunk);
     if (taken > left_) {
-        char* chunk = NewChunk(kChunkSize);
+        // With all of its pages at once: that costs less than each when it is touched first. Of a
+        // large piece much may never be touched.
+        char* chunk = NewChunk(kChunkSize, MAP_POPULATE);
         if (chunk == nullptr) {
             return nullptr;
         }

@@ -30,7 +30,7 @@ private:
 
     static constexpr std::size_t kChunkSize = std::size_t{256} * 1024 - sizeof(Chunk);
 
-    char* NewChunk(std::uint64_t size);
+    char* NewChunk(std::uint64_t size, int flags);
 
     Chunk* chunks_ = nullptr;
     char* at_ = nullptr;  ///< what is left of the chunk that pieces are cut from
