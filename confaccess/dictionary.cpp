@@ -89,11 +89,15 @@ void Dictionary::SetValue(std::string_view key, std::string_view section, std::s
 }
 
 const char* Dictionary::Get(std::string_view key, const char* defaultValue) const {
-    const Slot slot = *FindSlot(key, HashInAnyCase(key));
-    if (slot == 0) {
-        return defaultValue;
+    if (next_ >= count_ || !IsKeyOf(entries_[next_], key)) {
+        const Slot slot = *FindSlot(key, HashInAnyCase(key));
+        if (slot == 0) {
+            return defaultValue;
+        }
+        next_ = (slot & numberMask_) - 1;
     }
-    const Entry& entry = *EntryOf(slot);
+    const Entry& entry = entries_[next_];
+    ++next_;
     return entry.value == Entry::kNoValue ? nullptr : text_.bytes + entry.value;
 }
 

@@ -34,7 +34,7 @@ public:
                   std::string_view value);
 
     /// The value of `key`, in any case; null for a section, and `defaultValue` when there is no
-    /// such key.
+    /// such key. Not to be called by two threads at once.
     const char* Get(std::string_view key, const char* defaultValue) const;
 
     /// The number of keys.
@@ -59,6 +59,10 @@ private:
     std::uint32_t slotMask_ = 0;    ///< the number of slots, a power of two, less 1
     std::uint32_t numberMask_ = 0;  ///< the bits of a slot that are an entry's number
     std::uint32_t count_ = 0;       ///< of keys and entries
+
+    /// The entry behind the one that was found last, counted from 0. Loaders mostly ask in the
+    /// order in which a file has its keys, so that two of three look-ups need no hash.
+    mutable std::uint32_t next_ = 0;
 };
 
 }  // namespace paramgen

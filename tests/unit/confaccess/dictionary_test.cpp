@@ -170,6 +170,34 @@ TEST_F(DictionaryTest, EveryLineMayBeAKey) {
     }
 }
 
+TEST_F(DictionaryTest, KeysAreFoundInWhateverOrderTheyAreAskedFor) {
+    for (int section = 0; section < 5; ++section) {
+        Section("s" + std::to_string(section));
+        for (int name = 0; name < 5; ++name) {
+            Value("s" + std::to_string(section), "k" + std::to_string(name),
+                  std::to_string(section) + std::to_string(name));
+        }
+    }
+    Value("s2", "k2", "replaced");
+    Fill();
+    // Every key right behind every other, and behind one that is absent.
+    for (int first = 0; first < 25; ++first) {
+        for (int second = 0; second < 25; ++second) {
+            for (const int number : {first, second}) {
+                const std::string section = std::to_string(number / 5);
+                const std::string name = std::to_string(number % 5);
+                ASSERT_EQ(Get("s" + section + ":k" + name, ""),
+                          number == 12 ? "replaced" : section + name)
+                    << first << ' ' << second;
+                ASSERT_STREQ(Get("s" + section + ":absent", "default"), "default");
+                ASSERT_STREQ(Get("s" + section + ":k" + name + "x", "default"), "default");
+            }
+            ASSERT_EQ(Get("s" + std::to_string(second % 5), "default"), nullptr);
+        }
+    }
+    EXPECT_EQ(Count(), 30U);
+}
+
 TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
     // Among numbered keys, some tens of thousands are enough for two of one hash.
     std::map<std::uint32_t, std::string> seen;
