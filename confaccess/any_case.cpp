@@ -45,16 +45,7 @@ std::uint32_t HashInAnyCase(std::string_view text) {
 }
 
 bool SameInAnyCase(const char* a, const char* b, std::size_t count) {
-    if (count < sizeof(Word)) {
-        return IsSame(LoadPart(a, count), LoadPart(b, count));
-    }
-    const std::size_t last = count - sizeof(Word);
-    for (std::size_t at = 0; at < last; at += sizeof(Word)) {
-        if (!IsSame(LoadWord(a + at), LoadWord(b + at))) {
-            return false;
-        }
-    }
-    return IsSame(LoadWord(a + last), LoadWord(b + last));
+    return SameByWords(a, b, count, IsSame);
 }
 
 }  // namespace paramgen

@@ -113,18 +113,25 @@ inline std::size_t FindEither(std::string_view text, char a, char b) {
     return FindMarked(text, [=](Word word) { return MarkFirst(word, a) | MarkFirst(word, b); });
 }
 
-/// Whether `count` characters at `a` are those at `b`.
-inline bool SameCharacters(const char* a, const char* b, std::size_t count) {
+/// Whether `isSame` holds for all words of `count` characters at `a` and of as many at `b`. The
+/// last ones of a text overlap those before; zeros fill up a short text.
+template <typename IsSame>
+bool SameByWords(const char* a, const char* b, std::size_t count, IsSame isSame) {
     if (count < sizeof(Word)) {
-        return LoadPart(a, count) == LoadPart(b, count);
+        return isSame(LoadPart(a, count), LoadPart(b, count));
     }
     const std::size_t last = count - sizeof(Word);
     for (std::size_t at = 0; at < last; at += sizeof(Word)) {
-        if (LoadWord(a + at) != LoadWord(b + at)) {
+        if (!isSame(LoadWord(a + at), LoadWord(b + at))) {
             return false;
         }
     }
-    return LoadWord(a + last) == LoadWord(b + last);
+    return isSame(LoadWord(a + last), LoadWord(b + last));
+}
+
+/// Whether `count` characters at `a` are those at `b`.
+inline bool SameCharacters(const char* a, const char* b, std::size_t count) {
+    return SameByWords(a, b, count, [](Word one, Word other) { return one == other; });
 }
 
 /// How often `c` stands in `text`.
