@@ -67,6 +67,7 @@ private:
 
 // Every query below returns `kBadArgument`, `kNoConfiguration` or `kNoModule` where those apply,
 // and then leaves its out argument alone. A key that is absent, or names a section, has no value.
+// A name without data counts as a null argument.
 
 /// Stores in `value` a heap copy of the key's value, which the caller frees; of `defaultValue`,
 /// when there is no such key; null when that is null too. Returns `kOutOfMemory` when there is no
