@@ -3,15 +3,33 @@
 #include <sys/mman.h>
 
 #include <cstdint>
+#include <cstring>
 
 namespace paramgen {
 
 Arena::~Arena() {
-    while (chunks_ != nullptr) {
+    FreeChunksUpTo(nullptr);
+}
+
+/// Frees the chunks that are newer than `last`.
+void Arena::FreeChunksUpTo(const Chunk* last) {
+    while (chunks_ != last) {
         Chunk* next = chunks_->next;
         munmap(chunks_, chunks_->size);
         chunks_ = next;
     }
+}
+
+void Arena::BackTo(const Mark& mark) {
+    // What is given out again is to be zeros. If another chunk has been begun, all that was left of
+    // this one may have been used.
+    const bool isSameChunk = at_ + left_ == mark.at + mark.left;
+    FreeChunksUpTo(mark.chunks);
+    if (mark.left != 0) {
+        std::memset(mark.at, 0, isSameChunk ? mark.left - left_ : mark.left);
+    }
+    at_ = mark.at;
+    left_ = mark.left;
 }
 
 /// Returns `size` new bytes behind a chunk's head, or null. `flags` are of mmap.

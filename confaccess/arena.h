@@ -6,7 +6,8 @@
 
 namespace paramgen {
 
-/// Gives out pieces of memory that live as long as the arena.
+/// Gives out pieces of memory that live as long as the arena, the last of them not quite as long if
+/// they turn out to be of no use.
 ///
 /// What is registered is made of many pieces of many sizes that come once and go together. Cut from
 /// one large piece they cost no call of malloc each, and touch hardly more pages than they fill.
@@ -28,9 +29,23 @@ private:
         std::size_t size;
     };
 
+public:
+    /// How much has been given out at some time.
+    struct Mark {
+        Chunk* chunks;
+        char* at;
+        std::size_t left;
+    };
+    Mark Now() const { return {.chunks = chunks_, .at = at_, .left = left_}; }
+
+    /// Takes back all pieces that were given out after `mark`.
+    void BackTo(const Mark& mark);
+
+private:
     static constexpr std::size_t kChunkSize = std::size_t{256} * 1024 - sizeof(Chunk);
 
     char* NewChunk(std::uint64_t size, int flags);
+    void FreeChunksUpTo(const Chunk* last);
 
     Chunk* chunks_ = nullptr;
     char* at_ = nullptr;  ///< what is left of the chunk that pieces are cut from

@@ -19,7 +19,8 @@
 namespace paramgen {
 
 /// What went wrong last in this reader. Kept for the eye of a debugger; nothing depends on it. (3
-/// and 4, a dictionary that cannot grow or take a key, end in 7 at once.)
+/// and 4, a dictionary that cannot grow or take a key, do not come about: it has room for all keys
+/// before the first one, or ends in 7.)
 enum class IniError : std::int32_t {
     kNone = 0,
     kNullArgument = 1,

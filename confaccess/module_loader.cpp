@@ -139,11 +139,13 @@ Status CONFACCESS_ModuleInfo(ConfigEntry* config) {
         return kNoModuleCount;
     }
     for (std::int32_t index = 0; index < count; ++index) {
+        const Arena::Mark before = config->memory.Now();
         const Status status = CONFACCESS_InitModule(config, index + 1);
         if (IsFatal(status)) {
             return status;
         }
         if (status != kOk) {
+            config->memory.BackTo(before);
             ZV_LOG_PrintfInfo(kConfAccessTag, kLibraryWarn, __func__, 245,
                               "load module[%d] failed\n", index);
         }

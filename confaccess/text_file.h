@@ -24,7 +24,8 @@ enum class ReadResult { kRead, kUnreadable, kNoMemory };
 
 /// Reads the file at `path` into memory from `arena`, and tells where in `text`. A directory counts
 /// as empty, and so does whatever says that it has 0 bytes. What has more than `kTextMax` is
-/// unreadable, and so is what might have to be waited for: a pipe, for one.
+/// unreadable, and so is what might have to be waited for: a pipe, for one. (But not a file that
+/// another program has a lease of, which it gives back.)
 ReadResult ReadTextFile(const char* path, Arena* arena, Text* text);
 
 }  // namespace paramgen

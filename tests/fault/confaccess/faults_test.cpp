@@ -255,6 +255,33 @@ TEST_F(RegistrationFaults, DirectoryThatFailsLeavesTheModuleOut) {
                        "failed\n"}));
 }
 
+TEST_F(RegistrationFaults, ModulesThatAreLeftOutHoldNothing) {
+    directory_.Write("bad.ini", LargeFile() + "no INI line\n");
+    std::string entry = "[module]\nmodule_num = 1000\n";
+    for (int number = 1; number <= 1000; ++number) {
+        const std::string name = std::to_string(number);
+        const std::string file = number == 1000      ? "mod.ini"
+                                 : number % 100 == 0 ? "bad.ini"
+                                                     : "no.ini";
+        entry += "module" + name + " = m" + name + "\n[m" + name + "]\ncfg_filename = " + file +
+                 "\n[module]\n";
+    }
+    directory_.Write("entry.ini", entry);
+    const Outcome outcome = Observe([&] {
+        const FaultWatch watch(Fault::kNone, 0);
+        EXPECT_EQ(ZV_CONFACCESS_Init("cfg", entry_.c_str()), 0);
+        // The configuration, a chunk, and what the entry file takes.
+        EXPECT_LE(watch.Held(), 4);
+        const char* value = nullptr;
+        EXPECT_EQ(CONFACCESS_FindString(LockedModule("cfg", "m1000"), "s:key", nullptr, &value), 0);
+        EXPECT_STREQ(value, "value");
+        EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+        EXPECT_EQ(watch.Held(), 0);
+        return kOk;
+    });
+    EXPECT_EQ(outcome.status, kOk);
+}
+
 TEST_F(RegistrationFaults, AllThatIsHeldIsGivenBack) {
     directory_.Write("entry.ini",
                      "[module]\nmodule_num = 2\nmodule1 = mod\nmodule2 = two\n"

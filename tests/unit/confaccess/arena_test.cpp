@@ -65,5 +65,45 @@ TEST(Arena, GivesNothingBeyondAllMemory) {
     ExpectMarked(TakeMarked(&arena, 100, 1));
 }
 
+TEST(Arena, TakesBackWhatCameAfterAMark) {
+    // Small pieces, a large one, and as many small ones as begin another chunk; from an arena that
+    // is empty, from one with a piece, and from one whose chunk is nearly full.
+    for (const int before : {0, 1, 40}) {
+        for (const int after : {0, 1, 300}) {
+            for (const std::size_t large : {0U, 100'000U}) {
+                Arena arena;
+                std::vector<Piece> kept;
+                for (int number = 0; number < before; ++number) {
+                    kept.push_back(
+                        TakeMarked(&arena, 6000, static_cast<unsigned char>(number + 1)));
+                }
+                const Arena::Mark mark = arena.Now();
+                void* const next = before == 1 ? arena.Take(1) : nullptr;
+                for (int number = 0; number < after; ++number) {
+                    TakeMarked(&arena, 1000, 0xFF);
+                }
+                if (large != 0) {
+                    TakeMarked(&arena, large, 0xFF);
+                }
+                TakeMarked(&arena, 10, 0xFF);
+                arena.BackTo(mark);
+                for (const Piece& piece : kept) {
+                    ExpectMarked(piece);
+                }
+                if (next != nullptr) {
+                    EXPECT_EQ(arena.Take(1), next);
+                }
+                // Zeros again, and nobody else's.
+                for (int number = 0; number < 400; ++number) {
+                    kept.push_back(TakeMarked(&arena, 1000, 0x55));
+                }
+                for (const Piece& piece : kept) {
+                    ExpectMarked(piece);
+                }
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace paramgen::testing

@@ -198,6 +198,18 @@ TEST_F(DictionaryTest, KeysAreFoundInWhateverOrderTheyAreAskedFor) {
     EXPECT_EQ(Count(), 30U);
 }
 
+TEST_F(DictionaryTest, TheKeyBehindTheOneThatWasFoundIsComparedWhole) {
+    Value("one", "a", "1");
+    Value("one", "b", "2");
+    Fill();
+    for (const char* other : {"one.b", "onx:b", "one:c", "one:b ", "one:", "one"}) {
+        EXPECT_STREQ(Get("one:a", nullptr), "1");
+        EXPECT_STREQ(Get(other, "default"), "default") << other;
+    }
+    EXPECT_STREQ(Get("one:b", nullptr), "2");
+    EXPECT_STREQ(Get("one:c", "default"), "default");
+}
+
 TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
     // Among numbered keys, some tens of thousands are enough for two of one hash.
     std::map<std::uint32_t, std::string> seen;

@@ -250,6 +250,22 @@ TEST_F(IniReader, IntegersAreInPrefixedNotation) {
     EXPECT_EQ(FindInteger(*dictionary, "s:n", 5), 5);
 }
 
+TEST_F(IniReader, AbsentKeysAreAbsentHoweverManyThereAre) {
+    // Every line is a key, the last one too.
+    std::string bytes;
+    for (int count = 1; count < 70; ++count) {
+        bytes += (count == 1 ? "k" : "\nk") + std::to_string(count) + "=1";
+        const Dictionary* dictionary = Load(bytes);
+        ASSERT_NE(dictionary, nullptr);
+        EXPECT_EQ(dictionary->Count(), static_cast<unsigned>(count));
+        for (int other = 0; other < 100; ++other) {
+            const bool isThere = other >= 1 && other <= count;
+            ASSERT_STREQ(FindText(*dictionary, ":k" + std::to_string(other), "no"),
+                         isThere ? "1" : "no");
+        }
+    }
+}
+
 TEST_F(IniReader, FileOfAHundredThousandKeysLoadsInShortTime) {
     std::string bytes;
     for (int number = 0; number < 100'000; ++number) {
