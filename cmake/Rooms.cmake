@@ -1,8 +1,13 @@
 # Rooms: the program's layers, one static library each. A room may include and call what it uses,
 # directly or through others, and nothing else; the configure step refuses an arrow back.
+#
+# The program's rooms are compiled a second time for its companion, with PARAMGEN_DESCRIBED: rows of
+# field tables then carry their descriptions, and what happens in a run can be watched. Nothing of
+# that is in the program itself.
 
 # paramgen_room(<directory> [USES <directory>...] [EXCEPT <file>...])
-# Makes the library of a room from the sources of its directory.
+# Makes the library of a room of the program from the sources of its directory, and the library
+# <room>_described of its second compilation.
 function(paramgen_room directory)
   cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})
   string(REPLACE "/" "_" target "${directory}")
@@ -28,6 +33,46 @@ function(paramgen_room directory)
   set_target_properties(${target} PROPERTIES
     PARAMGEN_VISIBLE "${visible}"
     INTERPROCEDURAL_OPTIMIZATION_RELEASE ${PARAMGEN_WHOLE_PROGRAM})
+  paramgen_check_includes("${visible}" ${sources} ${headers})
+
+  add_library(${target}_described STATIC EXCLUDE_FROM_ALL ${sources})
+  target_compile_definitions(${target}_described PUBLIC PARAMGEN_DESCRIBED)
+  target_include_directories(${target}_described PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${target}_described PRIVATE paramgen_flags)
+  foreach(used IN LISTS ROOM_USES)
+    string(REPLACE "/" "_" used_target "${used}")
+    target_link_libraries(${target}_described PUBLIC ${used_target}_described)
+  endforeach()
+endfunction()
+
+# paramgen_companion_room(<directory> [USES <directory>...] [LIBRARIES <library>...])
+# Makes the library of a room of the companion, which may use all of C++. Rooms of the program that it
+# uses are those of the second compilation.
+function(paramgen_companion_room directory)
+  cmake_parse_arguments(ROOM "" "" "USES;EXCEPT;LIBRARIES" ${ARGN})
+  string(REPLACE "/" "_" target "${directory}")
+  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.cpp")
+  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.h")
+  foreach(file IN LISTS ROOM_EXCEPT)
+    list(REMOVE_ITEM sources "${PROJECT_SOURCE_DIR}/${directory}/${file}")
+  endforeach()
+
+  set_property(GLOBAL APPEND PROPERTY PARAMGEN_COMPANION_ROOMS "${directory}")
+  add_library(${target} STATIC ${sources} ${headers})
+  target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${target} PUBLIC ${ROOM_LIBRARIES} PRIVATE paramgen_flags)
+  set(visible "${directory}")
+  foreach(used IN LISTS ROOM_USES)
+    string(REPLACE "/" "_" used_target "${used}")
+    get_target_property(behind ${used_target} PARAMGEN_VISIBLE)
+    list(APPEND visible ${behind})
+    if(TARGET ${used_target}_described)
+      set(used_target ${used_target}_described)
+    endif()
+    target_link_libraries(${target} PUBLIC ${used_target})
+  endforeach()
+  list(REMOVE_DUPLICATES visible)
+  set_target_properties(${target} PROPERTIES PARAMGEN_VISIBLE "${visible}")
   paramgen_check_includes("${visible}" ${sources} ${headers})
 endfunction()
 

@@ -14,7 +14,10 @@
 ///   for a nested record: the prefix that it is given;
 /// - `.From(module)`: the loader reads the row, or the nested record, from this module;
 /// - `.FromMatching(modules)`: the same, from the one of these modules that a search finds; the
-///   numbers in their names are the search's own.
+///   numbers in their names are the search's own;
+/// - `.About(text)`, `.Unit(text)`, `.Numbers(text)`: what the value is, in one line; its unit; and
+/// what
+///   its numbers mean. These are for people, and stand in the companion's compilation only.
 ///
 /// In the templates of keys, nodes and modules, "%d" and "%u" are the numbers of the array elements
 /// that lead to the value, the innermost last; "%s" is, in a table's node, the prefix that the
@@ -90,6 +93,12 @@ struct Field {
     bool isNumbered : 1;  ///< `key` is a template that takes a number
     bool ownNode : 1;     ///< `node` is the very node, whatever node the loader is at
     bool fullLabel : 1;   ///< its failure is labelled with key and node, not with the key alone
+#if defined(PARAMGEN_DESCRIBED)
+    const char* about;  ///< what the value is, in one line
+    const char* unit;   ///< "ms", "px"; null when there is none
+    const char*
+        numbers;  ///< "0 linear, 1 tile": what its numbers mean; null when that is not known
+#endif
 
     constexpr Field At(const char* veryNode) const {
         Field row = *this;
@@ -129,8 +138,39 @@ struct Field {
         return row;
     }
 
+    // Descriptions cost the program nothing: they are dropped while it is compiled.
+#if defined(PARAMGEN_DESCRIBED)
+    constexpr Field About(const char* text) const {
+        Field row = *this;
+        row.about = text;
+        return row;
+    }
+    constexpr Field Unit(const char* text) const {
+        Field row = *this;
+        row.unit = text;
+        return row;
+    }
+    constexpr Field Numbers(const char* text) const {
+        Field row = *this;
+        row.numbers = text;
+        return row;
+    }
+#else
+    consteval Field About(const char*) const {
+        return *this;
+    }
+    consteval Field Unit(const char*) const {
+        return *this;
+    }
+    consteval Field Numbers(const char*) const {
+        return *this;
+    }
+#endif
+
     /// The default of an absent key; kConstant: the value; kCopy: the offset of what is copied.
-    constexpr std::int32_t Number() const { return extra == FieldExtra::kNumber ? number : 0; }
+    constexpr std::int32_t Number() const {
+        return extra == FieldExtra::kNumber ? number : 0;
+    }
 
     bool HasModule() const {
         return extra == FieldExtra::kModule || extra == FieldExtra::kSearchedModule;
@@ -146,7 +186,9 @@ private:
         return row;
     }
 };
+#if !defined(PARAMGEN_DESCRIBED)
 static_assert(sizeof(void*) != 4 || sizeof(Field) == 20, "on the target");
+#endif
 
 /// The rows of one record.
 struct RecordTable {

@@ -19,8 +19,12 @@ constexpr Field kStorageFields[] = {
 };
 
 constexpr Field kGsensorFields[] = {
-    FIELD(GsensorCfg, sensitivity, "sensitivity", 0).At("gsensor"),
-    FIELD(GsensorCfg, parkingSensitivity, "sensitivity", 0).At("parking"),
+    FIELD(GsensorCfg, sensitivity, "sensitivity", 0)
+        .At("gsensor")
+        .About("Sensitivity of the g-sensor while driving"),
+    FIELD(GsensorCfg, parkingSensitivity, "sensitivity", 0)
+        .At("parking")
+        .About("Sensitivity of the g-sensor while parked"),
     CONSTANT(GsensorCfg, reserved, 0),
 };
 
