@@ -5,6 +5,7 @@
 
 #include "confaccess/ini_line.h"
 #include "confaccess/line_reader.h"
+#include "confaccess/line_rules.h"
 #include "confaccess/number.h"
 #include "confaccess/text_file.h"
 #include "safestr/short_text.h"
@@ -77,15 +78,15 @@ bool TakeLines(Dictionary* dictionary) {
     LineReader lines(dictionary->TextView());
     TextLine line;
     while (lines.Next(&line)) {
-        if (line.text.size() + (line.hasNewline ? 1 : 0) <= 1) {
+        if (IsTooShort(line)) {
             continue;
         }
-        if (!line.hasNewline && !line.isLast) {
+        if (IsTooLong(line)) {
             g_lastError = IniError::kSyntax;
             return false;
         }
-        if (!line.hasNewline && line.text.back() == '\\') {
-            continue;  // asks for a next line where there is none
+        if (!line.hasNewline && AsksForNextLine(line)) {
+            continue;  // there is none
         }
         loader.Take(line.content);
     }
