@@ -6,13 +6,12 @@
 /// `confaccess/status.h`; argument failures (`kBadArgument`) are also told on standard output, and
 /// the other failures logged through the library log.
 ///
-/// Queries may run from several threads at once; registration and release may not run beside
-/// anything else.
+/// A query holds the configuration's lock while it runs. Queries may run from several threads at
+/// once; registration and release may not run beside anything else.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 #include "confaccess/status.h"
 
@@ -34,40 +33,8 @@ constexpr std::size_t QX_CONFACCESS_KEY_MAX_LEN = 128;   ///< buffer size of a k
 /// `kNothingRegistered` or `kNoConfiguration`.
 [[nodiscard]] Status ZV_CONFACCESS_Deinit(const char* cfgName);
 
-struct ConfigEntry;
-class Dictionary;
-
-/// A module that is asked for one value or several. It is looked for once; while this lives the
-/// configuration's lock is held, so that no other query for the same configuration may be made by
-/// the same thread but through this.
-class LockedModule {
-public:
-    /// Neither name needs to be registered; queries then say so. They have to live as long as this.
-    LockedModule(std::string_view cfgName, std::string_view module);
-    ~LockedModule();
-    LockedModule(const LockedModule&) = delete;
-    LockedModule& operator=(const LockedModule&) = delete;
-
-    std::string_view cfgName() const { return cfgName_; }
-    std::string_view module() const { return module_; }
-
-    /// 0, `kNoConfiguration` or `kNoModule`.
-    Status status() const { return status_; }
-
-    /// What the module's file holds; null when there is no such module.
-    const Dictionary* dictionary() const { return dictionary_; }
-
-private:
-    std::string_view cfgName_;
-    std::string_view module_;
-    ConfigEntry* config_;
-    const Dictionary* dictionary_ = nullptr;
-    Status status_;
-};
-
 // Every query below returns `kBadArgument`, `kNoConfiguration` or `kNoModule` where those apply,
 // and then leaves its out argument alone. A key that is absent, or names a section, has no value.
-// A name without data counts as a null argument.
 
 /// Stores in `value` a heap copy of the key's value, which the caller frees; of `defaultValue`,
 /// when there is no such key; null when that is null too. Returns `kOutOfMemory` when there is no
@@ -76,35 +43,24 @@ private:
                                              const char* confItem, const char* defaultValue,
                                              char** value);
 
-/// The same without the copy: `value` belongs to the configuration and lives until that is
-/// released.
-[[nodiscard]] Status CONFACCESS_FindString(const LockedModule& module, std::string_view confItem,
-                                           const char* defaultValue, const char** value);
-
 /// Stores the decimal number at the beginning of the value (0 when there is none), or
 /// `defaultValue` when the key has no value. Returns `kFailed` for a number beyond the limits of 32
 /// bits, and for one exactly at a limit when `errno` held ERANGE before.
 [[nodiscard]] Status ZV_CONFACCESS_GetInt(const char* cfgName, const char* module,
                                           const char* confItem, std::int32_t defaultValue,
                                           std::int32_t* value);
-[[nodiscard]] Status ZV_CONFACCESS_GetInt(const LockedModule& module, std::string_view confItem,
-                                          std::int32_t defaultValue, std::int32_t* value);
 
 /// Stores the floating-point number at the beginning of the value (0 when there is none), or
 /// `defaultValue` when the key has no value.
 [[nodiscard]] Status ZV_CONFACCESS_GetDouble(const char* cfgName, const char* module,
                                              const char* confItem, double defaultValue,
                                              double* value);
-[[nodiscard]] Status ZV_CONFACCESS_GetDouble(const LockedModule& module, std::string_view confItem,
-                                             double defaultValue, double* value);
 
 /// Stores 1 when the value begins with one of 1yYtT, 0 when it begins with one of 0nNfF, and
 /// `defaultValue` otherwise.
 [[nodiscard]] Status ZV_CONFACCESS_GetBool(const char* cfgName, const char* module,
                                            const char* confItem, std::int32_t defaultValue,
                                            std::int32_t* value);
-[[nodiscard]] Status ZV_CONFACCESS_GetBool(const LockedModule& module, std::string_view confItem,
-                                           std::int32_t defaultValue, std::int32_t* value);
 
 /// Stores 1 when the configuration holds a module of that name, else 0. A configuration that is not
 /// registered holds none.

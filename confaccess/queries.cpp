@@ -4,6 +4,7 @@
 
 #include "confaccess/argument_checks.h"
 #include "confaccess/confaccess.h"
+#include "confaccess/locked_module.h"
 #include "confaccess/number.h"
 #include "confaccess/registry.h"
 #include "log/library_log.h"
@@ -107,8 +108,8 @@ LockedModule::~LockedModule() {
     }
 }
 
-Status CONFACCESS_FindString(const LockedModule& module, std::string_view confItem,
-                             const char* defaultValue, const char** value) {
+Status CONFACCESS_FindText(const LockedModule& module, std::string_view confItem,
+                           const char* defaultValue, const char** value) {
     const Lookup found(module, confItem, value, "ZV_CONFACCESS_GetString", kGetStringLines,
                        defaultValue);
     if (found.status() == kOk) {

@@ -43,6 +43,7 @@ constexpr Field kCamMediaFields[] = {
 constexpr TableOf<CamMediaCfg> kCamMediaTable{nullptr, kCamMediaFields};
 
 Status PDT_INIPARAM_LoadCamFuncAttr(const char* module, CamMediaCfg* cam) {
+    REQUIRE_RECORD_OR_RETURN(cam);
     LOAD_OR_RETURN(module, nullptr, kCamFuncTable, &cam->func);
     return kOk;
 }

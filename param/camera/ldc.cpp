@@ -129,6 +129,7 @@ Status PDT_INITPARAM_LoadVcapLDCAttr(const char* module, VcapLDCAttr* attr) {
 }
 
 Status PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(MediaMode mode, VcapLDCAttr* attr) {
+    REQUIRE_RECORD_OR_RETURN(attr);
     LdcSearch search = {.wanted = mode};
     for (std::uint32_t i = 0; i < kLdcModuleCount && !search.matches; ++i) {
         LOG_DEBUG("Cam[%u]  MediaMode[%u] LDCDISConfigure:\n", kLdcCamera, i);
@@ -144,6 +145,7 @@ Status PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(MediaMode mode, VcapLDCAttr* a
 }
 
 Status PDT_INIPARAM_LoadCamVportSpecLDCCfg(MediaMode mode, VcapLDCAttr* attr) {
+    REQUIRE_RECORD_OR_RETURN(attr);
     LdcSearch search = {.wanted = mode};
     for (std::uint32_t i = 0; i < kLdcModuleCount && !search.matches; ++i) {
         LOG_DEBUG("Cam[%u]  MediaMode[%u] LDCv1 v3Configure:\n", kLdcCamera, i);

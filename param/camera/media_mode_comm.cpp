@@ -39,6 +39,7 @@ Status PDT_INIPARAM_LoadCamDispCropCfg(const char* module, DispCropCfg* cfg) {
 }
 
 Status PDT_INIPARAM_LoadMediaModeCommCfg(const char* module, CamMediaModeCommCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapCommCfg(module, &cfg->vcap), "vcap comm");
     for (std::int32_t group = 0; group < kVprocCommCount; ++group) {
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamVprocCommCfg(module, group, &cfg->vproc[group]),

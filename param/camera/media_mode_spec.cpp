@@ -35,6 +35,7 @@ constexpr Field kCamMediaModeSpecFields[] = {
 constexpr TableOf<CamMediaModeSpecCfg> kCamMediaModeSpecTable{nullptr, kCamMediaModeSpecFields};
 
 Status PDT_INIPARAM_LoadMediaModeSpecCfg(const char* module, CamMediaModeSpecCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     Key modeKey;
     FORMAT_KEY_OR_RETURN(modeKey, nullptr, ROW(kCamMediaModeSpecTable, mediaMode), 0);
     CALL_OR_RETURN(ReadModuleMode(module, modeKey.c_str(), &cfg->mediaMode), modeKey.c_str());

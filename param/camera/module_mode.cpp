@@ -6,7 +6,7 @@ namespace paramgen {
 
 Status ReadModuleMode(const char* module, const char* key, MediaMode* mode) {
     const char* name = nullptr;
-    if (QueryText(ProductModule(module), key, &name) != kOk || name == nullptr) {
+    if (FindText(module, key, &name) != kOk || name == nullptr) {
         return kOk;
     }
     return PARAM_INIPARAM_GetMediaModeEnum(name, mode);

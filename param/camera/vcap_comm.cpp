@@ -95,6 +95,7 @@ Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo(const char* module, std::int32
 
 Status PDT_INIPARAM_LoadCamVcapPipeChnCommCfg(const char* module, std::int32_t pipe,
                                               std::int32_t chn, VcapPipeChnCommCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     CALL_OR_RETURN(PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne(module, pipe, chn, cfg),
                    "PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne");
     CALL_OR_RETURN(PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo(module, pipe, chn, cfg),
@@ -118,11 +119,13 @@ Status PDT_INIPARAM_LoadCamVcapPipeCommCfg(const char* module, std::int32_t pipe
     return kOk;
 }
 
-Status PDT_INIPARAM_LoadCamVcapAibnrAttr(const char*, VcapCommCfg*) {
+Status PDT_INIPARAM_LoadCamVcapAibnrAttr(const char*, VcapCommCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     return kOk;
 }
 
-Status PDT_INIPARAM_LoadCamVcapAibnrModelAttr(const char*, VcapCommCfg*) {
+Status PDT_INIPARAM_LoadCamVcapAibnrModelAttr(const char*, VcapCommCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     return kOk;
 }
 

@@ -52,6 +52,7 @@ Status PDT_INIPARAM_LoadCamVcapSnsCfg(const char* module, VcapSnsAttr* attr) {
 }
 
 Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapSpecCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapSnsCfg(module, &cfg->sns), "VcapSnsAttr");
     LOAD_OR_RETURN(module, nullptr, ROWS(kVcapSpecTable, wdrMode, basHeight), cfg);
     LOG_DEBUG("vcap dev attr,bas_width[%u],bas_height[%u] wdr_mode[%d]\n", cfg->basWidth,
@@ -60,7 +61,7 @@ Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapS
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kVcapSpecTable, componentMask), i);
         const char* text = nullptr;
-        const Status status = QueryText(ProductModule(module), item.c_str(), &text);
+        const Status status = FindText(module, item.c_str(), &text);
         const std::int32_t mask = text == nullptr ? 0 : ParseInteger(text, 10);
         if (mask < 0) {
             LOG_ERROR("componentmask error, out of range");

@@ -86,6 +86,7 @@ Status PDT_INIPARAM_LoadVencChnIntraFreshCfg(const char* module, std::int32_t ve
 
 Status PDT_INIPARAM_LoadCamVencCommAttr(const char* module, std::int32_t venc, VencCommAttr* cfg,
                                         std::int32_t* isExist) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     Key node;
     FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
     Key enable;
@@ -105,6 +106,7 @@ Status PDT_INIPARAM_LoadCamVencCommAttr(const char* module, std::int32_t venc, V
 }
 
 Status PDT_INIPARAM_LoadCamVencCommCfg(const char* module, CamVencCommCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     cfg->count = 0;
     std::int32_t isExist = 1;
     for (std::int32_t venc = 0; venc < kVencCount; ++venc) {

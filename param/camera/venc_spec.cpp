@@ -39,6 +39,7 @@ constexpr TableOf<VencSpecCfg> kVencSpecTable{nullptr, kVencSpecFields};
 
 Status PDT_INIPARAM_LoadCamVencSpecAttr(const char* module, std::uint32_t venc, VencSpecAttr* attr,
                                         std::int32_t* exists) {
+    REQUIRE_RECORD_OR_RETURN(attr);
     Key node;
     FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
     Key width;
@@ -57,6 +58,7 @@ Status PDT_INIPARAM_LoadCamVencSpecAttr(const char* module, std::uint32_t venc, 
 }
 
 Status PDT_INIPARAM_LoadCamVencSpecCfg(const char* module, VencSpecCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     cfg->count = 0;
     for (std::uint32_t i = 0; i < kVencSpecCount; ++i) {
         std::int32_t exists = 1;

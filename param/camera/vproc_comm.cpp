@@ -134,6 +134,7 @@ Status PDT_INIPARAM_LoadCamVprocCommArg(const char* module, std::int32_t group, 
 }
 
 Status PDT_INIPARAM_LoadCamVprocCommCfg(const char* module, std::int32_t group, VprocCommCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVprocCommArg(module, group, cfg), "VprocCommArg");
     for (std::int32_t port = 0; port < kVportCount; ++port) {
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportCommCfg(module, group, port, &cfg->vports[port]),

@@ -6,7 +6,7 @@
 #include "confaccess/confaccess.h"
 #include "param/common/key.h"
 #include "param/common/param_log.h"
-#include "param/common/readers.h"
+#include "param/common/product_module.h"
 
 namespace paramgen {
 namespace {
@@ -80,8 +80,9 @@ Status ReadUint(const Load& load) {
 
 /// Reads a text under its complete key, which the loader puts together.
 Status ReadText(const Load& load, const char* fullKey) {
-    return PDT_INIPARAM_LoadStringValue(load.module, fullKey, reinterpret_cast<char*>(load.dest),
-                                        load.field.size);
+    return PDT_INIPARAM_LoadStringValue(
+        load.module, fullKey, std::span<char>(reinterpret_cast<char*>(load.dest), load.field.size),
+        load.field.size);
 }
 
 /// Labels the failure of a row's typed reader.
@@ -134,7 +135,7 @@ Status LoadThroughReader(const Load& load) {
 /// Queries a name and stores its number; an absent key leaves the member as it is.
 Status QueryName(const Load& load, std::string_view fullKey) {
     const char* name = nullptr;
-    Status status = QueryText(load.module, fullKey, &name);
+    Status status = FindText(load.module, fullKey, &name);
     std::int32_t number = 0;
     if (status == kOk && name != nullptr) {
         status = load.field.lookup(name, &number);
@@ -238,6 +239,9 @@ std::string_view NodeView(const char* node) {
 
 Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
                  std::uint32_t index, void* record) {
+    if (record == nullptr) {
+        return LogNullRecord(site.function, site.line);
+    }
     return LoadRow(site, ProductModule(module), NodeView(node), field, index, record);
 }
 
@@ -252,6 +256,9 @@ int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t 
 
 Status LoadFields(CallSite site, const char* module, const char* node,
                   std::span<const Field> fields, void* record) {
+    if (record == nullptr) {
+        return LogNullRecord(site.function, site.line);
+    }
     const ProductModule productModule(module);
     const std::string_view nodeView = NodeView(node);
     for (const Field& field : fields) {

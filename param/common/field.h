@@ -342,12 +342,12 @@ struct CallSite {
 /// the row says. `index` is the number that the key's template takes and, for an array, the element
 /// that is filled. A failure has been logged when this returns, under `site` as the loader's, and
 /// its code is returned. Rows of nested records, of reserved bytes and those that the loader reads
-/// itself are passed over.
+/// itself are passed over. Returns -1, logging so, when `record` is null.
 [[nodiscard]] Status LoadField(CallSite site, const char* module, const char* node,
                                const Field& field, std::uint32_t index, void* record);
 
 /// Loads each of `fields` in turn, up to the first failure; of arrays the element 0. `node` may be
-/// null when every row has its own.
+/// null when every row has its own. Returns -1, logging so, when `record` is null.
 [[nodiscard]] Status LoadFields(CallSite site, const char* module, const char* node,
                                 std::span<const Field> fields, void* record);
 

@@ -25,6 +25,7 @@ enum class FieldKind : std::uint8_t {
 };
 
 /// Turns a name into its number, logging both. Returns -1, having logged so, for an unknown name.
+/// It runs under the configuration's lock, and must not query the configuration.
 using NameLookup = Status (*)(const char* name, std::int32_t* number);
 
 /// Traits of a type that a member may have. An enumeration of names adds its own specialisation,

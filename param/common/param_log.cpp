@@ -30,4 +30,9 @@ Status LogFailed(const char* function, std::uint32_t line, const char* label) {
     return kFailed;
 }
 
+Status LogNullRecord(const char* function, std::uint32_t line) {
+    LogError(function, line, "pointer[%s] is null\n", "param");
+    return kFailed;
+}
+
 }  // namespace paramgen

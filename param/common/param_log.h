@@ -23,6 +23,9 @@ Status LogFailed(const char* function, std::uint32_t line, const char* label, St
 /// Logs that the step `label`, which has no code, has failed. Returns -1.
 Status LogFailed(const char* function, std::uint32_t line, const char* label);
 
+/// Logs that a loader was given a null record. Returns -1.
+Status LogNullRecord(const char* function, std::uint32_t line);
+
 }  // namespace paramgen
 
 /// Begins a statement macro: `line_` in what follows is the line on which the macro's name stands.

@@ -72,14 +72,14 @@
         }                                                                                 \
     } while (false)
 
-/// Returns -1, logging so, when a loader is given no record.
+/// Returns -1, logging so, when a loader is given no record. For loaders that use the record before
+/// they load rows into it: the row macros above make the same check.
 #define REQUIRE_RECORD_OR_RETURN AT_THIS_LINE_ REQUIRE_RECORD_OR_RETURN_
-#define REQUIRE_RECORD_OR_RETURN_(record)                 \
-    do {                                                  \
-        if ((record) == nullptr) {                        \
-            LOG_ERROR_("pointer[%s] is null\n", "param"); \
-            return ::paramgen::kFailed;                   \
-        }                                                 \
+#define REQUIRE_RECORD_OR_RETURN_(record)                      \
+    do {                                                       \
+        if ((record) == nullptr) {                             \
+            return ::paramgen::LogNullRecord(__func__, line_); \
+        }                                                      \
     } while (false)
 
 /// Returns -1, logging `key` and `count`, when a count is larger than what its section has room

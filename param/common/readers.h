@@ -1,16 +1,15 @@
-/// Typed value readers: one value of the configuration "productini" each.
+/// Typed readers: each reads one value of the configuration "productini".
 ///
-/// A reader returns 0, the code of the configuration query that failed, or -1 when the key or the
-/// value does not fit; it has logged the failure then, naming the full key. A key that is absent is
-/// no failure.
+/// A reader holds the configuration's lock while it runs. It returns 0, the code of the
+/// configuration query that failed, or -1 when the key or the value does not fit; it has then
+/// logged the failure under the full key. An absent key is no failure. A null module, key, prefix
+/// or destination is: it fails as a null argument of the query, with `kBadArgument`.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string_view>
 
-#include "confaccess/confaccess.h"
 #include "confaccess/status.h"
 #include "param/common/values.h"
 
@@ -19,50 +18,39 @@ namespace paramgen {
 /// The configuration that every value comes from.
 inline constexpr char kProductConfig[] = "productini";
 
-/// A module of the product, which its readers ask for values. There may be one at a time.
-class ProductModule : public LockedModule {
-public:
-    explicit ProductModule(std::string_view module) : LockedModule(kProductConfig, module) {}
-};
-
-/// Reads the integer "prefix:key" of `module` into `value`; `defaultValue` when absent. After a
-/// failure `value` holds what the query left there.
-[[nodiscard]] Status PDT_INIPARAM_LoadIntValueByNodePrefix(const ProductModule& module,
-                                                           std::string_view prefix,
-                                                           std::string_view key,
+/// Reads the integer "prefix:key" of `module` into `value`; `defaultValue` when the key is absent.
+/// After a failure `value` is untouched.
+[[nodiscard]] Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* prefix,
+                                                           const char* key,
                                                            std::int32_t defaultValue,
                                                            std::int32_t* value);
 
-/// As the integer reader, and stores the 32 bits as an unsigned number. After a failure `value` is
-/// untouched.
-[[nodiscard]] Status PDT_INIPARAM_LoadUintValueByNodePrefix(const ProductModule& module,
-                                                            std::string_view prefix,
-                                                            std::string_view key,
+/// As the integer reader; the 32 bits of the signed number are stored as they are.
+[[nodiscard]] Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* prefix,
+                                                            const char* key,
                                                             std::int32_t defaultValue,
                                                             std::uint32_t* value);
 
-/// Reads the boolean "prefix:key" of `module` into `value`; `defaultValue` when absent or neither
-/// true nor false.
-[[nodiscard]] Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const ProductModule& module,
-                                                            std::string_view prefix,
-                                                            std::string_view key,
-                                                            Bool32 defaultValue, Bool32* value);
+/// Reads the boolean "prefix:key" of `module` into `value`; `defaultValue`, as it is given, when
+/// the key is absent or its value is neither true nor false. After a failure `value` is untouched.
+[[nodiscard]] Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* prefix,
+                                                            const char* key, Bool32 defaultValue,
+                                                            Bool32* value);
 
-/// Copies the string `key` (complete: "section:key") of `module` into `text`, which holds `size`
+/// Copies the string `key` ("section:key") of `module` into `text`, which has room for `size`
 /// bytes, and echoes it. An absent key leaves `text` as it is; a value of more than `size` - 1
 /// characters fails with -1.
-[[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const ProductModule& module, const char* key,
-                                                  char* text, std::size_t size);
+[[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, char* text,
+                                                  std::size_t size);
 
-/// The same for a text that stands at the start of `bytes` and may lack its terminator: what is
-/// stored keeps to the first `size` bytes, what is echoed goes to the first NUL in `bytes`, or to
-/// their end.
-[[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const ProductModule& module, const char* key,
+/// The same for a text at the start of `bytes` that may lack its terminator. The value must fit
+/// into the first `size` bytes; the echo goes up to the first NUL in `bytes`, or to their end.
+[[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key,
                                                   std::span<char> bytes, std::size_t size);
 
-/// Asks for the string `key` of `module`, which lives as long as the configuration; logs nothing.
-/// `text` becomes null when it is absent, and after a failure.
-[[nodiscard]] Status QueryText(const ProductModule& module, std::string_view key,
-                               const char** text);
+/// Stores in `text` the string `key` of `module`, without a copy: it is valid until the
+/// configuration is released. `text` becomes null when the key is absent, and after a failure.
+/// Returns the code of the string query; logs nothing.
+[[nodiscard]] Status FindText(const char* module, const char* key, const char** text);
 
 }  // namespace paramgen

@@ -57,6 +57,7 @@ Status PDT_INIPARAM_FILEMNG_LoadCommCfg(const char* module, FileMngCommCfg* cfg)
 }
 
 Status PDT_INIPARAM_FILEMNG_GetDirNames(const char* value, std::uint32_t index, DtcfCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     char(&name)[sizeof cfg->dirNames[0]] = cfg->dirNames[index];
     if (value == nullptr) {
         return kOk;
@@ -72,11 +73,12 @@ Status PDT_INIPARAM_FILEMNG_GetDirNames(const char* value, std::uint32_t index, 
 }
 
 Status PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(const char* module, DtcfCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     for (std::uint32_t i = 0; i < kDirNameCount; ++i) {
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kDtcfTable, dirNames), i);
         const char* value = nullptr;
-        CALL_OR_RETURN(QueryText(ProductModule(module), item.c_str(), &value), item.c_str());
+        CALL_OR_RETURN(FindText(module, item.c_str(), &value), item.c_str());
         const Status status = PDT_INIPARAM_FILEMNG_GetDirNames(value, i, cfg);
         if (status != kOk) {
             LOG_ERROR("get dir name failed!\n");

@@ -39,6 +39,7 @@ constexpr Field kMediaCommFields[] = {
 constexpr TableOf<MediaCommCfg> kMediaCommTable{nullptr, kMediaCommFields};
 
 Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kMainStream, &cfg->mainVideo),
                    "MainVideoEnc");
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kSubStream, &cfg->subVideo),

@@ -88,6 +88,7 @@ Status PDT_INIPARAM_LoadMediaCommH26xVbrAttr(const char* module, const char* cod
 
 Status PDT_INIPARAM_LoadMediaCommH26xQvbrAttr(const char* module, const char* codecPrefix,
                                               H26xQvbrAttr* attr) {
+    REQUIRE_RECORD_OR_RETURN(attr);
     Key node;
     FORMAT_OR_RETURN(node, "sprintf_s", kQvbrNode, codecPrefix);
     LOAD_OR_RETURN(module, node.c_str(), kH26xRcQpTable, &attr->qp);

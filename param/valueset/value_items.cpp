@@ -90,7 +90,7 @@ Status PDT_INIPARAM_LoadCommItemValues(const char* module, const char* item, Val
     for (std::uint32_t k = 0; k < set.Count(); ++k) {
         const std::span<char> text = set.Description(k);
         FORMAT_KEY_OR_RETURN(key, item, ROW(kNumberItemTable, description), k);
-        CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(ProductModule(module), key.c_str(), text,
+        CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(module, key.c_str(), text,
                                                     sizeof(NumberItem::description)),
                        key.c_str());
         LOAD_ELEMENT_OR_RETURN(module, item, ROW(kNumberItemTable, value), k, set.Item(k).data());
@@ -111,7 +111,7 @@ Status PDT_INIPARAM_LoadMediaModeItemValues(const char* module, const char* item
     for (std::uint32_t k = 0; k < set.Count(); ++k) {
         const std::span<char> text = set.Description(k);
         FORMAT_KEY_OR_RETURN(key, item, ROW(kMediaModeItemTable, description), k);
-        CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(ProductModule(module), key.c_str(), text,
+        CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(module, key.c_str(), text,
                                                     sizeof(MediaModeItem::description)),
                        key.c_str());
         LOAD_ELEMENT_OR_RETURN(module, item, ROW(kMediaModeItemTable, value), k,

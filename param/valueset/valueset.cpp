@@ -75,6 +75,7 @@ constexpr TableOf<ValueSetCfg> kValueSetTable{nullptr, kValueSetFields};
 // The nodes of the tables above take the camera, and those of burst types the media mode.
 
 Status PDT_INIPARAM_LoadCamValueSetCfg(const char* module, ValueSetCfg* section) {
+    REQUIRE_RECORD_OR_RETURN(section);
     for (std::uint32_t camera = 0; camera < kValueSetCamCount; ++camera) {
         for (const Field& slot : ROWS(kValueSetTable, payloadType, antiflicker)) {
             Key item;
@@ -114,6 +115,7 @@ constexpr PhotoSlot kPhotoSlots[] = {
 }  // namespace
 
 Status PDT_INIPARAM_LoadPhotoCfgValueSet(const char* module, ValueSetCfg* section) {
+    REQUIRE_RECORD_OR_RETURN(section);
     constexpr const Field& kMediaModeSlot = ROW(kBurstValueSetsTable, mediaMode);
     constexpr const Field& kTypesSlot = ROW(kBurstValueSetsTable, types);
     for (std::uint32_t camera = 0; camera < kValueSetCamCount; ++camera) {

@@ -67,14 +67,15 @@ std::uint32_t UsedEntries(const OsdCfg& cfg) {
 constexpr TableOf<OsdCfg> kOsdTable{nullptr, kOsdFields};
 
 Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     for (std::uint32_t i = 0; i < UsedEntries(*cfg); ++i) {
         OsdEntryCfg* entry = &cfg->entries[i];
         Key entryNode;
         FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
         const char* prefix = entryNode.c_str();
         constexpr const Field& type = ROW(kOsdEntryTable, type);
-        CALL_OR_RETURN(PDT_INIPARAM_LoadIntValueByNodePrefix(ProductModule(module), prefix,
-                                                             type.key, type.Number(), &entry->type),
+        CALL_OR_RETURN(PDT_INIPARAM_LoadIntValueByNodePrefix(module, prefix, type.key,
+                                                             type.Number(), &entry->type),
                        "osdType");
         LOG_DEBUG("osd.%u type[%d]\n", i, entry->type);
         LOAD_OR_RETURN(module, prefix, ROW(kOsdEntryTable, timeFormat), entry);
@@ -90,6 +91,7 @@ Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg*
 }
 
 Status PDT_INIPARAM_LoadOsdDispAttr(const char* module, const char* node, OsdCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     for (std::uint32_t i = 0; i < UsedEntries(*cfg); ++i) {
         OsdEntryCfg* entry = &cfg->entries[i];
         for (std::uint32_t j = 0; j < std::min(entry->displayCount, kOsdDisplayCountMax); ++j) {

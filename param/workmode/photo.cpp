@@ -98,6 +98,7 @@ Status PDT_INIPARAM_LoadPhotoBurstAttr(const char* module, const char* node, Pho
 }
 
 Status PDT_INIPARAM_LoadPhotoCfg(const char* module, PhotoCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     Key node;
     LOG_DEBUG("Photo PhotoSrc\n");
     for (std::uint32_t i = 0; i < std::size(cfg->source); ++i) {
@@ -125,6 +126,7 @@ Status PDT_INIPARAM_LoadPhotoCfg(const char* module, PhotoCfg* cfg) {
 }
 
 Status PDT_INIPARAM_LoadPhotoWorkModeCfg(const char* module, PhotoWorkModeCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     LOG_DEBUG("Photo mediamode Configure:\n");
     for (std::int32_t i = 0; i < std::ssize(cfg->mediaMode); ++i) {
         Key node;

@@ -121,7 +121,7 @@ Status PDT_INIPARAM_LoadRecFilesAttr(const char* module, const char* node, RecAt
         FORMAT_KEY_OR_RETURN(key, node, row, i);
         std::int32_t handle = 0;
         CALL_OR_RETURN(
-            ZV_CONFACCESS_GetInt(ProductModule(module), key.View(), row.Number(), &handle),
+            ZV_CONFACCESS_GetInt(kProductConfig, module, key.c_str(), row.Number(), &handle),
             key.c_str());
         StoreHandle(thumbnails, i, handle);
         LOG_DEBUG("thmhdl%u[%u] \n", i, handle);
@@ -153,6 +153,7 @@ Status PDT_INIPARAM_LoadRecAttr(const char* module, const char* node, RecAttrCfg
 }
 
 Status PDT_INIPARAM_LoadRecMediaCfg(const char* module, RecWorkModeCfg* cfg) {
+    REQUIRE_RECORD_OR_RETURN(cfg);
     LOG_DEBUG("Record mediamode Configure:\n");
     for (std::int32_t i = 0; i < std::ssize(cfg->mediaMode); ++i) {
         Key node;

@@ -9,6 +9,7 @@
 #include "confaccess/confaccess.h"
 #include "confaccess/dictionary.h"
 #include "confaccess/ini_reader.h"
+#include "confaccess/locked_module.h"
 #include "confaccess/registry.h"
 #include "fault/confaccess/faults.h"
 #include "support/temp_dir.h"
@@ -273,7 +274,7 @@ TEST_F(RegistrationFaults, ModulesThatAreLeftOutHoldNothing) {
         // The configuration, a chunk, and what the entry file takes.
         EXPECT_LE(watch.Held(), 4);
         const char* value = nullptr;
-        EXPECT_EQ(CONFACCESS_FindString(LockedModule("cfg", "m1000"), "s:key", nullptr, &value), 0);
+        EXPECT_EQ(CONFACCESS_FindText(LockedModule("cfg", "m1000"), "s:key", nullptr, &value), 0);
         EXPECT_STREQ(value, "value");
         EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
         EXPECT_EQ(watch.Held(), 0);

@@ -18,6 +18,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 /// A point of the inner record.
 struct Inner {
@@ -203,6 +204,24 @@ TEST(Field, FailedQueriesCarryTheirCode) {
     EXPECT_THAT(ErrorsOf(output), ElementsAre("PDT_INIPARAM_LoadIntValueByNodePrefix: [node:low] "
                                               "failed[0xA1418046]\n",
                                               "LoadOuter: [theLow] failed[0xA1418046]\n"));
+}
+
+TEST(Field, NullModulesAndRecordsAreRefused) {
+    const RegisteredProduct product(ProductTree().AddModule("m"));
+    const CallSite site = {"LoadOuter", 7};
+    Outer outer = {};
+    Status status = 0;
+    std::string output = CaptureStdout(
+        [&] { status = LoadFields(site, nullptr, "node", ROW(kOuterTable, wide), &outer); });
+    EXPECT_EQ(static_cast<std::uint32_t>(status), 0xA1418041U);
+    EXPECT_THAT(output, StartsWith("func:ZV_CONFACCESS_GetInt,line:425,pointer[module] is null\n"));
+    EXPECT_THAT(ErrorsOf(output), ElementsAre("LoadOuter: [node:wide] failed[0xA1418041]\n"));
+    output = CaptureStdout([&] {
+        EXPECT_EQ(LoadField(site, "m", "node", ROW(kOuterTable, wide), 0, nullptr), -1);
+        EXPECT_EQ(LoadFields(site, "m", "node", kOuterTable, nullptr), -1);
+    });
+    EXPECT_THAT(ErrorsOf(output), ElementsAre("LoadOuter: pointer[param] is null\n",
+                                              "LoadOuter: pointer[param] is null\n"));
 }
 
 TEST(Field, KeysThatDoNotFitAreTold) {

@@ -98,5 +98,17 @@ TEST(MediaMode, MembersAreReadByName) {
     });
 }
 
+TEST(MediaMode, NullNameIsUnknown) {
+    ConsoleLogSetup(1, 0, kConsoleDebug);
+    auto number = static_cast<MediaMode>(7);
+    Status status = 0;
+    const std::string output =
+        CaptureStdout([&] { status = PARAM_INIPARAM_GetMediaModeEnum(nullptr, &number); });
+    EXPECT_EQ(status, -1);
+    EXPECT_EQ(number, 7);
+    EXPECT_THAT(ErrorsOf(output),
+                ElementsAre("PARAM_INIPARAM_GetMediaModeEnum: Invalid MediaMode[(null)]\n"));
+}
+
 }  // namespace
 }  // namespace paramgen::testing

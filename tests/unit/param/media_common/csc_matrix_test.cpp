@@ -94,5 +94,17 @@ TEST(CscMatrix, LookupLeavesTheNumberAloneAfterAFailure) {
     EXPECT_EQ(number, 4);
 }
 
+TEST(CscMatrix, NullNameIsUnknown) {
+    ConsoleLogSetup(1, 0, kConsoleDebug);
+    auto number = static_cast<CscMatrix>(7);
+    Status status = 0;
+    const std::string output =
+        CaptureStdout([&] { status = PDT_INIPARAM_GetMediaCommCSCMatrixEnum(nullptr, &number); });
+    EXPECT_EQ(status, -1);
+    EXPECT_EQ(number, 7);
+    EXPECT_THAT(ErrorsOf(output),
+                ElementsAre("PDT_INIPARAM_GetMediaCommCSCMatrixEnum: Invalid CSCMatrix[(null)]\n"));
+}
+
 }  // namespace
 }  // namespace paramgen::testing
