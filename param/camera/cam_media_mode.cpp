@@ -3,15 +3,12 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kCamMediaModeFields[] = {
     // Its label speaks of another key; whoever reads the log knows it by that name.
     FIELD(CamMediaModeCfg, camId, "camid", 0).Label("wifi.info:enable"),
     QUERY(CamMediaModeCfg, mediaMode, "mediamode"),
 };
-
-}  // namespace
 
 constexpr TableOf<CamMediaModeCfg> kCamMediaModeTable{nullptr, kCamMediaModeFields};
 

@@ -6,7 +6,6 @@
 #include "param/common/readers.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kCamModule[] = "cam%u_comm";
 constexpr char kRecordModule[] = "cam%u_comm_record";
@@ -22,11 +21,7 @@ constexpr Field kCamFuncFields[] = {
     FIELD(CamFuncAttr, videoMode, "video_mode", 0).At(kFuncNode),
 };
 
-}  // namespace
-
 constexpr TableOf<CamFuncAttr> kCamFuncTable{nullptr, kCamFuncFields};
-
-namespace {
 
 constexpr Field kCamMediaFields[] = {
     COMPUTED(CamMediaCfg, camIndex),
@@ -37,8 +32,6 @@ constexpr Field kCamMediaFields[] = {
     RECORD(CamMediaCfg, mediaModes, kCamMediaModeSpecTable).From(kMediaModeModule),
     RESERVED(CamMediaCfg, reserved),
 };
-
-}  // namespace
 
 constexpr TableOf<CamMediaCfg> kCamMediaTable{nullptr, kCamMediaFields};
 

@@ -7,7 +7,6 @@
 #include "param/common/readers.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kV1Node[] = "LDCV1Attr";
 constexpr char kV3Node[] = "LDCV3Attr";
@@ -37,12 +36,8 @@ constexpr Field kLdcV3Fields[] = {
     QUERY(LdcV3Attr, srcCalibrationRatio, "src_calibration_ratio%d", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<LdcV1Attr> kLdcV1Table{kV1Node, kLdcV1Fields};
 constexpr TableOf<LdcV3Attr> kLdcV3Table{kV3Node, kLdcV3Fields};
-
-namespace {
 
 constexpr Field kVcapLDCFields[] = {
     FIELD(VcapLDCAttr, v1Enable, "enable", 0).Under(kV1Node),
@@ -50,8 +45,6 @@ constexpr Field kVcapLDCFields[] = {
     FIELD(VcapLDCAttr, v3Enable, "enable", 0).Under(kV3Node),
     RECORD(VcapLDCAttr, v3, kLdcV3Table),
 };
-
-}  // namespace
 
 constexpr TableOf<VcapLDCAttr> kVcapLDCTable{nullptr, kVcapLDCFields};
 

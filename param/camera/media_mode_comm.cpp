@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kCropNode[] = "disp.window.crop";
 
@@ -14,11 +13,7 @@ constexpr Field kDispCropFields[] = {
     FIELD(DispCropCfg, mode, "mode", 0).At(kCropNode),
 };
 
-}  // namespace
-
 constexpr TableOf<DispCropCfg> kDispCropTable{nullptr, kDispCropFields};
-
-namespace {
 
 constexpr Field kCamMediaModeCommFields[] = {
     RECORD(CamMediaModeCommCfg, vcap, kVcapCommTable),
@@ -26,8 +21,6 @@ constexpr Field kCamMediaModeCommFields[] = {
     RECORD(CamMediaModeCommCfg, venc, kCamVencCommTable),
     RECORD(CamMediaModeCommCfg, dispCrop, kDispCropTable),
 };
-
-}  // namespace
 
 constexpr TableOf<CamMediaModeCommCfg> kCamMediaModeCommTable{nullptr, kCamMediaModeCommFields};
 

@@ -5,7 +5,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kVcapPipeModeNode[] = "common.vcap.pipe.%d";
 
@@ -14,11 +13,7 @@ constexpr Field kVcapPipeModeFields[] = {
     QUERY(VcapPipeModeCfg, viVpssMode, "vivpssmode", 6),
 };
 
-}  // namespace
-
 constexpr TableOf<VcapPipeModeCfg> kVcapPipeModeTable{kVcapPipeModeNode, kVcapPipeModeFields};
-
-namespace {
 
 constexpr Field kCamMediaModeSpecFields[] = {
     LOADED(CamMediaModeSpecCfg, mediaMode, "mediamode").At("common"),
@@ -29,8 +24,6 @@ constexpr Field kCamMediaModeSpecFields[] = {
     RECORD(CamMediaModeSpecCfg, vpss, kVpssSpecTable),
     RECORD(CamMediaModeSpecCfg, venc, kVencSpecTable),
 };
-
-}  // namespace
 
 constexpr TableOf<CamMediaModeSpecCfg> kCamMediaModeSpecTable{nullptr, kCamMediaModeSpecFields};
 

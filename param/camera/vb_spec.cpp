@@ -4,7 +4,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kVBNode[] = "vb";
 constexpr char kVBPoolNode[] = "%s.pool.%u";
@@ -15,19 +14,13 @@ constexpr Field kVBPoolFields[] = {
     RESERVED(VBPoolCfg, reserved),
 };
 
-}  // namespace
-
 constexpr TableOf<VBPoolCfg> kVBPoolTable{kVBPoolNode, kVBPoolFields};
-
-namespace {
 
 constexpr Field kVBSpecFields[] = {
     FIELD(VBSpecCfg, maxPoolCnt, "max_poolcnt", 0).FullLabel(),
     RESERVED(VBSpecCfg, reserved),
     RECORD(VBSpecCfg, pools, kVBPoolTable),
 };
-
-}  // namespace
 
 constexpr TableOf<VBSpecCfg> kVBSpecTable{kVBNode, kVBSpecFields};
 

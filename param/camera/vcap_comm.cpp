@@ -5,7 +5,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chn.%d";
 
@@ -24,12 +23,8 @@ constexpr Field kVcapPipeChnCommFields[] = {
     FIELD(VcapPipeChnCommCfg, ldcEnable, "ldcEnable", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<VcapPipeChnCommCfg> kVcapPipeChnCommTable{kVcapPipeChnNode,
                                                             kVcapPipeChnCommFields};
-
-namespace {
 
 constexpr Field kVcapPipeCommFields[] = {
     FIELD(VcapPipeCommCfg, handle, "vcappipehdl", 0),
@@ -45,12 +40,8 @@ constexpr Field kVcapAibnrFields[] = {
     RESERVED(VcapAibnrAttr, modelPath),
 };
 
-}  // namespace
-
 constexpr TableOf<VcapPipeCommCfg> kVcapPipeCommTable{kVcapPipeNode, kVcapPipeCommFields};
 constexpr TableOf<VcapAibnrAttr> kVcapAibnrTable{nullptr, kVcapAibnrFields};
-
-namespace {
 
 constexpr Field kVcapCommFields[] = {
     FIELD(VcapCommCfg, enable, "enable", 0).At(kVcapDevNode),
@@ -63,8 +54,6 @@ constexpr Field kVcapCommFields[] = {
     RECORD(VcapCommCfg, aibnr, kVcapAibnrTable),
     RECORD(VcapCommCfg, pipes, kVcapPipeCommTable),
 };
-
-}  // namespace
 
 constexpr TableOf<VcapCommCfg> kVcapCommTable{nullptr, kVcapCommFields};
 

@@ -5,7 +5,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 // Not the node of what is common to all media modes, which spells it "chn".
 constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chl.%d";
@@ -34,14 +33,10 @@ constexpr Field kVcapPipeChnSpecFields[] = {
     CONSTANT(VcapPipeChnSpecCfg, zero, 0),
 };
 
-}  // namespace
-
 constexpr TableOf<VcapFrameRateCfg> kVcapFrameRateTable{kVcapPipeNode, kVcapFrameRateFields};
 constexpr TableOf<VcapIspPubAttr> kVcapIspPubTable{nullptr, kVcapIspPubFields};
 constexpr TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable{kVcapPipeChnNode,
                                                             kVcapPipeChnSpecFields};
-
-namespace {
 
 constexpr Field kVcapPipeSpecFields[] = {
     FIELD(VcapPipeSpecCfg, enable, "enable", 0),
@@ -58,8 +53,6 @@ constexpr Field kVcapPipeSpecFields[] = {
     CONSTANT(VcapPipeSpecCfg, zero, 0),
     RECORD(VcapPipeSpecCfg, chn, kVcapPipeChnSpecTable),
 };
-
-}  // namespace
 
 constexpr TableOf<VcapPipeSpecCfg> kVcapPipeSpecTable{kVcapPipeNode, kVcapPipeSpecFields};
 

@@ -7,7 +7,6 @@
 #include "param/common/readers.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kVcapSnsFields[] = {
     FIELD(VcapSnsAttr, sensorType, "sensor_type", 0).At(kVcapDevNode),
@@ -19,11 +18,7 @@ constexpr Field kVcapSnsFields[] = {
     FIELD(VcapSnsAttr, wdrMode, "wdr_mode", 0).At(kVcapDevNode),
 };
 
-}  // namespace
-
 constexpr TableOf<VcapSnsAttr> kVcapSnsTable{nullptr, kVcapSnsFields};
-
-namespace {
 
 constexpr Field kVcapSpecFields[] = {
     RECORD(VcapSpecCfg, sns, kVcapSnsTable),
@@ -37,8 +32,6 @@ constexpr Field kVcapSpecFields[] = {
     RESERVED(VcapSpecCfg, reserved2),
     RESERVED(VcapSpecCfg, reserved3),
 };
-
-}  // namespace
 
 constexpr TableOf<VcapSpecCfg> kVcapSpecTable{nullptr, kVcapSpecFields};
 

@@ -7,7 +7,6 @@
 #include "param/common/readers.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kIntraRefreshNode[] = "venc.%d.intraRefresh";
 
@@ -25,13 +24,9 @@ constexpr Field kVencIntraRefreshFields[] = {
     FIELD(VencIntraRefreshCfg, reqIQp, "reqIQp", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<VencBindSrcAttr> kVencBindSrcTable{kVencNode, kVencBindSrcFields};
 constexpr TableOf<VencIntraRefreshCfg> kVencIntraRefreshTable{kIntraRefreshNode,
                                                               kVencIntraRefreshFields};
-
-namespace {
 
 constexpr Field kVencCommAttrFields[] = {
     QUERY(VencCommAttr, enable, "enable", 0),
@@ -44,18 +39,12 @@ constexpr Field kVencCommAttrFields[] = {
     RECORD(VencCommAttr, intraRefresh, kVencIntraRefreshTable),
 };
 
-}  // namespace
-
 constexpr TableOf<VencCommAttr> kVencCommAttrTable{kVencNode, kVencCommAttrFields};
-
-namespace {
 
 constexpr Field kCamVencCommFields[] = {
     COMPUTED(CamVencCommCfg, count),
     RECORD(CamVencCommCfg, vencs, kVencCommAttrTable),
 };
-
-}  // namespace
 
 constexpr TableOf<CamVencCommCfg> kCamVencCommTable{nullptr, kCamVencCommFields};
 

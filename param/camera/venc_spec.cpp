@@ -7,7 +7,6 @@
 #include "param/common/readers.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kVencSpecAttrFields[] = {
     QUERY(VencSpecAttr, resWidth, "res_width", 0),
@@ -21,19 +20,13 @@ constexpr Field kVencSpecAttrFields[] = {
     FIELD(VencSpecAttr, statTime, "stat_time", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<VencSpecAttr> kVencSpecAttrTable{kVencNode, kVencSpecAttrFields};
-
-namespace {
 
 constexpr Field kVencSpecFields[] = {
     RECORD(VencSpecCfg, vencs, kVencSpecAttrTable),
     COMPUTED(VencSpecCfg, count),
     RESERVED(VencSpecCfg, reserved),
 };
-
-}  // namespace
 
 constexpr TableOf<VencSpecCfg> kVencSpecTable{nullptr, kVencSpecFields};
 

@@ -5,7 +5,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kVprocNrFields[] = {
     FIELD(VprocNrAttr, type, "type", 0).Label("nrType"),
@@ -29,13 +28,9 @@ constexpr Field kExtVportCommFields[] = {
     FIELD(ExtVportCommCfg, lowDelayLine, "lowdelayline", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<VprocNrAttr> kVprocNrTable{kVpssNode, kVprocNrFields};
 constexpr TableOf<VportLowDelayInfo> kVportLowDelayTable{kVportNode, kVportLowDelayFields};
 constexpr TableOf<ExtVportCommCfg> kExtVportCommTable{kExtVportNode, kExtVportCommFields};
-
-namespace {
 
 constexpr Field kVportCommFields[] = {
     FIELD(VportCommCfg, enable, "enable", 0),
@@ -51,11 +46,7 @@ constexpr Field kVportCommFields[] = {
     RECORD(VportCommCfg, lowDelay, kVportLowDelayTable),
 };
 
-}  // namespace
-
 constexpr TableOf<VportCommCfg> kVportCommTable{kVportNode, kVportCommFields};
-
-namespace {
 
 constexpr Field kVprocCommFields[] = {
     FIELD(VprocCommCfg, enable, "enable", 0),
@@ -71,8 +62,6 @@ constexpr Field kVprocCommFields[] = {
     RECORD(VprocCommCfg, extVports, kExtVportCommTable),
     RESERVED(VprocCommCfg, reserved),
 };
-
-}  // namespace
 
 constexpr TableOf<VprocCommCfg> kVprocCommTable{kVpssNode, kVprocCommFields};
 

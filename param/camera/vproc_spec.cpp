@@ -5,7 +5,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kVportSpecFields[] = {
     FIELD(VportSpecCfg, resWidth, "res_width", 0),
@@ -21,11 +20,7 @@ constexpr Field kVportSpecFields[] = {
     CONSTANT(VportSpecCfg, zero, 0),
 };
 
-}  // namespace
-
 constexpr TableOf<VportSpecCfg> kVportSpecTable{nullptr, kVportSpecFields};
-
-namespace {
 
 constexpr Field kVpssSpecFields[] = {
     FIELD(VpssSpecAttr, maxWidth, "max_width", 0),
@@ -40,8 +35,6 @@ constexpr Field kVpssSpecFields[] = {
     RECORD(VpssSpecAttr, vports, kVportSpecTable).Under(kVportNode),
     RECORD(VpssSpecAttr, extVports, kVportSpecTable).Under(kExtVportNode),
 };
-
-}  // namespace
 
 constexpr TableOf<VpssSpecAttr> kVpssSpecTable{kVpssNode, kVpssSpecFields};
 

@@ -4,7 +4,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kDevInfoFields[] = {
     FIELD(DevInfo, softwareVersion, "software_version").At("devinfo"),
@@ -35,14 +34,10 @@ constexpr Field kSysFields[] = {
     FIELD(SysCfg, buzzer, "enable", 0).At("buzzer"),
 };
 
-}  // namespace
-
 constexpr TableOf<DevInfo> kDevInfoTable{nullptr, kDevInfoFields};
 constexpr TableOf<StorageCfg> kStorageTable{nullptr, kStorageFields};
 constexpr TableOf<GsensorCfg> kGsensorTable{nullptr, kGsensorFields};
 constexpr TableOf<SysCfg> kSysTable{nullptr, kSysFields};
-
-namespace {
 
 constexpr Field kDevMngFields[] = {
     RECORD(DevMngCfg, devInfo, kDevInfoTable),
@@ -50,8 +45,6 @@ constexpr Field kDevMngFields[] = {
     RECORD(DevMngCfg, gsensor, kGsensorTable),
     RECORD(DevMngCfg, sys, kSysTable),
 };
-
-}  // namespace
 
 constexpr TableOf<DevMngCfg> kDevMngTable{nullptr, kDevMngFields};
 

@@ -8,7 +8,6 @@
 #include "safestr/safestr.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kRepairNode[] = "common.repair";
 constexpr char kDtcfNode[] = "dtcf";
@@ -31,19 +30,13 @@ constexpr Field kDtcfFields[] = {
     LOADED(DtcfCfg, dirNames, "dir_name%u").At("dtcf.dir.name"),
 };
 
-}  // namespace
-
 constexpr TableOf<FileMngCommCfg> kFileMngCommTable{nullptr, kFileMngCommFields};
 constexpr TableOf<DtcfCfg> kDtcfTable{nullptr, kDtcfFields};
-
-namespace {
 
 constexpr Field kFileMngFields[] = {
     RECORD(FileMngCfg, comm, kFileMngCommTable),
     RECORD(FileMngCfg, dtcf, kDtcfTable),
 };
-
-}  // namespace
 
 constexpr TableOf<FileMngCfg> kFileMngTable{nullptr, kFileMngFields};
 

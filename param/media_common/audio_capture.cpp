@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kAcapNode[] = "acapture.%d";
 constexpr char kAcapAacNode[] = "acapture.%d.aac";
@@ -27,12 +26,8 @@ constexpr Field kAcapChnFields[] = {
     FIELD(AcapChnAttr, enableVqe, "enable_vqe", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<AcapAttr> kAcapAttrTable{nullptr, kAcapAttrFields};
 constexpr TableOf<AcapChnAttr> kAcapChnTable{nullptr, kAcapChnFields};
-
-namespace {
 
 constexpr Field kAcapFields[] = {
     FIELD(AcapCfg, enable, "enable", 0),
@@ -41,8 +36,6 @@ constexpr Field kAcapFields[] = {
     RECORD(AcapCfg, attr, kAcapAttrTable),
     RECORD(AcapCfg, chn, kAcapChnTable).Under(kAcapChnNode),
 };
-
-}  // namespace
 
 constexpr TableOf<AcapCfg> kAcapTable{kAcapNode, kAcapFields};
 

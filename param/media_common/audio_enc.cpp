@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kAencNode[] = "aenc.%d";
 constexpr char kAacNode[] = "aenc.%d.aac";
@@ -26,12 +25,8 @@ constexpr Field kAencMp3Fields[] = {
     FIELD(AencMp3Attr, quality, "quality", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<AencAacAttr> kAencAacTable{kAacNode, kAencAacFields};
 constexpr TableOf<AencMp3Attr> kAencMp3Table{kMp3Node, kAencMp3Fields};
-
-namespace {
 
 constexpr Field kAencFields[] = {
     FIELD(AencCfg, enable, "enable", 0),
@@ -42,8 +37,6 @@ constexpr Field kAencFields[] = {
     FIELD(AencCfg, pointsPerFrame, "ptnum_per_frm", 0).Under(kAacNode),
     RECORD(AencCfg, aac, kAencAacTable),
 };
-
-}  // namespace
 
 constexpr TableOf<AencCfg> kAencTable{kAencNode, kAencFields};
 

@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kAoNode[] = "ao.%d";
 constexpr char kAoAacNode[] = "ao.%d.aac";
@@ -25,12 +24,8 @@ constexpr Field kAoChnFields[] = {
     QUERY(AoChnAttr, enable, "enable", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<AoAttr> kAoAttrTable{nullptr, kAoAttrFields};
 constexpr TableOf<AoChnAttr> kAoChnTable{nullptr, kAoChnFields};
-
-namespace {
 
 constexpr Field kAoFields[] = {
     FIELD(AoCfg, enable, "enable", 0),
@@ -39,8 +34,6 @@ constexpr Field kAoFields[] = {
     RECORD(AoCfg, attr, kAoAttrTable),
     RECORD(AoCfg, chn, kAoChnTable).Under(kAoChnNode),
 };
-
-}  // namespace
 
 constexpr TableOf<AoCfg> kAoTable{kAoNode, kAoFields};
 

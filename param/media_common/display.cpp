@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kDispNode[] = "disp.%d";
 constexpr char kCscNode[] = "disp.%d.csc";
@@ -36,13 +35,9 @@ constexpr Field kDispWndAttrFields[] = {
     FIELD(DispWndAttr, priority, "priority", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<DispCscAttr> kDispCscTable{nullptr, kDispCscFields};
 constexpr TableOf<DispAspectAttr> kDispAspectTable{nullptr, kDispAspectFields};
 constexpr TableOf<DispWndAttr> kDispWndAttrTable{nullptr, kDispWndAttrFields};
-
-namespace {
 
 constexpr Field kDispWndFields[] = {
     FIELD(DispWndCfg, enable, "enable", 0),
@@ -53,11 +48,7 @@ constexpr Field kDispWndFields[] = {
     RECORD(DispWndCfg, rect, kDispWndAttrTable).Under(kWndAttrNode),
 };
 
-}  // namespace
-
 constexpr TableOf<DispWndCfg> kDispWndTable{nullptr, kDispWndFields};
-
-namespace {
 
 constexpr Field kDispFields[] = {
     FIELD(DispCfg, enable, "enable", 0),
@@ -70,8 +61,6 @@ constexpr Field kDispFields[] = {
     RECORD(DispCfg, playbackWnd, kDispWndTable).Under(kPlaybackWndNode),
     RESERVED(DispCfg, reserved),
 };
-
-}  // namespace
 
 constexpr TableOf<DispCfg> kDispTable{kDispNode, kDispFields};
 

@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kHierarchicalQpNode[] = "venc.hierarchical.qp";
 
@@ -12,8 +11,6 @@ constexpr Field kHierarchicalQpFields[] = {
     QUERY(HierarchicalQpAttr, qpDelta, "qp_delta%u", 0),
     QUERY(HierarchicalQpAttr, frameNum, "frame_num%u", 0),
 };
-
-}  // namespace
 
 constexpr TableOf<HierarchicalQpAttr> kHierarchicalQpTable{kHierarchicalQpNode,
                                                            kHierarchicalQpFields};

@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kMainStream[] = "main";
 constexpr char kSubStream[] = "sub";
@@ -19,11 +18,7 @@ constexpr Field kVencCommFields[] = {
     RECORD(VencCommCfg, hierarchicalQp, kHierarchicalQpTable),
 };
 
-}  // namespace
-
 constexpr TableOf<VencCommCfg> kVencCommTable{nullptr, kVencCommFields};
-
-namespace {
 
 constexpr Field kMediaCommFields[] = {
     RECORD(MediaCommCfg, venc, kVencCommTable),
@@ -33,8 +28,6 @@ constexpr Field kMediaCommFields[] = {
     RECORD(MediaCommCfg, aenc, kAencTable),
     RECORD(MediaCommCfg, ao, kAoTable),
 };
-
-}  // namespace
 
 constexpr TableOf<MediaCommCfg> kMediaCommTable{nullptr, kMediaCommFields};
 

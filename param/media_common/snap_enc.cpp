@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kSnapEncNode[] = "venc.snap.%s";
 
@@ -12,11 +11,7 @@ constexpr Field kLargeThumbnailFields[] = {
     QUERY(LargeThumbnail, height, "largethumbnail%d_height", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<LargeThumbnail> kLargeThumbnailTable{nullptr, kLargeThumbnailFields};
-
-namespace {
 
 constexpr Field kSnapEncFields[] = {
     FIELD(SnapEncAttr, enableDcf, "enable_dcf", 0),
@@ -27,8 +22,6 @@ constexpr Field kSnapEncFields[] = {
     RECORD(SnapEncAttr, largeThumbnails, kLargeThumbnailTable),
     RESERVED(SnapEncAttr, reserved),
 };
-
-}  // namespace
 
 constexpr TableOf<SnapEncAttr> kSnapEncTable{kSnapEncNode, kSnapEncFields};
 

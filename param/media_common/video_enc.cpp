@@ -3,7 +3,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kVideoEncNode[] = "venc.video.%s";
 constexpr char kH264Node[] = "%s.h264";
@@ -22,11 +21,7 @@ constexpr Field kH26xRcQpFields[] = {
     FIELD(H26xRcQpAttr, minIqp, "min_iqp", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<H26xRcQpAttr> kH26xRcQpTable{nullptr, kH26xRcQpFields};
-
-namespace {
 
 constexpr Field kH26xQvbrFields[] = {
     RECORD(H26xQvbrAttr, qp, kH26xRcQpTable),
@@ -36,11 +31,7 @@ constexpr Field kH26xQvbrFields[] = {
     FIELD(H26xQvbrAttr, psnrFluctuateLower, "psnr_fluctuate_ll", 0),
 };
 
-}  // namespace
-
 constexpr TableOf<H26xQvbrAttr> kH26xQvbrTable{nullptr, kH26xQvbrFields};
-
-namespace {
 
 constexpr Field kH26xRateControlFields[] = {
     RECORD(H26xRateControl, cbr, kH26xRcQpTable).Under(kCbrNode),
@@ -48,11 +39,7 @@ constexpr Field kH26xRateControlFields[] = {
     RECORD(H26xRateControl, qvbr, kH26xQvbrTable).Under(kQvbrNode),
 };
 
-}  // namespace
-
 constexpr TableOf<H26xRateControl> kH26xRateControlTable{nullptr, kH26xRateControlFields};
-
-namespace {
 
 constexpr Field kVideoEncFields[] = {
     FIELD(VideoEncAttr, sceneMode, "scene_mode", 0),
@@ -63,8 +50,6 @@ constexpr Field kVideoEncFields[] = {
     CONSTANT(VideoEncAttr, fixed75, 75),
     CONSTANT(VideoEncAttr, fixed85, 85),
 };
-
-}  // namespace
 
 constexpr TableOf<VideoEncAttr> kVideoEncTable{kVideoEncNode, kVideoEncFields};
 

@@ -3,15 +3,12 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kVideoModFields[] = {
     FIELD(VideoModCfg, boundModule, "bindedmod", 0),
     FIELD(VideoModCfg, moduleHandle, "modhdl", 0),
     FIELD(VideoModCfg, channelHandle, "chnhdl", 0),
 };
-
-}  // namespace
 
 constexpr TableOf<VideoModCfg> kVideoModTable{nullptr, kVideoModFields};
 

@@ -22,8 +22,6 @@ constexpr Field kItemFields[] = {
 constexpr TableOf<NumberItem> kNumberItemTable{nullptr, kItemFields<NumberItem>};
 constexpr TableOf<MediaModeItem> kMediaModeItemTable{nullptr, kItemFields<MediaModeItem>};
 
-namespace {
-
 constexpr Field kNumberSetFields[] = {
     QUERY(NumberSet, count, kCountKey, 0),
     RECORD(NumberSet, items, kNumberItemTable),
@@ -35,8 +33,6 @@ constexpr Field kMediaModeSetFields[] = {
 };
 
 constexpr std::size_t kItemSize = sizeof(NumberItem);
-
-}  // namespace
 
 constexpr TableOf<NumberSet> kNumberSetTable{nullptr, kNumberSetFields};
 constexpr TableOf<MediaModeSet> kMediaModeSetTable{nullptr, kMediaModeSetFields};

@@ -6,7 +6,6 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 // A row's prefix is the node of its set, its table tells the kind of values.
 
@@ -15,11 +14,7 @@ constexpr Field kBurstValueSetsFields[] = {
     RECORD(BurstValueSets, types, kNumberSetTable).Under("cam.%u.burst.type%u"),
 };
 
-}  // namespace
-
 constexpr TableOf<BurstValueSets> kBurstValueSetsTable{nullptr, kBurstValueSetsFields};
-
-namespace {
 
 constexpr Field kValueSetFields[] = {
     RECORD(ValueSetCfg, payloadType, kNumberSetTable).Under("cam.%d.enc.payloadtype"),
@@ -48,6 +43,8 @@ constexpr Field kValueSetFields[] = {
     RECORD(ValueSetCfg, burst, kBurstValueSetsTable),
     RESERVED(ValueSetCfg, unused),
 };
+
+namespace {
 
 /// The set that lies `offset` bytes into the section.
 ValueSetView SetAt(ValueSetCfg* section, std::size_t offset) {

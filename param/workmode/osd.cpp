@@ -6,7 +6,6 @@
 #include "param/common/readers.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kEntryNode[] = "%s.%u";
 constexpr char kDisplayNode[] = "%s.display.%u";  // below the entry's
@@ -25,11 +24,7 @@ constexpr Field kOsdDisplayFields[] = {
     RESERVED(OsdDisplayCfg, reserved36),
 };
 
-}  // namespace
-
 constexpr TableOf<OsdDisplayCfg> kOsdDisplayTable{kDisplayNode, kOsdDisplayFields};
-
-namespace {
 
 constexpr Field kOsdEntryFields[] = {
     LOADED(OsdEntryCfg, type, "type", 4),
@@ -43,11 +38,7 @@ constexpr Field kOsdEntryFields[] = {
     RECORD(OsdEntryCfg, displays, kOsdDisplayTable),
 };
 
-}  // namespace
-
 constexpr TableOf<OsdEntryCfg> kOsdEntryTable{kEntryNode, kOsdEntryFields};
-
-namespace {
 
 constexpr Field kOsdFields[] = {
     FIELD(OsdCfg, count, "osdcnt", 0),
@@ -57,6 +48,8 @@ constexpr Field kOsdFields[] = {
     FIELD(OsdCfg, baseHeight, "base_res_h", 0),
     RECORD(OsdCfg, entries, kOsdEntryTable),
 };
+
+namespace {
 
 std::uint32_t UsedEntries(const OsdCfg& cfg) {
     return std::min(cfg.count, kOsdCountMax);

@@ -6,7 +6,6 @@
 #include "param/workmode/nodes.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kSourceNode[] = "photosource.%u";
 constexpr char kTypeNode[] = "phototype.%u";
@@ -32,12 +31,8 @@ constexpr Field kPhotoBurstFields[] = {
     FIELD(PhotoBurstCfg, type, "burst_type", 0).Label("LoadIntValueByNodePrefix"),
 };
 
-}  // namespace
-
 constexpr TableOf<PhotoSourceCfg> kPhotoSourceTable{nullptr, kPhotoSourceFields};
 constexpr TableOf<PhotoBurstCfg> kPhotoBurstTable{nullptr, kPhotoBurstFields};
-
-namespace {
 
 constexpr Field kPhotoTypeFields[] = {
     FIELD(PhotoTypeCfg, type, "type", 0),
@@ -46,22 +41,14 @@ constexpr Field kPhotoTypeFields[] = {
     RECORD(PhotoTypeCfg, burst, kPhotoBurstTable).Under(kBurstNode),
 };
 
-}  // namespace
-
 constexpr TableOf<PhotoTypeCfg> kPhotoTypeTable{kTypeNode, kPhotoTypeFields};
-
-namespace {
 
 constexpr Field kPhotoFields[] = {
     RECORD(PhotoCfg, source, kPhotoSourceTable).Under(kSourceNode),
     RECORD(PhotoCfg, type, kPhotoTypeTable),
 };
 
-}  // namespace
-
 constexpr TableOf<PhotoCfg> kPhotoTable{nullptr, kPhotoFields};
-
-namespace {
 
 constexpr Field kPhotoWorkModeFields[] = {
     RECORD(PhotoWorkModeCfg, mediaMode, kCamMediaModeTable).Under(kMediaModeConfigNode),
@@ -69,8 +56,6 @@ constexpr Field kPhotoWorkModeFields[] = {
     RECORD(PhotoWorkModeCfg, osd, kOsdTable).Under(kOsdNode),
     RESERVED(PhotoWorkModeCfg, reserved),
 };
-
-}  // namespace
 
 constexpr TableOf<PhotoWorkModeCfg> kPhotoWorkModeTable{nullptr, kPhotoWorkModeFields};
 

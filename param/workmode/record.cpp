@@ -10,7 +10,6 @@
 #include "param/workmode/nodes.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kSourceNode[] = "photosource.%d";
 constexpr char kNormalNode[] = "normal.%d";
@@ -34,12 +33,8 @@ constexpr Field kRecFileFields[] = {
     RESERVED(RecFileCfg, audioEncoder1),
 };
 
-}  // namespace
-
 constexpr TableOf<RecCommCfg> kRecCommTable{nullptr, kRecCommFields};
 constexpr TableOf<RecFileCfg> kRecFileTable{kFileNode, kRecFileFields};
-
-namespace {
 
 constexpr Field kRecAttrFields[] = {
     FIELD(RecAttrCfg, enable, "enable", 0),
@@ -60,11 +55,7 @@ constexpr Field kRecAttrFields[] = {
     RESERVED(RecAttrCfg, reserved156),
 };
 
-}  // namespace
-
 constexpr TableOf<RecAttrCfg> kRecAttrTable{nullptr, kRecAttrFields};
-
-namespace {
 
 constexpr Field kRecWorkModeFields[] = {
     RECORD(RecWorkModeCfg, mediaMode, kCamMediaModeTable).Under(kMediaModeConfigNode),
@@ -75,6 +66,8 @@ constexpr Field kRecWorkModeFields[] = {
     RESERVED(RecWorkModeCfg, reserved4332),
     RESERVED(RecWorkModeCfg, reserved4364),
 };
+
+namespace {
 
 /// Stores handle `index` of the handles that begin at the start of `handles`.
 void StoreHandle(std::span<std::byte> handles, std::uint32_t index, std::int32_t handle) {

@@ -5,24 +5,21 @@
 #include "param/common/propagate.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kCommWorkModeFields[] = {
     QUERY(CommWorkModeCfg, powerOnMode, "poweron_workmode", 0).At("common"),
     RESERVED(CommWorkModeCfg, reserved),
 };
 
-}  // namespace
-
 constexpr TableOf<CommWorkModeCfg> kCommWorkModeTable{nullptr, kCommWorkModeFields};
-
-namespace {
 
 constexpr Field kWorkModeFields[] = {
     RECORD(WorkModeCfg, comm, kCommWorkModeTable).From(kWorkModeCommModule),
     RECORD(WorkModeCfg, photo, kPhotoWorkModeTable).From(kWorkModePhotoModule),
     RECORD(WorkModeCfg, record, kRecWorkModeTable).From(kWorkModeRecordModule),
 };
+
+namespace {
 
 /// The bytes of `section` from the first thumbnail handle on.
 std::span<std::byte> ThumbnailHandles(WorkModeCfg* section) {
