@@ -1,0 +1,107 @@
+/// An INI file with the places of everything in it: line by line what it says, and which line of a
+/// key counts. Lines are taken apart by the program's own grammar (`confaccess/ini_line.h`), so
+/// that a file means here what it means to the program.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace paramgen::tree {
+
+/// A part of a file's bytes: from `begin` up to `end`, which is one past its last.
+struct Span {
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
+
+    std::uint32_t Size() const { return end - begin; }
+};
+
+/// What a line comes to.
+enum class LineKind : std::uint8_t {
+    kNothing,      ///< nothing, or a comment alone; such lines are not kept
+    kComment,      ///< a comment alone, with a directive
+    kSection,      ///< opens a section
+    kValue,        ///< gives a key its value
+    kSyntaxError,  ///< is none of these; the program refuses the file
+    kTooLong,      ///< has more than 1022 characters; the program refuses the file
+    kNul,          ///< ends early in a NUL; the program refuses the file
+    kIgnored,      ///< passed over: a last line of one character, or one that ends in '\'
+    kCutAtNul,     ///< a NUL within its first two characters: the program passes the line over
+};
+
+/// "No such line".
+inline constexpr std::uint32_t kNoLine = UINT32_MAX;
+
+/// What a comment says to the companion begins with this.
+inline constexpr std::string_view kDirective = "paramtool:";
+
+/// A line that says something.
+struct Line {
+    LineKind kind = LineKind::kNothing;
+    bool hasNul = false;              ///< it has a NUL, and counts up to it
+    bool isBare = false;              ///< kSection: "[]", which leaves the section what it was
+    std::uint32_t number = 0;         ///< from 1
+    Span text;                        ///< the whole line without its newline
+    Span name;                        ///< of the section or key
+    Span value;                       ///< of the key, without quotes
+    std::uint32_t comment = 0;        ///< where its comment begins; the end of `text`: it has none
+    std::uint32_t section = kNoLine;  ///< number in `lines` of the header that it stands under
+    std::uint32_t former = kNoLine;  ///< that of the line of the same key before, which it replaces
+};
+
+/// A file. What is refused by the program is taken apart all the same, for what can be said about
+/// it, but has no keys.
+class IniFile {
+public:
+    /// Takes `bytes` apart. There are at most as many as the program reads (`kTextMax`).
+    explicit IniFile(std::string bytes);
+
+    IniFile(const IniFile&) = delete;
+    IniFile& operator=(const IniFile&) = delete;
+
+    const std::string& bytes() const { return bytes_; }
+
+    /// Whether the program takes the file; if not, it does as if there were none.
+    bool IsAccepted() const { return isAccepted_; }
+
+    /// In the file's order.
+    std::span<const Line> lines() const { return lines_; }
+
+    std::string_view TextOf(Span part) const {
+        return std::string_view(bytes_).substr(part.begin, part.Size());
+    }
+
+    /// The full key of a kValue line, "section:key", or the name of a kSection line, in lower case.
+    std::string KeyOf(const Line& line) const;
+
+    /// The name of the section that a kValue line stands in; empty before the first section.
+    std::string_view SectionOf(const Line& line) const;
+
+    /// The line that counts for `key` ("section:key", in any case): the last one, be it a key or a
+    /// section of just this name, which hides the key. Null when there is none, and when the file
+    /// is not accepted.
+    const Line* Find(std::string_view key) const;
+
+    /// The number of different keys, sections included, as the program counts them.
+    std::size_t KeyCount() const { return isAccepted_ ? last_.size() : 0; }
+
+private:
+    void TakeLines();
+    void Keep(const Line& line);
+    void SetKey(Line* line);
+
+    std::string bytes_;
+    std::vector<Line> lines_;
+    bool isAccepted_ = true;
+    std::unordered_map<std::string, std::uint32_t> last_;  ///< of each key the line that counts
+};
+
+/// A text in lower case, as the program compares sections and keys. ASCII letters alone have cases.
+std::string LowerCase(std::string_view text);
+
+}  // namespace paramgen::tree
