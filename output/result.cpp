@@ -1,0 +1,162 @@
+#include "output/result.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <vector>
+
+#include "output/shown_text.h"
+
+namespace paramgen::output {
+namespace {
+
+std::string Reason() {
+    return std::strerror(errno);
+}
+
+/// Writes all bytes. Returns false, with `errno`, when that fails.
+bool WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR) {
+            return false;
+        }
+        bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+[[noreturn]] void Fail(const std::string& path) {
+    throw UserError("cannot write " + Shown(path) + ": " + Reason());
+}
+
+/// Whether something stands at `path` that is not replaced but written to.
+bool IsDevice(const std::string& path) {
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+}
+
+void WriteThrough(const std::string& path, std::string_view bytes) {
+    const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (descriptor == -1) {
+        Fail(path);
+    }
+    const bool isWritten = WriteAll(descriptor, bytes);
+    if (close(descriptor) != 0 || !isWritten) {
+        Fail(path);
+    }
+}
+
+/// A temporary file, which is removed unless it took its place.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& target) : target_(target), name_(target + ".XXXXXX") {
+        descriptor_ = mkostemp(name_.data(), O_CLOEXEC);
+        if (descriptor_ == -1) {
+            Fail(target_);
+        }
+    }
+    ~TemporaryFile() {
+        if (descriptor_ != -1) {
+            close(descriptor_);
+        }
+        if (!isInPlace_) {
+            unlink(name_.c_str());
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    void Write(std::string_view bytes, mode_t mode) {
+        if (!WriteAll(descriptor_, bytes) || fchmod(descriptor_, mode) != 0 ||
+            fsync(descriptor_) != 0) {
+            Fail(target_);
+        }
+        const int descriptor = descriptor_;
+        descriptor_ = -1;
+        if (close(descriptor) != 0) {
+            Fail(target_);
+        }
+    }
+
+    void TakePlace() {
+        if (rename(name_.c_str(), target_.c_str()) != 0) {
+            Fail(target_);
+        }
+        isInPlace_ = true;
+    }
+
+private:
+    std::string target_;
+    std::string name_;
+    int descriptor_ = -1;
+    bool isInPlace_ = false;
+};
+
+/// The rights that a file has, or that a new one gets.
+mode_t ModeFor(const std::string& path) {
+    struct stat status = {};
+    if (stat(path.c_str(), &status) == 0) {
+        return status.st_mode & 07777U;
+    }
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666U & ~mask;
+}
+
+bool IsSet(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+}
+
+}  // namespace
+
+void WriteResult(const std::string& file, std::string_view text) {
+    if (!file.empty()) {
+        WriteWholeFile(file, text);
+        return;
+    }
+    if (!WriteAll(STDOUT_FILENO, text)) {
+        if (errno == EPIPE) {
+            std::_Exit(2);
+        }
+        throw UserError("cannot write to standard output: " + Reason());
+    }
+}
+
+void WriteWholeFile(const std::string& path, std::string_view bytes) {
+    if (IsDevice(path)) {
+        WriteThrough(path, bytes);
+        return;
+    }
+    // A link stays one: what it leads to is replaced.
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::canonical(path, error);
+    const std::string target = error ? path : resolved.string();
+    const mode_t mode = ModeFor(target);
+    TemporaryFile file(target);
+    file.Write(bytes, mode);
+    file.TakePlace();
+}
+
+bool UsesColor(ColorChoice choice, int descriptor) {
+    if (choice != ColorChoice::kAuto) {
+        return choice == ColorChoice::kAlways;
+    }
+    if (IsSet("NO_COLOR")) {
+        return false;
+    }
+    if (IsSet("CLICOLOR_FORCE") && std::strcmp(std::getenv("CLICOLOR_FORCE"), "0") != 0) {
+        return true;
+    }
+    const char* terminal = std::getenv("TERM");
+    const bool isDumb = terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
+    return isatty(descriptor) == 1 && !isDumb;
+}
+
+}  // namespace paramgen::output

@@ -1,0 +1,91 @@
+#include "paramtool/command.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <exception>
+#include <map>
+
+#include "output/shown_text.h"
+
+namespace paramgen::paramtool {
+
+void ResultOptions::AddTo(CLI::App* command, const std::vector<std::string>& formats) {
+    static const std::map<std::string, output::ColorChoice> kColors = {
+        {"auto", output::ColorChoice::kAuto},
+        {"always", output::ColorChoice::kAlways},
+        {"never", output::ColorChoice::kNever}};
+    format = formats.front();
+    command->add_option("-o,--output", file, "write the result to FILE, whole or not at all")
+        ->option_text("FILE");
+    std::string names;
+    for (const std::string& name : formats) {
+        names += (names.empty() ? "" : "|") + name;
+    }
+    command->add_option("--format", format, "form of the result (default " + format + ")")
+        ->check(CLI::IsMember(formats))
+        ->option_text(names);
+    command
+        ->add_option_function<std::string>(
+            "--color", [this](const std::string& name) { color = kColors.at(name); },
+            "when to colour text (default auto)")
+        ->check(CLI::IsMember(std::vector<std::string>{"auto", "always", "never"}))
+        ->option_text("auto|always|never");
+}
+
+bool ResultOptions::IsColored() const {
+    if (!file.empty() && color == output::ColorChoice::kAuto) {
+        return false;
+    }
+    return output::UsesColor(color, STDOUT_FILENO);
+}
+
+void Tell(std::string_view text) {
+    const std::string line = std::string(text) + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+namespace {
+
+/// What CLI11 has to say: help and version as the result, mistakes on standard error.
+int TellParseResult(const CLI::App& app, const CLI::ParseError& error) {
+    if (error.get_exit_code() == 0) {
+        std::ostringstream text;
+        app.exit(error, text, text);
+        output::WriteResult("", text.str());
+        return kAllWell;
+    }
+    Tell("paramtool: " + output::Shown(error.what()));
+    Tell("Run 'paramtool --help' or 'paramtool COMMAND --help' for more.");
+    return kWrongUse;
+}
+
+int ParseAndRun(int argc, const char* const* argv) {
+    CLI::App app("Checks, explains, compares and edits the settings of camera products.",
+                 "paramtool");
+    int status = kAllWell;
+    app.set_version_flag("--version", "paramtool " PARAMGEN_VERSION);
+    app.require_subcommand(1);
+    for (const AddCommand add : Commands()) {
+        add(app, &status);
+    }
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return TellParseResult(app, error);
+    }
+    return status;
+}
+
+}  // namespace
+
+int Run(int argc, const char* const* argv) {
+    try {
+        return ParseAndRun(argc, argv);
+    } catch (const std::exception& error) {
+        Tell(std::string("paramtool: ") + error.what());
+        return kWrongUse;
+    }
+}
+
+}  // namespace paramgen::paramtool

@@ -1,0 +1,12 @@
+#include "paramtool/command.h"
+
+namespace paramgen::paramtool {
+
+const std::vector<AddCommand>& Commands() {
+    static const std::vector<AddCommand> kCommands = {
+        AddCheck,
+    };
+    return kCommands;
+}
+
+}  // namespace paramgen::paramtool
