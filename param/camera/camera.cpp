@@ -28,8 +28,8 @@ constexpr Field kCamMediaFields[] = {
     RECORD(CamMediaCfg, func, kCamFuncTable).From(kCamModule),
     RECORD(CamMediaCfg, record, kCamMediaModeCommTable).From(kRecordModule),
     RECORD(CamMediaCfg, photo, kCamMediaModeCommTable).From(kPhotoModule),
-    RECORD(CamMediaCfg, playback, kCamMediaModeCommTable).From(kPlaybackModule),
-    RECORD(CamMediaCfg, mediaModes, kCamMediaModeSpecTable).From(kMediaModeModule),
+    RECORD(CamMediaCfg, playback, kCamMediaModeCommTable).From(kPlaybackModule).Optional(),
+    RECORD(CamMediaCfg, mediaModes, kCamMediaModeSpecTable).From(kMediaModeModule).Optional(),
     RESERVED(CamMediaCfg, reserved),
 };
 

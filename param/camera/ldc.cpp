@@ -50,9 +50,8 @@ constexpr TableOf<VcapLDCAttr> kVcapLDCTable{nullptr, kVcapLDCFields};
 
 namespace {
 
-constexpr std::uint32_t kLdcCamera = 0;
-constexpr std::uint32_t kLdcModuleCount = 2;
-constexpr char kServedModeKey[] = "common:mediamode";
+constexpr std::uint32_t kLdcCamera = kLdcSearch.camera;
+constexpr std::uint32_t kLdcModuleCount = kLdcSearch.count;
 
 /// A search for the module that serves a media mode.
 struct LdcSearch {
@@ -70,8 +69,8 @@ Status LookAtLdcModule(LdcSearch* search) {
     search->step = module;
     Status status = ZV_CONFACCESS_IsMoudleExist(kProductConfig, module, &exists);
     if (status == kOk && exists != 0) {
-        search->step = kServedModeKey;
-        status = ReadModuleMode(module, kServedModeKey, &search->served);
+        search->step = kLdcSearch.key;
+        status = ReadModuleMode(module, kLdcSearch.key, &search->served);
     }
     search->matches = exists != 0 && search->served == search->wanted;
     return status;

@@ -62,6 +62,10 @@ static_assert(offsetof(VcapLDCAttr, v3) == 36);
 /// The modules: camera 0, configurations 0 and 1.
 inline constexpr char kLdcModule[] = "cam%d_ldccfg_%d";
 
+/// The search for the calibrations of a media mode. They are those of camera 0.
+inline constexpr ModuleSearch kLdcSearch = {
+    .modules = kLdcModule, .key = "common:mediamode", .camera = 0, .count = 2};
+
 extern const TableOf<LdcV1Attr> kLdcV1Table;
 extern const TableOf<LdcV3Attr> kLdcV3Table;
 extern const TableOf<VcapLDCAttr> kVcapLDCTable;

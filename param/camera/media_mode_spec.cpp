@@ -16,7 +16,7 @@ constexpr Field kVcapPipeModeFields[] = {
 constexpr TableOf<VcapPipeModeCfg> kVcapPipeModeTable{kVcapPipeModeNode, kVcapPipeModeFields};
 
 constexpr Field kCamMediaModeSpecFields[] = {
-    LOADED(CamMediaModeSpecCfg, mediaMode, "mediamode").At("common"),
+    LOADED(CamMediaModeSpecCfg, mediaMode, "mediamode").At("common").WantedBy(kLdcSearch),
     RECORD(CamMediaModeSpecCfg, vcapPipes, kVcapPipeModeTable),
     RESERVED(CamMediaModeSpecCfg, reserved),
     RECORD(CamMediaModeSpecCfg, vb, kVBSpecTable),

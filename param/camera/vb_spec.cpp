@@ -19,7 +19,8 @@ constexpr TableOf<VBPoolCfg> kVBPoolTable{kVBPoolNode, kVBPoolFields};
 constexpr Field kVBSpecFields[] = {
     FIELD(VBSpecCfg, maxPoolCnt, "max_poolcnt", 0).FullLabel(),
     RESERVED(VBSpecCfg, reserved),
-    RECORD(VBSpecCfg, pools, kVBPoolTable),
+    RECORD(VBSpecCfg, pools, kVBPoolTable)
+        .CountedBy(offsetof(VBSpecCfg, maxPoolCnt), CountBeyond::kRefused),
 };
 
 constexpr TableOf<VBSpecCfg> kVBSpecTable{kVBNode, kVBSpecFields};

@@ -29,7 +29,7 @@ constexpr Field kVcapPipeChnSpecFields[] = {
     FIELD(VcapPipeChnSpecCfg, dstFrameRate, "dst_framerate", 0),
     FIELD(VcapPipeChnSpecCfg, motionDenoise, "MotionDenoiseEnable", 0),
     FIELD(VcapPipeChnSpecCfg, motionDenoiseIsoThresh, "MotionDenoiseIsoThresh", 200),
-    RECORD(VcapPipeChnSpecCfg, ldc, kVcapLDCTable).FromMatching(kLdcModule),
+    RECORD(VcapPipeChnSpecCfg, ldc, kVcapLDCTable).FromMatching(kLdcSearch),
     CONSTANT(VcapPipeChnSpecCfg, zero, 0),
 };
 

@@ -13,8 +13,10 @@ constexpr char kIntraRefreshNode[] = "venc.%d.intraRefresh";
 constexpr Field kVencBindSrcFields[] = {
     FIELD(VencBindSrcAttr, module, "bindedmod", 0),
     FIELD(VencBindSrcAttr, count, "bindcnt", 0),
-    FIELD(VencBindSrcAttr, moduleHandles, "modhdl_%u", 0),
-    FIELD(VencBindSrcAttr, chnHandles, "chnhdl_%u", 0),
+    FIELD(VencBindSrcAttr, moduleHandles, "modhdl_%u", 0)
+        .CountedBy(offsetof(VencBindSrcAttr, count), CountBeyond::kClamped),
+    FIELD(VencBindSrcAttr, chnHandles, "chnhdl_%u", 0)
+        .CountedBy(offsetof(VencBindSrcAttr, count), CountBeyond::kClamped),
 };
 
 constexpr Field kVencIntraRefreshFields[] = {
@@ -43,7 +45,8 @@ constexpr TableOf<VencCommAttr> kVencCommAttrTable{kVencNode, kVencCommAttrField
 
 constexpr Field kCamVencCommFields[] = {
     COMPUTED(CamVencCommCfg, count),
-    RECORD(CamVencCommCfg, vencs, kVencCommAttrTable),
+    RECORD(CamVencCommCfg, vencs, kVencCommAttrTable)
+        .WhileExists("enable", offsetof(CamVencCommCfg, count)),
 };
 
 constexpr TableOf<CamVencCommCfg> kCamVencCommTable{nullptr, kCamVencCommFields};

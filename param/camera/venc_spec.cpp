@@ -23,7 +23,8 @@ constexpr Field kVencSpecAttrFields[] = {
 constexpr TableOf<VencSpecAttr> kVencSpecAttrTable{kVencNode, kVencSpecAttrFields};
 
 constexpr Field kVencSpecFields[] = {
-    RECORD(VencSpecCfg, vencs, kVencSpecAttrTable),
+    RECORD(VencSpecCfg, vencs, kVencSpecAttrTable)
+        .WhileExists("res_width", offsetof(VencSpecCfg, count)),
     COMPUTED(VencSpecCfg, count),
     RESERVED(VencSpecCfg, reserved),
 };

@@ -31,7 +31,7 @@ constexpr Field kVpssSpecFields[] = {
     FIELD(VpssSpecAttr, cropStartY, "crop_start_y", 0),
     FIELD(VpssSpecAttr, cropWidth, "crop_width", 0),
     FIELD(VpssSpecAttr, cropHeight, "crop_height", 0),
-    RECORD(VpssSpecAttr, ldc, kVcapLDCTable).FromMatching(kLdcModule),
+    RECORD(VpssSpecAttr, ldc, kVcapLDCTable).FromMatching(kLdcSearch),
     RECORD(VpssSpecAttr, vports, kVportSpecTable).Under(kVportNode),
     RECORD(VpssSpecAttr, extVports, kVportSpecTable).Under(kExtVportNode),
 };

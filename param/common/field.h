@@ -13,11 +13,21 @@
 /// - `.Under(node)`: the loader reads the row under this node template, not under the record's;
 ///   for a nested record: the prefix that it is given;
 /// - `.From(module)`: the loader reads the row, or the nested record, from this module;
-/// - `.FromMatching(modules)`: the same, from the one of these modules that a search finds; the
-///   numbers in their names are the search's own;
+/// - `.FromMatching(search)`: the same, from the module that this search finds; the numbers in its
+///   name are the search's own;
 /// - `.About(text)`, `.Unit(text)`, `.Numbers(text)`: what the value is, in one line; its unit; and
-/// what
-///   its numbers mean. These are for people, and stand in the companion's compilation only.
+///   what its numbers mean;
+/// - `.CountedBy(offset, beyond)`: the elements are counted by the member at `offset`;
+/// - `.WhileExists(key, offset)`: each element is read while those before it have `key`, the member
+///   at `offset` says how many have;
+/// - `.Optional()`: the product may lack the row's module;
+/// - `.WantedBy(search)`: a search below this record looks for the module that names this value;
+/// - `.Times(factor)`: the numbers in the array elements below are stored multiplied;
+/// - `.CountsUpTo(max)`: more elements below are an error, even when they could spill;
+/// - `.EmptyByQuotes()`: two double quotes stand for the empty text.
+///
+/// From `.About` on, these are notes for the companion (`field_notes.h`); the program's compilation
+/// drops them.
 ///
 /// In the templates of keys, nodes and modules, "%d" and "%u" are the numbers of the array elements
 /// that lead to the value, the innermost last; "%s" is, in a table's node, the prefix that the
@@ -29,6 +39,7 @@
 #include <span>
 #include <type_traits>
 
+#include "param/common/field_notes.h"
 #include "param/common/field_traits.h"
 #include "param/common/key.h"
 
@@ -94,10 +105,7 @@ struct Field {
     bool ownNode : 1;     ///< `node` is the very node, whatever node the loader is at
     bool fullLabel : 1;   ///< its failure is labelled with key and node, not with the key alone
 #if defined(PARAMGEN_DESCRIBED)
-    const char* about;  ///< what the value is, in one line
-    const char* unit;   ///< "ms", "px"; null when there is none
-    const char*
-        numbers;  ///< "0 linear, 1 tile": what its numbers mean; null when that is not known
+    FieldNotes notes;
 #endif
 
     constexpr Field At(const char* veryNode) const {
@@ -127,9 +135,9 @@ struct Field {
         row.module = moduleTemplate;
         return row;
     }
-    constexpr Field FromMatching(const char* moduleTemplate) const {
-        Field row = With(FieldExtra::kSearchedModule);
-        row.module = moduleTemplate;
+    consteval Field FromMatching(const ModuleSearch& search) const {
+        Field row = With(FieldExtra::kSearchedModule).Note(&FieldNotes::search, &search);
+        row.module = search.modules;
         return row;
     }
     constexpr Field NamesFrom(NameLookup names) const {
@@ -138,34 +146,42 @@ struct Field {
         return row;
     }
 
-    // Descriptions cost the program nothing: they are dropped while it is compiled.
-#if defined(PARAMGEN_DESCRIBED)
-    constexpr Field About(const char* text) const {
-        Field row = *this;
-        row.about = text;
-        return row;
+    // Notes cost the program nothing: they are dropped while it is compiled.
+    consteval Field Member(const char* name) const {
+        return Note(&FieldNotes::member, name);
     }
-    constexpr Field Unit(const char* text) const {
-        Field row = *this;
-        row.unit = text;
-        return row;
+    consteval Field About(const char* text) const {
+        return Note(&FieldNotes::about, text);
     }
-    constexpr Field Numbers(const char* text) const {
-        Field row = *this;
-        row.numbers = text;
-        return row;
+    consteval Field Unit(const char* text) const {
+        return Note(&FieldNotes::unit, text);
     }
-#else
-    consteval Field About(const char*) const {
-        return *this;
+    consteval Field Numbers(const char* text) const {
+        return Note(&FieldNotes::numbers, text);
     }
-    consteval Field Unit(const char*) const {
-        return *this;
+    consteval Field CountedBy(std::size_t countOffset, CountBeyond beyond) const {
+        return Note(&FieldNotes::beyond, beyond)
+            .Note(&FieldNotes::countOffset, static_cast<std::uint16_t>(countOffset));
     }
-    consteval Field Numbers(const char*) const {
-        return *this;
+    consteval Field WhileExists(const char* itemKey, std::size_t countOffset) const {
+        return Note(&FieldNotes::whileKey, itemKey)
+            .Note(&FieldNotes::countOffset, static_cast<std::uint16_t>(countOffset));
     }
-#endif
+    consteval Field Optional() const {
+        return Note(&FieldNotes::optionalModule, true);
+    }
+    consteval Field WantedBy(const ModuleSearch& search) const {
+        return Note(&FieldNotes::wanted, &search);
+    }
+    consteval Field Times(std::uint16_t factor) const {
+        return Note(&FieldNotes::times, factor);
+    }
+    consteval Field CountsUpTo(std::uint16_t max) const {
+        return Note(&FieldNotes::countMax, max);
+    }
+    consteval Field EmptyByQuotes() const {
+        return Note(&FieldNotes::emptyByQuotes, true);
+    }
 
     /// The default of an absent key; kConstant: the value; kCopy: the offset of what is copied.
     constexpr std::int32_t Number() const {
@@ -177,6 +193,15 @@ struct Field {
     }
 
 private:
+    template <typename Value>
+    consteval Field Note([[maybe_unused]] Value FieldNotes::*note,
+                         [[maybe_unused]] std::type_identity_t<Value> value) const {
+        Field row = *this;
+#if defined(PARAMGEN_DESCRIBED)
+        row.notes.*note = value;
+#endif
+        return row;
+    }
     constexpr Field With(FieldExtra what) const {
         if (extra != FieldExtra::kNumber || number != 0) {
             field_detail::ARowHasOneExtraAtMost();
@@ -380,40 +405,49 @@ struct CallSite {
 // an absent key, which is 0 when not given; texts and names have none.
 
 /// A key that a typed reader reads.
-#define FIELD(Record, member, ...)                              \
-    ::paramgen::field_detail::KeyRow<decltype(Record::member)>( \
-        ::paramgen::FieldSource::kReader, offsetof(Record, member), __VA_ARGS__)
+#define FIELD(Record, member, ...)                                               \
+    ::paramgen::field_detail::KeyRow<decltype(Record::member)>(                  \
+        ::paramgen::FieldSource::kReader, offsetof(Record, member), __VA_ARGS__) \
+        .Member(#member)
 
 /// A key that is queried directly.
-#define QUERY(Record, member, ...)                              \
-    ::paramgen::field_detail::KeyRow<decltype(Record::member)>( \
-        ::paramgen::FieldSource::kQuery, offsetof(Record, member), __VA_ARGS__)
+#define QUERY(Record, member, ...)                                              \
+    ::paramgen::field_detail::KeyRow<decltype(Record::member)>(                 \
+        ::paramgen::FieldSource::kQuery, offsetof(Record, member), __VA_ARGS__) \
+        .Member(#member)
 
 /// A key that the loader reads in its own way, not through `LoadField`.
-#define LOADED(Record, member, ...)                             \
-    ::paramgen::field_detail::KeyRow<decltype(Record::member)>( \
-        ::paramgen::FieldSource::kLoader, offsetof(Record, member), __VA_ARGS__)
+#define LOADED(Record, member, ...)                                              \
+    ::paramgen::field_detail::KeyRow<decltype(Record::member)>(                  \
+        ::paramgen::FieldSource::kLoader, offsetof(Record, member), __VA_ARGS__) \
+        .Member(#member)
 
 /// A member that always gets the same value.
-#define CONSTANT(Record, member, value) \
-    ::paramgen::field_detail::ConstantRow<decltype(Record::member)>(offsetof(Record, member), value)
+#define CONSTANT(Record, member, value)                                                       \
+    ::paramgen::field_detail::ConstantRow<decltype(Record::member)>(offsetof(Record, member), \
+                                                                    value)                    \
+        .Member(#member)
 
 /// A member that repeats an earlier one.
 #define COPY(Record, member, from)                                                       \
     ::paramgen::field_detail::CopyRow<decltype(Record::member), decltype(Record::from)>( \
-        offsetof(Record, member), offsetof(Record, from))
+        offsetof(Record, member), offsetof(Record, from))                                \
+        .Member(#member)
 
 /// A member that nobody writes.
-#define RESERVED(Record, member)                             \
-    ::paramgen::field_detail::Row<decltype(Record::member)>( \
-        offsetof(Record, member), ::paramgen::FieldKind::kBytes, ::paramgen::FieldSource::kNobody)
+#define RESERVED(Record, member)                                                                   \
+    ::paramgen::field_detail::Row<decltype(Record::member)>(                                       \
+        offsetof(Record, member), ::paramgen::FieldKind::kBytes, ::paramgen::FieldSource::kNobody) \
+        .Member(#member)
 
 /// A member that the loader works out; it has no key of its own.
 #define COMPUTED(Record, member)                                                            \
     ::paramgen::field_detail::Row<decltype(Record::member)>(                                \
         offsetof(Record, member), ::paramgen::FieldTraits<decltype(Record::member)>::kKind, \
-        ::paramgen::FieldSource::kLoader)
+        ::paramgen::FieldSource::kLoader)                                                   \
+        .Member(#member)
 
 /// A nested record, or an array of them, with its table.
-#define RECORD(Record, member, table) \
-    ::paramgen::field_detail::RecordRow<decltype(Record::member)>(offsetof(Record, member), table)
+#define RECORD(Record, member, table)                                                              \
+    ::paramgen::field_detail::RecordRow<decltype(Record::member)>(offsetof(Record, member), table) \
+        .Member(#member)

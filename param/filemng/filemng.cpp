@@ -27,7 +27,7 @@ constexpr Field kDtcfFields[] = {
     FIELD(DtcfCfg, warningStage, "warning_stage", 0).At(kDtcfNode),
     FIELD(DtcfCfg, guaranteedStage, "guaranteed_stage", 0).At(kDtcfNode),
     FIELD(DtcfCfg, rootDir, "rootdir").At(kDtcfNode),
-    LOADED(DtcfCfg, dirNames, "dir_name%u").At("dtcf.dir.name"),
+    LOADED(DtcfCfg, dirNames, "dir_name%u").At("dtcf.dir.name").EmptyByQuotes(),
 };
 
 constexpr TableOf<FileMngCommCfg> kFileMngCommTable{nullptr, kFileMngCommFields};

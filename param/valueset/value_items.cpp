@@ -24,12 +24,14 @@ constexpr TableOf<MediaModeItem> kMediaModeItemTable{nullptr, kItemFields<MediaM
 
 constexpr Field kNumberSetFields[] = {
     QUERY(NumberSet, count, kCountKey, 0),
-    RECORD(NumberSet, items, kNumberItemTable),
+    RECORD(NumberSet, items, kNumberItemTable)
+        .CountedBy(offsetof(NumberSet, count), CountBeyond::kSpilling),
 };
 
 constexpr Field kMediaModeSetFields[] = {
     QUERY(MediaModeSet, count, kCountKey, 0),
-    RECORD(MediaModeSet, items, kMediaModeItemTable),
+    RECORD(MediaModeSet, items, kMediaModeItemTable)
+        .CountedBy(offsetof(MediaModeSet, count), CountBeyond::kSpilling),
 };
 
 constexpr std::size_t kItemSize = sizeof(NumberItem);

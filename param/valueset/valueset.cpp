@@ -10,8 +10,12 @@ namespace paramgen {
 // A row's prefix is the node of its set, its table tells the kind of values.
 
 constexpr Field kBurstValueSetsFields[] = {
-    RECORD(BurstValueSets, mediaMode, kMediaModeSetTable).Under("cam.%u.burst.mediamode"),
-    RECORD(BurstValueSets, types, kNumberSetTable).Under("cam.%u.burst.type%u"),
+    RECORD(BurstValueSets, mediaMode, kMediaModeSetTable)
+        .Under("cam.%u.burst.mediamode")
+        .CountsUpTo(kValueCount),
+    RECORD(BurstValueSets, types, kNumberSetTable)
+        .Under("cam.%u.burst.type%u")
+        .CountedBy(offsetof(BurstValueSets, mediaMode.count), CountBeyond::kRefused),
 };
 
 constexpr TableOf<BurstValueSets> kBurstValueSetsTable{nullptr, kBurstValueSetsFields};
@@ -26,7 +30,7 @@ constexpr Field kValueSetFields[] = {
     RECORD(ValueSetCfg, flip, kNumberSetTable).Under("cam.%d.flip.status"),
     RECORD(ValueSetCfg, mirror, kNumberSetTable).Under("cam.%d.mirror.status"),
     RECORD(ValueSetCfg, antiflicker, kNumberSetTable).Under("cam.%d.antiflicker.mode"),
-    RECORD(ValueSetCfg, dormant, kNumberSetTable).Under("screen.dormant"),
+    RECORD(ValueSetCfg, dormant, kNumberSetTable).Under("screen.dormant").Times(1000),
     RECORD(ValueSetCfg, brightness, kNumberSetTable).Under("screen.brightness"),
     RECORD(ValueSetCfg, volume, kNumberSetTable).Under("volume"),
     RECORD(ValueSetCfg, driveSensitivity, kNumberSetTable).Under("drive_sensitivity"),

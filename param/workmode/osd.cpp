@@ -35,7 +35,8 @@ constexpr Field kOsdEntryFields[] = {
     FIELD(OsdEntryCfg, bitmapWidth, "bmp_width", 0),
     FIELD(OsdEntryCfg, bitmapHeight, "bmp_height", 0),
     FIELD(OsdEntryCfg, displayCount, "dispnum", 0),
-    RECORD(OsdEntryCfg, displays, kOsdDisplayTable),
+    RECORD(OsdEntryCfg, displays, kOsdDisplayTable)
+        .CountedBy(offsetof(OsdEntryCfg, displayCount), CountBeyond::kClamped),
 };
 
 constexpr TableOf<OsdEntryCfg> kOsdEntryTable{kEntryNode, kOsdEntryFields};
@@ -46,7 +47,8 @@ constexpr Field kOsdFields[] = {
     FIELD(OsdCfg, baseFontHeight, "base_font_h", 0),
     FIELD(OsdCfg, baseWidth, "base_res_w", 0),
     FIELD(OsdCfg, baseHeight, "base_res_h", 0),
-    RECORD(OsdCfg, entries, kOsdEntryTable),
+    RECORD(OsdCfg, entries, kOsdEntryTable)
+        .CountedBy(offsetof(OsdCfg, count), CountBeyond::kClamped),
 };
 
 namespace {

@@ -24,10 +24,13 @@ constexpr Field kRecCommFields[] = {
 
 constexpr Field kRecFileFields[] = {
     FIELD(RecFileCfg, videoEncoderCount, "venccnt", 0),
-    QUERY(RecFileCfg, videoEncoders, "venc_hdl%u", 0),
-    QUERY(RecFileCfg, recordBufferTimes, "recbuffer_time%u", 0),
+    QUERY(RecFileCfg, videoEncoders, "venc_hdl%u", 0)
+        .CountedBy(offsetof(RecFileCfg, videoEncoderCount), CountBeyond::kClamped),
+    QUERY(RecFileCfg, recordBufferTimes, "recbuffer_time%u", 0)
+        .CountedBy(offsetof(RecFileCfg, videoEncoderCount), CountBeyond::kClamped),
     FIELD(RecFileCfg, audioEncoderCount, "aenccnt", 0),
-    QUERY(RecFileCfg, audioEncoders, "aenc_hdl%u", 0),
+    QUERY(RecFileCfg, audioEncoders, "aenc_hdl%u", 0)
+        .CountedBy(offsetof(RecFileCfg, audioEncoderCount), CountBeyond::kClamped),
     FIELD(RecFileCfg, thumbnailEncoder, "thumbnail_hdl", 0),
     RESERVED(RecFileCfg, reserved8),
     RESERVED(RecFileCfg, audioEncoder1),
@@ -47,9 +50,13 @@ constexpr Field kRecAttrFields[] = {
     FIELD(RecAttrCfg, slowPlayFrameRate, "slowrec_playfps", 0),
     FIELD(RecAttrCfg, fileCount, "filecnt", 0),
     FIELD(RecAttrCfg, thumbnailCount, "thmcnt", 0),
-    LOADED(RecAttrCfg, thumbnailHandles, "thmhdl%u", 0),
-    RECORD(RecAttrCfg, files, kRecFileTable),
-    QUERY(RecAttrCfg, receiveBufferSizes, "recvbuf_size", 0).Under(kFileNode),
+    LOADED(RecAttrCfg, thumbnailHandles, "thmhdl%u", 0)
+        .CountedBy(offsetof(RecAttrCfg, thumbnailCount), CountBeyond::kSpilling),
+    RECORD(RecAttrCfg, files, kRecFileTable)
+        .CountedBy(offsetof(RecAttrCfg, fileCount), CountBeyond::kClamped),
+    QUERY(RecAttrCfg, receiveBufferSizes, "recvbuf_size", 0)
+        .Under(kFileNode)
+        .CountedBy(offsetof(RecAttrCfg, fileCount), CountBeyond::kClamped),
     RESERVED(RecAttrCfg, reserved4),
     RESERVED(RecAttrCfg, reserved16),
     RESERVED(RecAttrCfg, reserved156),

@@ -1,0 +1,81 @@
+#include "layout/value.h"
+
+namespace paramgen::layout {
+namespace {
+
+std::string OrEmpty(const char* text) {
+    return text == nullptr ? "" : text;
+}
+
+}  // namespace
+
+std::string Text(const KeyName& name) {
+    return name.module + "/" + name.section + ":" + name.key;
+}
+
+bool Value::HasDefault() const {
+    return Source() == FieldSource::kConstant ||
+           (HasKey() && Kind() != FieldKind::kText && Kind() != FieldKind::kName);
+}
+
+std::string Value::About() const {
+    return OrEmpty(field->notes.about);
+}
+
+std::string Value::Unit() const {
+    return OrEmpty(field->notes.unit);
+}
+
+std::string Value::Numbers() const {
+    return OrEmpty(field->notes.numbers);
+}
+
+const char* KindName(FieldKind kind) {
+    switch (kind) {
+        case FieldKind::kBool:
+            return "bool";
+        case FieldKind::kInt32:
+            return "i32";
+        case FieldKind::kUint32:
+            return "u32";
+        case FieldKind::kUint8:
+            return "u8";
+        case FieldKind::kInt16:
+            return "i16";
+        case FieldKind::kUint64:
+            return "u64";
+        case FieldKind::kFloat:
+            return "f32";
+        case FieldKind::kText:
+            return "text";
+        case FieldKind::kName:
+            return "name";
+        case FieldKind::kRecord:
+            return "record";
+        case FieldKind::kBytes:
+            return "bytes";
+    }
+    return "?";
+}
+
+const char* SourceName(FieldSource source) {
+    switch (source) {
+        case FieldSource::kReader:
+            return "reader";
+        case FieldSource::kQuery:
+            return "query";
+        case FieldSource::kLoader:
+            return "loader";
+        case FieldSource::kConstant:
+            return "constant";
+        case FieldSource::kCopy:
+            return "copy";
+        case FieldSource::kTable:
+            return "table";
+        case FieldSource::kNobody:
+            return "nobody";
+    }
+    return "?";
+}
+
+}  // namespace paramgen::layout

@@ -1,0 +1,277 @@
+#include "layout/walk.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace paramgen::layout {
+namespace {
+
+/// What the number of an array element looks like in a name, and in the pattern of that name.
+struct Number {
+    std::string real;
+    std::string letter;
+};
+
+/// A text of both kinds.
+struct Named {
+    std::string real;
+    std::string pattern;
+};
+
+/// Where the walk stands.
+struct Place {
+    Named module;
+    std::vector<std::string> modules;
+    Named prefix;
+    std::vector<Number> numbers;
+    std::uint32_t offset = 0;
+    std::uint32_t end = 0;  ///< how far elements may spill
+    std::uint32_t countMax = UINT32_MAX;
+    std::string member;
+    std::vector<Condition> conditions;
+    std::uint32_t wanted = 0;
+    std::uint32_t times = 1;
+    std::uint32_t elementTimes = 1;  ///< the same, of the elements of arrays from here on
+};
+
+/// Fills in a template: "%s" is `text`; each "%d" or "%u" takes one of the last numbers, in order.
+std::string Expand(std::string_view pattern, std::string_view text,
+                   const std::vector<std::string>& numbers) {
+    const auto placeholders = static_cast<std::size_t>(
+        std::count(pattern.begin(), pattern.end(), '%') - (pattern.find("%s") != pattern.npos));
+    std::size_t next = numbers.size() - placeholders;
+    std::string result;
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        if (pattern[i] != '%') {
+            result += pattern[i];
+            continue;
+        }
+        ++i;
+        result += pattern[i] == 's' ? text : numbers.at(next++);
+    }
+    return result;
+}
+
+Named Expand(std::string_view pattern, const Named& text, const std::vector<Number>& numbers) {
+    std::vector<std::string> real;
+    std::vector<std::string> letters;
+    for (const Number& number : numbers) {
+        real.push_back(number.real);
+        letters.push_back(number.letter);
+    }
+    return {Expand(pattern, text.real, real), Expand(pattern, text.pattern, letters)};
+}
+
+/// A letter for the next number that can differ: N, M, K, L.
+std::string NextLetter(const std::vector<Number>& numbers) {
+    constexpr std::string_view kLetters = "NMKL";
+    const auto used = std::count_if(numbers.begin(), numbers.end(), [](const Number& number) {
+        return number.letter != number.real;
+    });
+    return std::string(1, kLetters.at(static_cast<std::size_t>(used)));
+}
+
+/// The module of a row that has one of its own.
+void EnterModule(const Field& field, Place* place) {
+    if (field.extra == FieldExtra::kSearchedModule) {
+        const ModuleSearch& search = *field.notes.search;
+        const std::string camera = std::to_string(search.camera);
+        const std::string any = Expand(search.modules, "", {camera, "*"});
+        place->module = {any, any};
+        place->modules.clear();
+        for (std::uint32_t i = 0; i < search.count; ++i) {
+            place->modules.push_back(Expand(search.modules, "", {camera, std::to_string(i)}));
+        }
+        Condition condition;
+        condition.kind = ConditionKind::kSearchedModule;
+        condition.wanted = place->wanted;
+        condition.search = &search;
+        place->conditions.push_back(condition);
+    } else if (field.extra == FieldExtra::kModule) {
+        place->module = Expand(field.module, Named(), place->numbers);
+        place->modules = {place->module.real};
+        if (field.notes.optionalModule) {
+            Condition condition;
+            condition.kind = ConditionKind::kOptionalModule;
+            place->conditions.push_back(condition);
+        }
+    }
+}
+
+/// The node that the rows of a table, or one row, stand under.
+Named NodeOf(const Field& field, const Named& node, const std::vector<Number>& numbers) {
+    if (field.node == nullptr) {
+        return node;
+    }
+    return field.ownNode ? Named{field.node, field.node} : Expand(field.node, node, numbers);
+}
+
+/// The largest count of a row's elements that is no error.
+std::uint32_t LargestCount(const Field& field, const Place& record) {
+    switch (field.notes.beyond) {
+        case CountBeyond::kRefused:
+            return field.count;
+        case CountBeyond::kSpilling:
+            return std::min(record.countMax,
+                            (record.end - record.offset - field.offset) / field.size);
+        default:
+            return UINT32_MAX;
+    }
+}
+
+/// The keys that must be there for element `number` to be read: those of the elements before it.
+std::vector<KeyName> LeadingKeys(const Field& field, const Named& node, const Place& record,
+                                 std::uint32_t number) {
+    std::vector<KeyName> keys;
+    for (std::uint32_t i = 0; i < number; ++i) {
+        std::vector<Number> numbers = record.numbers;
+        numbers.push_back({std::to_string(i), ""});
+        keys.push_back({record.module.real, Expand(field.table->node, node, numbers).real,
+                        field.notes.whileKey});
+    }
+    return keys;
+}
+
+/// Adds the condition under which element `number` of a row is read, if there is one.
+void AddElementCondition(const Field& field, const Named& node, const Place& record,
+                         std::uint32_t number, Place* element) {
+    const FieldNotes& notes = field.notes;
+    Condition condition;
+    condition.number = number;
+    condition.places = field.count;
+    condition.count = record.offset + notes.countOffset;
+    if (notes.whileKey != nullptr) {
+        condition.kind = ConditionKind::kLeading;
+        condition.keys = LeadingKeys(field, node, record, number);
+    } else if (notes.beyond != CountBeyond::kNotCounted) {
+        condition.largest = LargestCount(field, record);
+        condition.beyond = condition.largest == field.count ? CountBeyond::kRefused : notes.beyond;
+    } else {
+        return;
+    }
+    element->conditions.push_back(std::move(condition));
+}
+
+/// Where a walk puts values, and those of elements without a place.
+struct Found {
+    std::vector<Value>* values;
+    std::vector<Value>* spilled;
+};
+
+/// The value of a row with a key, or of one without; `record` is where its record stands.
+Value MakeValue(const Field& field, const Named& node, const Place& record, const Place& place) {
+    Value value = {};
+    value.field = &field;
+    value.offset = place.offset;
+    value.size = field.size;
+    value.member = place.member;
+    value.conditions = place.conditions;
+    value.origin = field.source == FieldSource::kCopy
+                       ? record.offset + static_cast<std::uint32_t>(field.Number())
+                       : place.offset;
+    value.times = field.kind == FieldKind::kText ? 1 : place.times;
+    if (field.key == nullptr) {
+        return value;
+    }
+    const Named item = Expand(field.key, Named(), place.numbers);
+    value.module = place.module.real;
+    value.modules = place.modules;
+    value.section = node.real;
+    value.key = item.real;
+    value.pattern = {place.module.pattern, node.pattern, item.pattern};
+    const bool full = field.fullLabel || field.source == FieldSource::kQuery;
+    value.label = full ? value.section + ":" + value.key : value.key;
+    if (field.extra == FieldExtra::kLabel) {
+        value.label = field.label;
+    }
+    return value;
+}
+
+/// Where element `number` of a row stands.
+Place ElementOf(const Field& field, const Named& node, const Place& record, std::uint32_t number) {
+    Place element = record;
+    element.offset += field.offset + number * field.size;
+    element.member += (element.member.empty() ? "" : ".") + std::string(field.notes.member);
+    if (field.isArray) {
+        const std::string real = std::to_string(number);
+        element.member += "[" + real + "]";
+        element.numbers.push_back({real, field.count > 1 ? NextLetter(record.numbers) : real});
+        element.times = element.elementTimes;
+    }
+    if (field.notes.times != 0) {
+        element.elementTimes = field.notes.times;
+    }
+    if (field.notes.countMax != 0) {
+        element.countMax = field.notes.countMax;
+    }
+    AddElementCondition(field, node, record, number, &element);
+    EnterModule(field, &element);
+    return element;
+}
+
+void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found);
+
+void WalkElement(const Field& field, const Named& node, const Place& record, std::uint32_t number,
+                 bool section, const Found& found) {
+    Place element = ElementOf(field, node, record, number);
+    const Named under = NodeOf(field, node, element.numbers);
+    if (field.source != FieldSource::kTable) {
+        found.values->push_back(MakeValue(field, under, record, element));
+        return;
+    }
+    element.prefix = under;
+    if (section) {
+        element.end = element.offset + field.size;
+    }
+    WalkTable(*field.table, element, false, found);
+}
+
+/// Walks the rows of a record. Its members may be sections.
+void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found) {
+    Place record = outer;
+    const Named node =
+        table.node == nullptr ? outer.prefix : Expand(table.node, outer.prefix, outer.numbers);
+    for (const Field& field : table.fields) {
+        if (field.notes.wanted != nullptr) {
+            record.wanted = record.offset + field.offset;
+        }
+    }
+    for (const Field& field : table.fields) {
+        for (std::uint32_t i = 0; i < field.count; ++i) {
+            WalkElement(field, node, record, i, sections, found);
+        }
+        if (field.notes.beyond == CountBeyond::kSpilling) {
+            const std::uint32_t count = LargestCount(field, record);
+            for (std::uint32_t i = field.count; i < count; ++i) {
+                WalkElement(field, node, record, i, sections, {found.spilled, found.spilled});
+            }
+        }
+    }
+}
+
+Walked WalkFrom(const RecordTable& table, const Place& place, bool sections) {
+    Walked walked;
+    WalkTable(table, place, sections, {&walked.values, &walked.spilled});
+    return walked;
+}
+
+}  // namespace
+
+Walked Walk(const RecordTable& table, const WalkStart& start) {
+    Place place;
+    place.module = {start.module, start.module};
+    place.modules = {start.module};
+    place.prefix = {start.prefix, start.prefix};
+    for (const std::uint32_t number : start.numbers) {
+        place.numbers.push_back({std::to_string(number), std::to_string(number)});
+    }
+    place.end = table.size;
+    return WalkFrom(table, place, false);
+}
+
+Walked WalkSections(const RecordTable& table) {
+    return WalkFrom(table, Place(), true);
+}
+
+}  // namespace paramgen::layout
