@@ -5,6 +5,7 @@
 
 #include "confaccess/argument_checks.h"
 #include "confaccess/dir_name.h"
+#include "confaccess/watch.h"
 #include "log/library_log.h"
 #include "safestr/safestr.h"
 
@@ -115,6 +116,7 @@ Status CONFACCESS_InitModule(ConfigEntry* config, std::int32_t number) {
         return status;
     }
     module->dictionary = LoadIniFile(module->file, &config->memory);
+    WATCH_FILE_READ(*module);
     if (module->dictionary == nullptr) {
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "Load %s failed\n", module->file);
         return kFailed;

@@ -7,6 +7,7 @@
 #include "confaccess/locked_module.h"
 #include "confaccess/number.h"
 #include "confaccess/registry.h"
+#include "confaccess/watch.h"
 #include "log/library_log.h"
 #include "safestr/short_text.h"
 
@@ -66,7 +67,9 @@ public:
             status_ = kBadArgument;
         }
         if (status_ == kOk) {
-            text_ = FindText(*module.dictionary(), confItem, defaultValue);
+            text_ =
+                WATCH_ANSWER(module, confItem,
+                             FindText(*module.dictionary(), confItem, defaultValue), defaultValue);
         }
     }
 
@@ -97,7 +100,7 @@ LockedModule::LockedModule(std::string_view cfgName, std::string_view module)
         return;
     }
     pthread_mutex_lock(&config_->lock);
-    const ModuleEntry* entry = FindModule(config_, module);
+    const ModuleEntry* entry = WATCH_MODULE(module, FindModule(config_, module));
     status_ = entry == nullptr ? kNoModule : kOk;
     dictionary_ = entry == nullptr ? nullptr : entry->dictionary;
 }
@@ -235,7 +238,7 @@ Status ZV_CONFACCESS_IsMoudleExist(const char* cfgName, const char* module, std:
     ConfigEntry* config = FindConfig(configName);
     if (config != nullptr) {
         pthread_mutex_lock(&config->lock);
-        *isExist = FindModule(config, moduleName) == nullptr ? 0 : 1;
+        *isExist = WATCH_MODULE(moduleName, FindModule(config, moduleName)) == nullptr ? 0 : 1;
         pthread_mutex_unlock(&config->lock);
     }
     return kOk;

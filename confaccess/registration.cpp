@@ -9,6 +9,7 @@
 #include "confaccess/entry_ptr.h"
 #include "confaccess/module_loader.h"
 #include "confaccess/registry.h"
+#include "confaccess/watch.h"
 #include "log/library_log.h"
 
 namespace paramgen {
@@ -103,6 +104,7 @@ Status ZV_CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
         return kNoConfiguration;
     }
     if (FindConfig(cfgName) != nullptr) {
+        RETURN_WHERE_CONFIGS_STAY(kOk);
         ZV_LOG_PrintfInfo(kConfAccessTag, kLibraryWarn, __func__, 325, "%s already be inited\n",
                           cfgName);
         return kAlreadyRegistered;
@@ -126,6 +128,7 @@ Status ZV_CONFACCESS_Deinit(const char* cfgName) {
     if (IsFalseExpression(g_confAccessCount > 0, __func__, 347, "g_confAccessCount > 0")) {
         return kNothingRegistered;
     }
+    RETURN_WHERE_CONFIGS_STAY(kOk);
     const ConfigPtr config(FindConfig(cfgName));
     if (config == nullptr) {
         return kNoConfiguration;

@@ -1,6 +1,7 @@
 #include "param/camera/vcap_spec.h"
 
 #include "confaccess/number.h"
+#include "confaccess/watch.h"
 #include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
@@ -54,6 +55,7 @@ Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapS
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kVcapSpecTable, componentMask), i);
         const char* text = nullptr;
+        WATCH_DESTINATION(&cfg->componentMask[i], sizeof cfg->componentMask[i]);
         const Status status = FindText(module, item.c_str(), &text);
         const std::int32_t mask = text == nullptr ? 0 : ParseInteger(text, 10);
         if (mask < 0) {

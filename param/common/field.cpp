@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "confaccess/confaccess.h"
+#include "confaccess/watch.h"
 #include "param/common/key.h"
 #include "param/common/param_log.h"
 #include "param/common/product_module.h"
@@ -227,6 +228,7 @@ Status LoadRow(CallSite site, const ProductModule& module, std::string_view node
                        .item = field.isNumbered ? numbered.View() : field.key,
                        .field = field,
                        .dest = field.isArray ? dest + std::size_t{index} * field.size : dest};
+    WATCH_DESTINATION(load.dest, field.size);
     return field.source == FieldSource::kReader ? LoadThroughReader(load) : LoadThroughQuery(load);
 }
 

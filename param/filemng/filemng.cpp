@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "confaccess/watch.h"
 #include "param/common/modules.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
@@ -71,6 +72,7 @@ Status PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(const char* module, DtcfCfg* cfg)
         Key item;
         FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kDtcfTable, dirNames), i);
         const char* value = nullptr;
+        WATCH_DESTINATION(cfg->dirNames[i], sizeof cfg->dirNames[i]);
         CALL_OR_RETURN(FindText(module, item.c_str(), &value), item.c_str());
         const Status status = PDT_INIPARAM_FILEMNG_GetDirNames(value, i, cfg);
         if (status != kOk) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "confaccess/watch.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
 
@@ -88,6 +89,7 @@ Status PDT_INIPARAM_LoadCommItemValues(const char* module, const char* item, Val
     for (std::uint32_t k = 0; k < set.Count(); ++k) {
         const std::span<char> text = set.Description(k);
         FORMAT_KEY_OR_RETURN(key, item, ROW(kNumberItemTable, description), k);
+        WATCH_DESTINATION(text.data(), sizeof(MediaModeItem::description));
         CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(module, key.c_str(), text,
                                                     sizeof(NumberItem::description)),
                        key.c_str());
@@ -109,6 +111,7 @@ Status PDT_INIPARAM_LoadMediaModeItemValues(const char* module, const char* item
     for (std::uint32_t k = 0; k < set.Count(); ++k) {
         const std::span<char> text = set.Description(k);
         FORMAT_KEY_OR_RETURN(key, item, ROW(kMediaModeItemTable, description), k);
+        WATCH_DESTINATION(text.data(), sizeof(MediaModeItem::description));
         CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(module, key.c_str(), text,
                                                     sizeof(MediaModeItem::description)),
                        key.c_str());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "confaccess/watch.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
 
@@ -69,6 +70,7 @@ Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg*
         FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
         const char* prefix = entryNode.c_str();
         constexpr const Field& type = ROW(kOsdEntryTable, type);
+        WATCH_DESTINATION(&entry->type, sizeof entry->type);
         CALL_OR_RETURN(PDT_INIPARAM_LoadIntValueByNodePrefix(module, prefix, type.key,
                                                              type.Number(), &entry->type),
                        "osdType");

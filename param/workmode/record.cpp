@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "confaccess/confaccess.h"
+#include "confaccess/watch.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
 #include "param/workmode/nodes.h"
@@ -120,6 +121,7 @@ Status PDT_INIPARAM_LoadRecFilesAttr(const char* module, const char* node, RecAt
         constexpr const Field& row = ROW(kRecAttrTable, thumbnailHandles);
         FORMAT_KEY_OR_RETURN(key, node, row, i);
         std::int32_t handle = 0;
+        WATCH_DESTINATION(thumbnails.data() + i * sizeof handle, sizeof handle);
         CALL_OR_RETURN(
             ZV_CONFACCESS_GetInt(kProductConfig, module, key.c_str(), row.Number(), &handle),
             key.c_str());
