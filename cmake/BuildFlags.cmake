@@ -7,6 +7,12 @@ target_compile_options(paramgen_flags INTERFACE
   -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>)
 
+# The directory that something is built in leaves no trace in it: the same sources give the same bytes
+# everywhere. (Debuggers want the real directory.)
+target_compile_options(paramgen_flags INTERFACE
+  $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>
+  $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+
 # What the program itself is compiled with besides: it brings no C++ runtime library along.
 add_library(paramgen_program_flags INTERFACE)
 target_link_libraries(paramgen_program_flags INTERFACE paramgen_flags)

@@ -1,0 +1,58 @@
+# What is installed, and where. Components: generator (paramgen, its pages), tool (paramtool, its pages,
+# completions), dev (CMake package, header, layout), doc (reference, example, documents).
+include(GNUInstallDirs)
+set(PARAMGEN_ZSH_COMPLETIONS "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE STRING
+  "Where zsh looks for completions")
+
+find_program(PARAMGEN_GZIP gzip)
+mark_as_advanced(PARAMGEN_GZIP)
+
+# paramgen_man_page(<file> COMPONENT <component>)
+# Installs a page of the manual, compressed where there is gzip. Without a path it is made from
+# docs/man/<page>.in; with one it is the output of a custom command.
+function(paramgen_man_page file)
+  cmake_parse_arguments(PAGE "" "COMPONENT" "" ${ARGN})
+  cmake_path(GET file FILENAME name)
+  if(name STREQUAL file)
+    set(file "${PROJECT_BINARY_DIR}/man/${name}")
+    configure_file("${PROJECT_SOURCE_DIR}/docs/man/${name}.in" "${file}" @ONLY)
+  endif()
+  set(installed "${file}")
+  if(PARAMGEN_GZIP)
+    set(installed "${PROJECT_BINARY_DIR}/man/compressed/${name}.gz")
+    add_custom_command(OUTPUT "${installed}" DEPENDS "${file}" VERBATIM
+      COMMAND "${CMAKE_COMMAND}" -E make_directory "${PROJECT_BINARY_DIR}/man/compressed"
+      COMMAND "${PARAMGEN_GZIP}" -9nc "${file}" > "${installed}")
+  endif()
+  set_property(GLOBAL APPEND PROPERTY PARAMGEN_INSTALLED_FILES "${installed}")
+  string(REGEX MATCH "[0-9]$" section "${name}")
+  install(FILES "${installed}" COMPONENT ${PAGE_COMPONENT}
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man${section}")
+endfunction()
+
+install(TARGETS paramgen RUNTIME COMPONENT generator)
+paramgen_man_page(paramgen.1 COMPONENT generator)
+paramgen_man_page(paramgen-tree.5 COMPONENT generator)
+paramgen_man_page(paramgen-image.5 COMPONENT generator)
+
+include(CMakePackageConfigHelpers)
+set(package_directory "${CMAKE_INSTALL_DATADIR}/cmake/paramgen")
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/package/paramgenConfig.cmake.in"
+  "${PROJECT_BINARY_DIR}/paramgenConfig.cmake"
+  INSTALL_DESTINATION "${package_directory}"
+  PATH_VARS CMAKE_INSTALL_BINDIR CMAKE_INSTALL_INCLUDEDIR
+  NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/paramgenConfigVersion.cmake"
+  COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+install(FILES "${PROJECT_BINARY_DIR}/paramgenConfig.cmake"
+  "${PROJECT_BINARY_DIR}/paramgenConfigVersion.cmake" cmake/package/paramgenBuildImage.cmake
+  COMPONENT dev DESTINATION "${package_directory}")
+
+install(DIRECTORY examples/ COMPONENT doc DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples"
+  PATTERN "param*.bin" EXCLUDE)
+install(FILES README.md CHANGELOG.md COMPONENT doc DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(DIRECTORY docs/ COMPONENT doc DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs"
+  FILES_MATCHING PATTERN "*.md" PATTERN man EXCLUDE)
+
+get_property(installed_files GLOBAL PROPERTY PARAMGEN_INSTALLED_FILES)
+add_custom_target(installed_files ALL DEPENDS ${installed_files})
