@@ -52,6 +52,19 @@ if(NOT PARAMGEN_SANITIZERS)  # they look at more; and it takes optimisation
     $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
 endif()
 
+# What the companion is compiled with. (Optimising, gcc 12 sees texts overlap in std::string's own
+# operator+.)
+add_library(paramgen_companion_flags INTERFACE)
+target_link_libraries(paramgen_companion_flags INTERFACE paramgen_flags)
+target_compile_options(paramgen_companion_flags INTERFACE
+  ${PARAMGEN_STACK_PROTECTOR} $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+target_link_options(paramgen_companion_flags INTERFACE
+  -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+if(NOT PARAMGEN_SANITIZERS)
+  target_compile_options(paramgen_companion_flags INTERFACE
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
+endif()
+
 if(PARAMGEN_SANITIZERS)
   add_compile_options(-fsanitize=${PARAMGEN_SANITIZERS} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)

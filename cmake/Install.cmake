@@ -35,6 +35,10 @@ paramgen_man_page(paramgen.1 COMPONENT generator)
 paramgen_man_page(paramgen-tree.5 COMPONENT generator)
 paramgen_man_page(paramgen-image.5 COMPONENT generator)
 
+if(PARAMGEN_COMPANION)
+  install(TARGETS paramtool_program RUNTIME COMPONENT tool)
+endif()
+
 include(CMakePackageConfigHelpers)
 set(package_directory "${CMAKE_INSTALL_DATADIR}/cmake/paramgen")
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/package/paramgenConfig.cmake.in"
