@@ -1,0 +1,21 @@
+# Writes OUTPUT, a C++ source that defines strings with what files hold: for each NAME=FILE[,FILE...]
+# in STRINGS the files' texts, one behind the other.
+#   cmake -DOUTPUT=... -DHEADER=... -DNAMESPACE=... "-DSTRINGS=a=b.html;c=d.js,e.js" -P Embed.cmake
+set(text "#include \"${HEADER}\"\n\nnamespace ${NAMESPACE} {\n")
+foreach(string IN LISTS STRINGS)
+  string(REGEX MATCH "^([^=]+)=(.*)$" whole "${string}")
+  set(name "${CMAKE_MATCH_1}")
+  string(REPLACE "," ";" files "${CMAKE_MATCH_2}")
+  string(APPEND text "\nconst std::string_view ${name} =")
+  foreach(file IN LISTS files)
+    file(READ "${file}" content)
+    string(FIND "${content}" ")EMBEDDED\"" end)
+    if(NOT end EQUAL -1)
+      message(FATAL_ERROR "${file}: holds what would end its string")
+    endif()
+    string(APPEND text "\n    R\"EMBEDDED(${content})EMBEDDED\"")
+  endforeach()
+  string(APPEND text ";\n")
+endforeach()
+string(APPEND text "\n}  // namespace ${NAMESPACE}\n")
+file(WRITE "${OUTPUT}" "${text}")

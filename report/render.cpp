@@ -1,0 +1,44 @@
+#include <map>
+#include <string>
+
+#include "report/files.h"
+#include "report/markup.h"
+#include "report/page.h"
+#include "report/page_data.h"
+#include "report/sections.h"
+#include "report/sha256.h"
+#include "report/template.h"
+
+namespace paramgen::report {
+namespace {
+
+/// Only the page's own script and style run, and nothing is loaded.
+std::string Policy() {
+    return "default-src 'none'; script-src 'sha256-" + Base64(Sha256(kPageScript)) +
+           "'; style-src 'sha256-" + Base64(Sha256(kPageStyle)) +
+           "'; base-uri 'none'; form-action 'none'";
+}
+
+std::string Title(const Page& page) {
+    const std::string name = page.model.empty() ? page.input : page.model;
+    return page.version.empty() ? name : name + " " + page.version;
+}
+
+}  // namespace
+
+std::string Render(const Page& page) {
+    return Fill(kPageHtml, {{"policy", Policy()},
+                            {"title", EscapeHtml(Title(page))},
+                            {"style", std::string(kPageStyle)},
+                            {"model", EscapeHtml(page.model.empty() ? page.input : page.model)},
+                            {"identity", Identity(page)},
+                            {"figures", Figures(page)},
+                            {"findings", Findings(page)},
+                            {"changes", Changes(page)},
+                            {"values", Values(page)},
+                            {"tool", EscapeHtml(page.tool)},
+                            {"data", EscapeScript(Data(page))},
+                            {"script", std::string(kPageScript)}});
+}
+
+}  // namespace paramgen::report
