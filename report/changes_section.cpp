@@ -19,9 +19,7 @@ std::vector<Places> ChangedKeys(const Page& page) {
         if (!value.changed) {
             continue;
         }
-        const std::string path = PathOf(value) + value.key;
-        const auto [place, isNew] =
-            known.try_emplace(path.empty() ? value.member : path, keys.size());
+        const auto [place, isNew] = known.try_emplace(TitleOf(value), keys.size());
         if (isNew) {
             keys.emplace_back();
         }
@@ -32,13 +30,12 @@ std::vector<Places> ChangedKeys(const Page& page) {
 
 std::string RowOf(const Places& places) {
     const Value& value = *places.front();
-    const std::string path = PathOf(value) + value.key;
     const std::string more =
         places.size() == 1
             ? ""
             : " <span class=\"places\">(" + std::to_string(places.size()) + " places)</span>";
     return "<tr><th scope=\"row\"><a href=\"#@" + std::to_string(value.offset) + "\">" +
-           EscapeHtml(path.empty() ? value.member : path) + "</a>" + more + AboutHtml(value) +
+           EscapeHtml(TitleOf(value)) + "</a>" + more + AboutHtml(value) +
            "</th><td class=\"old\">" + ValueHtml(value.old, value.oldName, value.unit) +
            "</td><td class=\"new\">" + ValueHtml(value.value, value.name, value.unit) +
            "</td><td>" + EscapeHtml(value.initial) + "</td><td class=\"origin\">" +

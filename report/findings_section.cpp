@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 #include "report/markup.h"
@@ -19,18 +20,20 @@ std::string NotesOf(const Finding& finding) {
     return html + "</ul>";
 }
 
+/// The value that owns the byte at `offset`; null when there is none.
+const Value* Owner(const Page& page, std::uint32_t offset) {
+    const auto isBehind = [](std::uint32_t at, const Value& value) { return at < value.offset; };
+    const auto next = std::upper_bound(page.values.begin(), page.values.end(), offset, isBehind);
+    return next == page.values.begin() ? nullptr : &*std::prev(next);
+}
+
 std::string LinksOf(const Page& page, const Finding& finding) {
     std::string html;
     for (const std::uint32_t offset : finding.offsets) {
-        const auto isBefore = [](const Value& value, std::uint32_t at) {
-            return value.offset < at;
-        };
-        const auto value =
-            std::lower_bound(page.values.begin(), page.values.end(), offset, isBefore);
-        if (value != page.values.end()) {
-            const std::string text =
-                value->key.empty() ? value->member : PathOf(*value) + value->key;
-            html += " <a href=\"#@" + std::to_string(offset) + "\">" + EscapeHtml(text) + "</a>";
+        const Value* value = Owner(page, offset);
+        if (value != nullptr) {
+            html += " <a href=\"#@" + std::to_string(offset) + "\">" + EscapeHtml(TitleOf(*value)) +
+                    "</a>";
         }
     }
     return html.empty() ? "" : "<p class=\"to-values\">See" + html + "</p>";
@@ -45,7 +48,7 @@ std::string HtmlOf(const Page& page, std::size_t number) {
                        "</p><p class=\"origin\"><code>" + EscapeHtml(finding.place) +
                        "</code> <span class=\"id\">" + EscapeHtml(finding.id) + "</span></p>";
     if (!finding.excerpt.empty()) {
-        html += "<pre tabindex=\"0\">" + EscapeHtml(finding.excerpt) + "</pre>";
+        html += "<pre tabindex=\"0\">" + EscapeLines(finding.excerpt) + "</pre>";
     }
     return html + NotesOf(finding) + LinksOf(page, finding) + "</li>\n";
 }

@@ -1,11 +1,13 @@
 #include "report/markup.h"
 
+#include "output/shown_text.h"
+
 namespace paramgen::report {
 
 std::string EscapeHtml(std::string_view text) {
     std::string escaped;
     escaped.reserve(text.size());
-    for (const char c : text) {
+    for (const char c : output::Shown(text)) {
         switch (c) {
             case '&':
                 escaped += "&amp;";
@@ -27,6 +29,15 @@ std::string EscapeHtml(std::string_view text) {
         }
     }
     return escaped;
+}
+
+std::string EscapeLines(std::string_view text) {
+    std::string escaped;
+    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+        escaped += EscapeHtml(text.substr(0, end)) + "\n";
+        text.remove_prefix(end + 1);
+    }
+    return escaped + EscapeHtml(text);
 }
 
 std::string EscapeScript(const nlohmann::ordered_json& value) {

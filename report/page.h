@@ -1,6 +1,7 @@
 /// The page of an image or a tree: what it shows, apart from how.
 ///
-/// Texts may hold anything that an input file held. Whatever they hold, they are shown as text.
+/// Texts may hold anything that an input file held. Whatever they hold is shown as text, and what
+/// cannot be seen is spelled as `output::Shown` spells it.
 #pragma once
 
 #include <cstddef>

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "output/shown_text.h"
+
 namespace paramgen::report {
 namespace {
 
@@ -14,9 +16,9 @@ using Json = nlohmann::ordered_json;
 class Texts {
 public:
     std::size_t NumberOf(const std::string& text) {
-        const auto [place, isNew] = numbers_.try_emplace(text, texts_.size());
+        const auto [place, isNew] = numbers_.try_emplace(output::Shown(text), texts_.size());
         if (isNew) {
-            texts_.push_back(text);
+            texts_.push_back(place->first);
         }
         return place->second;
     }
@@ -29,7 +31,7 @@ private:
 
 void Add(Json* object, const char* member, const std::string& text) {
     if (!text.empty()) {
-        (*object)[member] = text;
+        (*object)[member] = output::Shown(text);
     }
 }
 
@@ -41,7 +43,8 @@ void AddShared(Json* object, const char* member, const std::string& text, Texts*
 
 void AddReferences(Json* object, const char* member, const std::vector<Reference>& references) {
     for (const Reference& reference : references) {
-        (*object)[member].push_back({{"text", reference.text}, {"offset", reference.offset}});
+        (*object)[member].push_back(
+            {{"text", output::Shown(reference.text)}, {"offset", reference.offset}});
     }
 }
 
@@ -64,11 +67,14 @@ Json DataOf(const Value& value, Texts* texts) {
     Add(&object, "place", value.place);
     Add(&object, "given", value.given);
     if (!value.flags.empty()) {
-        object["flags"] = value.flags;
+        object["flags"] = Json::array();
+        for (const std::string& flag : value.flags) {
+            object["flags"].push_back(output::Shown(flag));
+        }
     }
     if (value.changed) {
         object["changed"] = true;
-        object["old"] = value.old;
+        object["old"] = output::Shown(value.old);
         Add(&object, "oldName", value.oldName);
         Add(&object, "oldPlace", value.oldPlace);
     }
@@ -78,9 +84,10 @@ Json DataOf(const Value& value, Texts* texts) {
 }
 
 Json DataOf(const Comparison& comparison) {
-    Json object = {{"title", comparison.title}, {"columns", Json::array()}};
+    Json object = {{"title", output::Shown(comparison.title)}, {"columns", Json::array()}};
     for (const Column& column : comparison.columns) {
-        object["columns"].push_back({{"title", column.title}, {"member", column.member}});
+        object["columns"].push_back(
+            {{"title", output::Shown(column.title)}, {"member", column.member}});
     }
     return object;
 }
@@ -103,7 +110,7 @@ Json Data(const Page& page) {
     }
     for (const Finding& finding : page.findings) {
         data["findings"].push_back({{"severity", finding.severity},
-                                    {"message", finding.message},
+                                    {"message", output::Shown(finding.message)},
                                     {"offsets", finding.offsets}});
     }
     for (const Comparison& comparison : page.comparisons) {

@@ -41,4 +41,8 @@ std::string PathOf(const Value& value) {
     return value.key.empty() ? "" : value.module + "/" + value.section + ":";
 }
 
+std::string TitleOf(const Value& value) {
+    return value.key.empty() ? value.member : PathOf(value) + value.key;
+}
+
 }  // namespace paramgen::report

@@ -19,4 +19,7 @@ std::string AboutHtml(const Value& value);
 /// "module/section:" of a value with a key; empty for others.
 std::string PathOf(const Value& value);
 
+/// What a value is called: its key with its path, or else its member.
+std::string TitleOf(const Value& value);
+
 }  // namespace paramgen::report

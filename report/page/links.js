@@ -55,12 +55,16 @@ function follow() {
   const target = decoded(location.hash.slice(1));
   if (target === "" || Object.hasOwn(VIEWS, target)) {
     showView(target || "report");
+    if (target !== "" && target !== "report") {
+      document.getElementById("views").scrollIntoView();
+    }
   } else if (target.startsWith("?")) {
     showView("report");
     restoreFilter(target);
     document.getElementById("values").scrollIntoView();
   } else if (target.startsWith("map@")) {
     showView("map");
+    document.getElementById("views").scrollIntoView();
     pointAndScroll(valueNamed(target.slice(3)) ?? values[0]);
     canvas.focus({preventScroll: true});
   } else if (valueNamed(target)) {
