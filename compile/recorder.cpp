@@ -1,0 +1,101 @@
+#include "compile/recorder.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "confaccess/ini_reader.h"
+#include "confaccess/locked_module.h"
+
+namespace paramgen::compile {
+namespace {
+
+/// Leaves `errno` to the run that is watched.
+class SavedErrno {
+public:
+    SavedErrno() : value_(errno) {}
+    ~SavedErrno() { errno = value_; }
+    SavedErrno(const SavedErrno&) = delete;
+    SavedErrno& operator=(const SavedErrno&) = delete;
+
+    bool IsRangeError() const { return value_ == ERANGE; }
+
+private:
+    int value_;
+};
+
+/// Where `size` bytes at `dest` lie in the image of a run; none when they do not.
+std::optional<Place> PlaceOf(const void* dest, std::size_t size) {
+    const auto begin = reinterpret_cast<std::uintptr_t>(&g_image);
+    const auto at = reinterpret_cast<std::uintptr_t>(dest);
+    if (at < begin || at >= begin + sizeof g_image) {
+        return std::nullopt;
+    }
+    return Place{.offset = static_cast<std::uint32_t>(at - begin),
+                 .size = static_cast<std::uint32_t>(size)};
+}
+
+}  // namespace
+
+Recorder::Recorder(const Pretence& pretence, Keep keep, Compilation* result)
+    : pretence_(pretence), keep_(keep), result_(result), empty_{} {
+    if (!pretence.emptyModules.empty()) {
+        empty_.dictionary = LoadIniFile("/dev/null", &memory_);
+    }
+    g_watcher = this;
+}
+
+Recorder::~Recorder() {
+    g_watcher = nullptr;
+}
+
+void Recorder::FileRead(const ModuleEntry& module) noexcept {
+    const SavedErrno saved;
+    result_->files.push_back(
+        {.name = module.name, .path = module.file, .isRead = module.dictionary != nullptr});
+}
+
+ModuleEntry* Recorder::Module(std::string_view name, ModuleEntry* found) noexcept {
+    const SavedErrno saved;
+    at_ = Stop::At::kModule;
+    if (module_ != name) {
+        module_ = name;
+        if (std::find(result_->modules.begin(), result_->modules.end(), name) ==
+            result_->modules.end()) {
+            result_->modules.emplace_back(name);
+        }
+    }
+    const bool isPretended = found == nullptr && pretence_.emptyModules.count(module_) != 0;
+    return isPretended ? &empty_ : found;
+}
+
+void Recorder::Destination(const void* dest, std::size_t size) noexcept {
+    place_ = PlaceOf(dest, size);
+}
+
+const char* Recorder::Answer(const LockedModule&, std::string_view key, const char* text,
+                             const char* absent) noexcept {
+    const SavedErrno saved;
+    at_ = Stop::At::kKey;
+    key_ = key;
+    if (!pretence_.absentKeys.empty() && pretence_.absentKeys.count({module_, key_}) != 0) {
+        text = absent;
+    }
+    if (keep_.answers) {
+        result_->answers.push_back(
+            {.module = module_,
+             .key = key_,
+             .text = text == nullptr ? std::nullopt : std::optional<std::string>(text),
+             .place = place_,
+             .afterRangeError = saved.IsRangeError()});
+    }
+    place_ = std::nullopt;
+    return text;
+}
+
+Stop Recorder::Last() const {
+    return {.at = at_,
+            .module = at_ == Stop::At::kEntry ? "" : module_,
+            .key = at_ == Stop::At::kKey ? key_ : ""};
+}
+
+}  // namespace paramgen::compile

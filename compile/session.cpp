@@ -1,0 +1,101 @@
+#include "compile/session.h"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "compile/recorder.h"
+#include "compile/standard_output.h"
+#include "compile/working_directory.h"
+#include "confaccess/confaccess.h"
+#include "generator/load.h"
+#include "log/library_log.h"
+#include "param/common/param_log.h"
+#include "param/common/readers.h"
+
+namespace paramgen::compile {
+namespace {
+
+/// Takes a configuration out of the registry, and puts it back: there is room for one tree.
+void TakeOut(ConfigEntry* config) {
+    ListRemove(config);
+    --g_confAccessCount;
+}
+
+void PutBack(ConfigEntry* config) {
+    ListInsert(&g_configs, config);
+    ++g_confAccessCount;
+}
+
+/// Lets the program log what it logs, or nothing.
+void SetUpLog(bool isKept) {
+    ConsoleLogSetup(isKept ? 1 : 0, 0, kConsoleDebug);
+    ZV_LOG_SetThreshold(isKept ? kLibraryErr : kLibraryFatal + 1);
+}
+
+/// What the program's `main` does, but for writing the image.
+Status RunLoaders() {
+    BuildFrame(&g_image);
+    errno = 0;
+    const Status status = PDT_INIPARAM_LoadCfg();
+    if (status != kOk) {
+        LogError("main", 0, "[%s] failed[0x%08X]\n", "load config",
+                 static_cast<std::uint32_t>(status));
+    }
+    return status;
+}
+
+}  // namespace
+
+struct Session::State {
+    std::filesystem::path tree;
+    ConfigEntry* config = nullptr;  ///< what was read; null before the first run that could
+    std::vector<ModuleFile> files;  ///< what was read for it
+};
+
+Session::Session(std::filesystem::path tree)
+    : state_(
+          std::make_unique<State>(State{.tree = std::move(tree), .config = nullptr, .files = {}})) {
+}
+
+Session::~Session() {
+    if (state_->config != nullptr) {
+        PutBack(state_->config);
+        SetUpLog(false);
+        static_cast<void>(ZV_CONFACCESS_Deinit(kProductConfig));
+    }
+}
+
+Compilation Session::Run(const Pretence& pretence, Keep keep) {
+    Compilation result = {};
+    result.files = state_->files;
+    const WorkingDirectory directory(state_->tree);
+    const StandardOutput output(keep.log);
+    SetUpLog(keep.log);
+    if (state_->config != nullptr) {
+        PutBack(state_->config);
+    }
+    {
+        Recorder recorder(pretence, keep, &result);
+        result.status = RunLoaders();
+        if (result.status != kOk) {
+            result.stop = recorder.Last();
+        }
+    }
+    std::memcpy(result.image.data(), &g_image, sizeof g_image);
+    state_->config = FindConfig(kProductConfig);
+    if (state_->config != nullptr) {
+        TakeOut(state_->config);
+        state_->files = result.files;
+    }
+    if (keep.log) {
+        result.log = output.Text();
+    }
+    return result;
+}
+
+Compilation Compile(const std::filesystem::path& tree, Keep keep) {
+    return Session(tree).Run({}, keep);
+}
+
+}  // namespace paramgen::compile

@@ -1,0 +1,56 @@
+/// Compiles a tree in memory: the program's own loaders run, in the tree's directory, and are
+/// watched. Nothing is written there.
+///
+/// One thread at a time may do so: the working directory, standard output, `errno` and the
+/// program's state are the process's. All but the last are as before when a run is over.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "compile/compilation.h"
+#include "log/console_log.h"
+
+namespace paramgen::compile {
+
+/// What a run is to pretend.
+struct Pretence {
+    /// Keys that are absent: module, and "section:key" as an `Answer` or a `Stop` spells it.
+    std::set<std::pair<std::string, std::string>> absentKeys;
+
+    /// Modules that are there and empty, when they are not there.
+    std::set<std::string> emptyModules;
+};
+
+/// What to keep of a run besides image, status and where it stopped.
+struct Keep {
+    bool answers = true;
+    bool log = false;  ///< it takes most of the time
+};
+
+/// A tree whose files have been read. They are read in the first run, each once; later runs take a
+/// third of a millisecond.
+class Session {
+public:
+    /// The tree in the directory `tree`, which need not have an entry file: a run then fails.
+    explicit Session(std::filesystem::path tree);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Does what the program does when it is started in the tree's directory, up to writing its
+    /// files. Throws `std::system_error` when that directory cannot be entered.
+    Compilation Run(const Pretence& pretence = {}, Keep keep = {});
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+/// Compiles a tree once.
+Compilation Compile(const std::filesystem::path& tree, Keep keep = {});
+
+}  // namespace paramgen::compile
