@@ -104,6 +104,11 @@ function(paramgen_program name)
   target_link_options(${name} PRIVATE
     $<$<BOOL:${PARAMGEN_STATIC}>:-static> $<$<BOOL:${PARAMGEN_STRIP}>:-s>
     "-Wl,-Map=$<TARGET_FILE:${name}>.map")
+  if(PARAMGEN_STRIP AND PARAMGEN_NOTE_SECTIONS AND CMAKE_OBJCOPY)
+    list(TRANSFORM PARAMGEN_NOTE_SECTIONS PREPEND --remove-section= OUTPUT_VARIABLE removed)
+    add_custom_command(TARGET ${name} POST_BUILD
+      COMMAND ${CMAKE_OBJCOPY} ${removed} $<TARGET_FILE:${name}>)
+  endif()
   set_target_properties(${name} PROPERTIES
     LINKER_LANGUAGE C
     INTERPROCEDURAL_OPTIMIZATION_RELEASE ${PARAMGEN_WHOLE_PROGRAM})

@@ -18,28 +18,38 @@ bool IsFalseExpression(bool holds, const char* function, CheckLine line, const c
     return !holds;
 }
 
+namespace {
+
+/// Whether `text` has too many characters for a buffer of `size` bytes, which is that of the limit
+/// `kind`; tells so. The message is put together from few texts, which keeps the program small.
+bool IsLong(std::string_view text, std::size_t size, const char* function, CheckLine line,
+            const char* argument, const char* kind) {
+    const bool isLong = text.size() >= size;
+    if (isLong) {
+        std::printf(
+            "func:%s,line:%d,expr[strnlen(%s, QX_CONFACCESS_%s_MAX_LEN) < "
+            "QX_CONFACCESS_%s_MAX_LEN] false\n",
+            function, line, argument, kind, kind);
+    }
+    return isLong;
+}
+
+}  // namespace
+
 bool IsLongConfigName(std::string_view cfgName, const char* function, CheckLine line) {
-    return IsFalseExpression(
-        cfgName.size() < QX_CONFACCESS_NAME_MAX_LEN, function, line,
-        "strnlen(cfgName, QX_CONFACCESS_NAME_MAX_LEN) < QX_CONFACCESS_NAME_MAX_LEN");
+    return IsLong(cfgName, QX_CONFACCESS_NAME_MAX_LEN, function, line, "cfgName", "NAME");
 }
 
 bool IsLongModuleName(std::string_view module, const char* function, CheckLine line) {
-    return IsFalseExpression(
-        module.size() < QX_CONFACCESS_NAME_MAX_LEN, function, line,
-        "strnlen(module, QX_CONFACCESS_NAME_MAX_LEN) < QX_CONFACCESS_NAME_MAX_LEN");
+    return IsLong(module, QX_CONFACCESS_NAME_MAX_LEN, function, line, "module", "NAME");
 }
 
 bool IsLongKey(std::string_view confItem, const char* function, CheckLine line) {
-    return IsFalseExpression(
-        confItem.size() < QX_CONFACCESS_KEY_MAX_LEN, function, line,
-        "strnlen(confItem, QX_CONFACCESS_KEY_MAX_LEN) < QX_CONFACCESS_KEY_MAX_LEN");
+    return IsLong(confItem, QX_CONFACCESS_KEY_MAX_LEN, function, line, "confItem", "KEY");
 }
 
 bool IsLongPath(std::string_view cfgPath, const char* function, CheckLine line) {
-    return IsFalseExpression(
-        cfgPath.size() < QX_CONFACCESS_PATH_MAX_LEN, function, line,
-        "strnlen(cfgPath, QX_CONFACCESS_PATH_MAX_LEN) < QX_CONFACCESS_PATH_MAX_LEN");
+    return IsLong(cfgPath, QX_CONFACCESS_PATH_MAX_LEN, function, line, "cfgPath", "PATH");
 }
 
 bool FormatOrTell(char* dest, std::size_t size, const char* function, CheckLine line,

@@ -3,22 +3,21 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+
+#include "safestr/safestr.h"
 
 namespace paramgen {
 namespace {
 
+/// The size of the first piece of a file whose size is not known.
+constexpr std::size_t kFirstPiece = 4096;
+
 /// An open file.
 class Descriptor {
 public:
-    explicit Descriptor(const char* path) {
-        // Opening alone would wait for somebody who writes to a pipe.
-        number_ = open(path, O_RDONLY | O_NONBLOCK);
-        if (number_ == -1 && errno == EWOULDBLOCK) {
-            // A file that another program, a file server for one, has a lease of: it gives it back.
-            number_ = open(path, O_RDONLY);
-        }
-    }
+    explicit Descriptor(const char* path) : number_(open(path, O_RDONLY)) {}
     ~Descriptor() {
         if (IsOpen()) {
             close(number_);
@@ -29,15 +28,18 @@ public:
 
     bool IsOpen() const { return number_ != -1; }
 
-    /// Its size in bytes; -1 when it has none, as a pipe or a terminal.
+    /// Its size in bytes; 0 or -1 when it does not tell, as a pipe or a file of /proc.
     off_t Size() const { return lseek(number_, 0, SEEK_END); }
 
-    /// Reads its first `size` bytes, or as many as there are. Returns their number, or -1.
-    ssize_t Read(char* bytes, std::size_t size) const {
+    /// Reads `size` bytes, or as many as there are, of a sized file from its beginning, of any
+    /// other from where the last call stopped. Returns their number, or -1.
+    ssize_t Read(char* bytes, std::size_t size, bool isSized) const {
         std::size_t total = 0;
         while (total < size) {
-            const ssize_t count =
-                pread(number_, bytes + total, size - total, static_cast<off_t>(total));
+            char* const to = bytes + total;
+            const std::size_t room = size - total;
+            const ssize_t count = isSized ? pread(number_, to, room, static_cast<off_t>(total))
+                                          : read(number_, to, room);
             if (count <= 0) {
                 // A directory opens like a file and fails here.
                 return count == 0 || errno == EISDIR ? static_cast<ssize_t>(total) : -1;
@@ -51,9 +53,55 @@ private:
     int number_;
 };
 
-/// Whether a size is one of a text. Some directories tell a very large one, or none.
-bool IsTextSize(off_t size) {
-    return size >= 0 && size <= off_t{kTextMax};
+/// Reads a file of known size.
+ReadResult ReadSized(const Descriptor& file, off_t size, Arena* arena, Text* text) {
+    // Some directories give a very large size: one byte tells such a directory from a large file.
+    const bool isTooLong = size > off_t{kTextMax};
+    const std::size_t most = isTooLong ? 1 : static_cast<std::size_t>(size);
+    char* bytes = static_cast<char*>(arena->Take(most + 1));
+    if (bytes == nullptr) {
+        return ReadResult::kNoMemory;
+    }
+    const ssize_t count = file.Read(bytes, most, true);
+    if (count == -1 || (count != 0 && isTooLong)) {
+        return ReadResult::kUnreadable;
+    }
+    *text = {.bytes = bytes, .size = static_cast<std::size_t>(count)};
+    return ReadResult::kRead;
+}
+
+/// Reads the rest of a file of unknown size into pieces, and joins them when the end is reached.
+/// `before` bytes have been read. Each piece is as large as all before it, so that the recursion
+/// is 18 calls deep at most.
+ReadResult ReadRest(const Descriptor& file, std::size_t before, Arena* arena, Text* text) {
+    const std::size_t size = std::max(before, kFirstPiece);
+    if (before > kTextMax) {
+        return ReadResult::kUnreadable;
+    }
+    char* piece = static_cast<char*>(arena->Take(size));
+    if (piece == nullptr) {
+        return ReadResult::kNoMemory;
+    }
+    const ssize_t read = file.Read(piece, size, false);
+    if (read == -1) {
+        return ReadResult::kUnreadable;
+    }
+    const std::size_t count = static_cast<std::size_t>(read);
+    if (count == size) {
+        const ReadResult result = ReadRest(file, before + size, arena, text);
+        if (result != ReadResult::kRead) {
+            return result;
+        }
+    } else {
+        text->size = before + count;
+        text->bytes = static_cast<char*>(arena->Take(text->size + 1));
+        if (text->bytes == nullptr) {
+            return ReadResult::kNoMemory;
+        }
+    }
+    return memcpy_s(text->bytes + before, text->size + 1 - before, piece, count) == 0
+               ? ReadResult::kRead
+               : ReadResult::kUnreadable;
 }
 
 }  // namespace
@@ -64,18 +112,7 @@ ReadResult ReadTextFile(const char* path, Arena* arena, Text* text) {
         return ReadResult::kUnreadable;
     }
     const off_t size = file.Size();
-    // One byte is enough to tell a directory from what has more than can be read.
-    const std::size_t most = IsTextSize(size) ? static_cast<std::size_t>(size) : 1;
-    char* bytes = static_cast<char*>(arena->Take(most + 1));
-    if (bytes == nullptr) {
-        return ReadResult::kNoMemory;
-    }
-    const ssize_t count = file.Read(bytes, most);
-    if (count == -1 || (count != 0 && !IsTextSize(size))) {
-        return ReadResult::kUnreadable;
-    }
-    *text = {.bytes = bytes, .size = static_cast<std::size_t>(count)};
-    return ReadResult::kRead;
+    return size > 0 ? ReadSized(file, size, arena, text) : ReadRest(file, 0, arena, text);
 }
 
 }  // namespace paramgen

@@ -22,10 +22,10 @@ constexpr std::size_t kTextMax = std::size_t{512} * 1024 * 1024 - 1;
 /// What reading a file came to.
 enum class ReadResult { kRead, kUnreadable, kNoMemory };
 
-/// Reads the file at `path` into memory from `arena`, and tells where in `text`. A directory counts
-/// as empty, and so does whatever says that it has 0 bytes. What has more than `kTextMax` is
-/// unreadable, and so is what might have to be waited for: a pipe, for one. (But not a file that
-/// another program has a lease of, which it gives back.)
+/// Reads the file at `path` to its end, into memory from `arena`, and stores in `text` where it is.
+/// A directory counts as empty. A pipe, a terminal or a file of /proc, which do not tell their
+/// size, are read until nothing more comes: like any program this waits for a pipe's writer. A file
+/// of more than `kTextMax` bytes is unreadable, and so is a device without an end.
 ReadResult ReadTextFile(const char* path, Arena* arena, Text* text);
 
 }  // namespace paramgen

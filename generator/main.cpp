@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <cstdio>
 
 #include "generator/image.h"
@@ -28,9 +30,13 @@ struct Outcome {
     unsigned long written;  ///< bytes
 };
 
-/// Has standard output written in large pieces: there is a record for every value, and libc's own
-/// buffer may be as small as 1 KiB.
+/// Gives standard output a large buffer, unless it is a terminal: there is a record for every
+/// value, and libc's own buffer may be as small as 1 KiB. A terminal keeps its own buffering, so
+/// that each line is seen as soon as it is written.
 void BufferOutput() {
+    if (isatty(STDOUT_FILENO) == 1) {
+        return;
+    }
     static char buffer[std::size_t{64} * 1024];
     std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
 }

@@ -9,5 +9,7 @@ set(PARAMGEN_GNU_TRIPLET arm-linux-gnueabihf)
 set(PARAMGEN_CPU_FLAGS "-march=armv7-a -mfpu=vfpv3-d16 -mfloat-abi=hard -mthumb")
 # For a small program: whole-program optimisation, and common sequences made functions.
 set(PARAMGEN_SIZE_FLAGS "-Oz -flto -moutline")
+# Notes of compilers and linkers, which nothing reads at run time.
+set(PARAMGEN_NOTE_SECTIONS .comment .ARM.attributes)
 
 include("${CMAKE_CURRENT_LIST_DIR}/musl.cmake")

@@ -34,6 +34,7 @@ set(CMAKE_C_COMPILER_TARGET ${PARAMGEN_MUSL_TRIPLET})
 set(CMAKE_CXX_COMPILER_TARGET ${PARAMGEN_MUSL_TRIPLET})
 set(CMAKE_AR ${PARAMGEN_GNU_TRIPLET}-ar CACHE FILEPATH "Archiver")
 set(CMAKE_RANLIB ${PARAMGEN_GNU_TRIPLET}-ranlib CACHE FILEPATH "Its indexer")
+set(CMAKE_OBJCOPY ${PARAMGEN_GNU_TRIPLET}-objcopy CACHE FILEPATH "What removes sections")
 
 execute_process(COMMAND clang++ -print-resource-dir
   OUTPUT_VARIABLE clang_resources OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
@@ -54,7 +55,7 @@ set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES
   "${clang_resources}/../../../include/c++/v1" ${CMAKE_C_STANDARD_INCLUDE_DIRECTORIES})
 
 # Always static: this musl's dynamic loader is on no product.
-set(linking "-fuse-ld=lld -Wl,-O2 -Wl,--icf=safe -Wno-unused-command-line-argument")
+set(linking "-fuse-ld=lld -Wl,-O2 -Wl,--icf=safe -Wl,--build-id=none -Wno-unused-command-line-argument")
 set(CMAKE_EXE_LINKER_FLAGS_INIT
   "${linking} -static -no-pie -nostdlib ${musl_lib}/crt1.o ${musl_lib}/crti.o")
 set(libraries "-Wl,--start-group ${musl_lib}/libc.a ${libgcc} ${libgcc_eh} -Wl,--end-group")

@@ -136,7 +136,7 @@ Status LoadThroughReader(const Load& load) {
 /// Queries a name and stores its number; an absent key leaves the member as it is.
 Status QueryName(const Load& load, std::string_view fullKey) {
     const char* name = nullptr;
-    Status status = FindText(load.module, fullKey, &name);
+    Status status = CONFACCESS_FindText(load.module, fullKey, nullptr, &name);
     std::int32_t number = 0;
     if (status == kOk && name != nullptr) {
         status = load.field.lookup(name, &number);
@@ -237,14 +237,33 @@ std::string_view NodeView(const char* node) {
     return node == nullptr ? std::string_view() : node;
 }
 
+/// Loads each of `fields`, of arrays the element `index`.
+Status LoadRows(CallSite site, const char* module, const char* node, std::span<const Field> fields,
+                std::uint32_t index, void* record) {
+    if (record == nullptr) {
+        return LogNullRecord(site.function, site.line);
+    }
+    const ProductModule productModule(module);
+    const std::string_view nodeView = NodeView(node);
+    for (const Field& field : fields) {
+        const Status status = LoadRow(site, productModule, nodeView, field, index, record);
+        if (status != kOk) {
+            return status;
+        }
+    }
+    return kOk;
+}
+
 }  // namespace
 
 Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
                  std::uint32_t index, void* record) {
-    if (record == nullptr) {
-        return LogNullRecord(site.function, site.line);
-    }
-    return LoadRow(site, ProductModule(module), NodeView(node), field, index, record);
+    return LoadRows(site, module, node, std::span(&field, 1), index, record);
+}
+
+Status LoadFields(CallSite site, const char* module, const char* node,
+                  std::span<const Field> fields, void* record) {
+    return LoadRows(site, module, node, fields, 0, record);
 }
 
 int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t index) {
@@ -254,22 +273,6 @@ int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t 
     }
     return key->Join(NodeView(field.ownNode ? field.node : node),
                      field.isNumbered ? numbered.View() : field.key);
-}
-
-Status LoadFields(CallSite site, const char* module, const char* node,
-                  std::span<const Field> fields, void* record) {
-    if (record == nullptr) {
-        return LogNullRecord(site.function, site.line);
-    }
-    const ProductModule productModule(module);
-    const std::string_view nodeView = NodeView(node);
-    for (const Field& field : fields) {
-        const Status status = LoadRow(site, productModule, nodeView, field, 0, record);
-        if (status != kOk) {
-            return status;
-        }
-    }
-    return kOk;
 }
 
 }  // namespace paramgen

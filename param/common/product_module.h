@@ -39,7 +39,4 @@ public:
 [[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const ProductModule& module, const char* key,
                                                   std::span<char> bytes, std::size_t size);
 
-/// `FindText` of `param/common/readers.h`.
-[[nodiscard]] Status FindText(const ProductModule& module, std::string_view key, const char** text);
-
 }  // namespace paramgen

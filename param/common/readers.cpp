@@ -11,18 +11,14 @@
 namespace paramgen {
 namespace {
 
-/// What stands for a null key in a record.
+/// What stands for a null key in a record, as printf writes it.
 constexpr char kNoKey[] = "(null)";
 
 }  // namespace
 
-Status FindText(const ProductModule& module, std::string_view key, const char** text) {
-    *text = nullptr;
-    return CONFACCESS_FindText(module, key, nullptr, text);
-}
-
 Status FindText(const char* module, const char* key, const char** text) {
-    return FindText(ProductModule(module), key == nullptr ? std::string_view() : key, text);
+    return CONFACCESS_FindText(ProductModule(module), key == nullptr ? std::string_view() : key,
+                               nullptr, text);
 }
 
 Status PDT_INIPARAM_LoadIntValueByNodePrefix(const ProductModule& module, std::string_view prefix,
@@ -98,7 +94,7 @@ Status PDT_INIPARAM_LoadStringValue(const ProductModule& module, const char* key
     const std::string_view item = key == nullptr ? std::string_view() : key;
     CALL_OR_RETURN(
         CONFACCESS_FindText(module, item, nullptr, bytes.data() == nullptr ? nullptr : &value),
-        key == nullptr ? kNoKey : key);
+        key);
     if (value != nullptr && sprintf_s(bytes.data(), size, "%s", value) == -1) {
         LOG_ERROR("[%s] failed\n", "sprintf_s");
         return kFailed;

@@ -49,7 +49,7 @@ inline constexpr char kProductConfig[] = "productini";
                                                   std::span<char> bytes, std::size_t size);
 
 /// Stores in `text` the string `key` of `module`, without a copy: it is valid until the
-/// configuration is released. `text` becomes null when the key is absent, and after a failure.
+/// configuration is released. `text` becomes null when the key is absent; a failure leaves it.
 /// Returns the code of the string query; logs nothing.
 [[nodiscard]] Status FindText(const char* module, const char* key, const char** text);
 

@@ -2,13 +2,17 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <optional>
 #include <regex>
@@ -37,7 +41,19 @@ struct Command {
     Rights rights;
 };
 
-/// In the child: becomes the program, or exits with 127.
+/// The exit status of a child that could not become the program.
+constexpr int kNotStarted = 127;
+
+/// In the child: ends it when a step of its start has failed, saying which and why.
+void Require(bool done, const std::string& step) {
+    if (!done) {
+        std::fprintf(stderr, "the program cannot be started: %s: %s\n", step.c_str(),
+                     std::strerror(errno));
+        _exit(kNotStarted);
+    }
+}
+
+/// In the child: becomes the program. Its standard output is the file at `capture`.
 [[noreturn]] void Become(const std::filesystem::path& directory, Command command,
                          const std::string& capture) {
     std::vector<char*> arguments;
@@ -47,16 +63,18 @@ struct Command {
     arguments.push_back(command.program.data());
     arguments.push_back(nullptr);
     close(STDOUT_FILENO);
-    const bool redirected =
-        command.output == Output::kClosed || open(capture.c_str(), O_WRONLY | O_CREAT, 0666) == 1;
-    const bool droppedRights = command.rights == Rights::kOwn || geteuid() != 0 ||
-                               (setgid(kNobody) == 0 && setuid(kNobody) == 0);
-    const rlimit seconds = {.rlim_cur = kMostSeconds, .rlim_max = kMostSeconds};
-    if (redirected && droppedRights && setrlimit(RLIMIT_CPU, &seconds) == 0 &&
-        chdir(directory.c_str()) == 0) {
-        execvp(arguments[0], arguments.data());
+    if (command.output != Output::kClosed) {
+        Require(open(capture.c_str(), O_WRONLY | O_CREAT | O_NOCTTY, 0666) == STDOUT_FILENO,
+                "open " + capture);
     }
-    _exit(127);
+    if (command.rights == Rights::kNobody && geteuid() == 0) {
+        Require(setgid(kNobody) == 0 && setuid(kNobody) == 0, "become nobody");
+    }
+    const rlimit seconds = {.rlim_cur = kMostSeconds, .rlim_max = kMostSeconds};
+    Require(setrlimit(RLIMIT_CPU, &seconds) == 0, "limit its time");
+    Require(chdir(directory.c_str()) == 0, "change to " + directory.string());
+    Require(execvp(arguments[0], arguments.data()) != -1, std::string("run ") + arguments[0]);
+    _exit(kNotStarted);
 }
 
 ProgramRun Run(const std::filesystem::path& directory, Command command) {
@@ -75,10 +93,19 @@ ProgramRun Run(const std::filesystem::path& directory, Command command) {
         Become(directory, command, file);
     }
     int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) != child) {
-        ADD_FAILURE() << "the program cannot be run";
+    if (child < 0 || waitpid(child, &status, 0) != child ||
+        (WIFEXITED(status) && WEXITSTATUS(status) == kNotStarted)) {
+        ADD_FAILURE() << "the program cannot be run: " << command.runner << " " << command.program;
     }
     return {.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -1, .output = ReadFile(file)};
+}
+
+/// The program and how to run it, as the environment says.
+Command ProgramCommand(Output output, Rights rights) {
+    return {.runner = FromEnvironment("PARAMGEN_RUNNER", ""),
+            .program = FromEnvironment("PARAMGEN_PROGRAM", PARAMGEN_PROGRAM),
+            .output = output,
+            .rights = rights};
 }
 
 constexpr std::array kOutputFiles = {"param.bin", "paramdef.bin"};
@@ -142,10 +169,7 @@ Comparisons* const g_comparisons = static_cast<Comparisons*>(
 }  // namespace
 
 ProgramRun RunProgram(const std::filesystem::path& directory, Output output, Rights rights) {
-    const Command command = {.runner = FromEnvironment("PARAMGEN_RUNNER", ""),
-                             .program = FromEnvironment("PARAMGEN_PROGRAM", PARAMGEN_PROGRAM),
-                             .output = output,
-                             .rights = rights};
+    const Command command = ProgramCommand(output, rights);
     const std::string reference = FromEnvironment(Comparisons::kReference, "");
     if (reference.empty()) {
         return Run(directory, command);
@@ -167,6 +191,42 @@ ProgramRun RunProgram(const std::filesystem::path& directory, Output output, Rig
     }
     g_comparisons->CountOne();
     return run;
+}
+
+TerminalRun::TerminalRun(const std::filesystem::path& directory)
+    : terminal_(posix_openpt(O_RDWR | O_NOCTTY)) {
+    if (terminal_ == -1 || grantpt(terminal_) != 0 || unlockpt(terminal_) != 0) {
+        ADD_FAILURE() << "there is no terminal: " << std::strerror(errno);
+        return;
+    }
+    const std::string name = ptsname(terminal_);
+    child_ = fork();
+    if (child_ == 0) {
+        Become(directory, ProgramCommand(Output::kCaptured, Rights::kOwn), name);
+    }
+}
+
+TerminalRun::~TerminalRun() {
+    if (child_ > 0) {
+        kill(child_, SIGKILL);
+        waitpid(child_, nullptr, 0);
+    }
+    close(terminal_);
+}
+
+bool TerminalRun::Shows(const std::string& text) {
+    constexpr int kSilence = 10'000;  // milliseconds
+    pollfd ready = {.fd = terminal_, .events = POLLIN, .revents = 0};
+    while (shown_.find(text) == std::string::npos) {
+        char bytes[4096];
+        const ssize_t count =
+            poll(&ready, 1, kSilence) == 1 ? read(terminal_, bytes, sizeof bytes) : 0;
+        if (count <= 0) {
+            return false;
+        }
+        shown_.append(bytes, static_cast<std::size_t>(count));
+    }
+    return true;
 }
 
 }  // namespace paramgen::testing

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -71,6 +75,23 @@ TEST_F(ReaderFaults, TextAndKeysNeedMemory) {
     }
     EXPECT_FALSE(watch.Happened());
     EXPECT_EQ(watch.Held(), 0);
+}
+
+TEST_F(ReaderFaults, PipeNeedsMemoryForItsPiecesAndForTheWhole) {
+    const std::string pipe = (directory_.path() / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string bytes(100'000, '\n');
+    // The pieces up to 64 KiB fit into the arena's first chunk; the last one and the whole do not.
+    for (const int number : {2, 3}) {
+        const pid_t writer = fork();
+        if (writer == 0) {
+            std::ofstream(pipe) << bytes << std::flush;
+            _exit(0);
+        }
+        EXPECT_EQ(LoadFails(pipe, Fault::kAllocation, number), IniError::kLoadNotInserted);
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+    }
 }
 
 TEST_F(ReaderFaults, AFileMayBeReadInPieces) {

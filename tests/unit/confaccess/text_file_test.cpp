@@ -7,7 +7,9 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <thread>
 
 #include "support/temp_dir.h"
 
@@ -54,9 +56,60 @@ TEST_F(TextFile, KeepsEveryByte) {
 
 TEST_F(TextFile, MayBeEmpty) {
     ExpectText(directory_.Write("file", ""), "");
-    for (const char* device : {"/dev/null", "/dev/zero", "/dev/full"}) {
-        ExpectText(device, "");
+    ExpectText("/dev/null", "");
+}
+
+TEST_F(TextFile, WithoutASizeIsReadToItsEnd) {
+    const std::string expected = ReadFile("/proc/self/cmdline");
+    ASSERT_NE(expected, "");
+    ExpectText("/proc/self/cmdline", expected);
+}
+
+/// Writes `bytes` to a named pipe in a thread of its own, once somebody reads it.
+class Writer {
+public:
+    Writer(const std::string& pipe, const std::string& bytes)
+        : thread_([=] { std::ofstream(pipe, std::ios::binary) << bytes << std::flush; }) {}
+    ~Writer() { thread_.join(); }
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
+
+private:
+    std::thread thread_;
+};
+
+TEST_F(TextFile, PipeIsReadToItsEnd) {
+    const std::string pipe = (directory_.path() / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    // Around the sizes of the pieces in which it is read.
+    for (const std::size_t size : {0U, 1U, 4095U, 4096U, 4097U, 8192U, 8193U, 300'000U}) {
+        std::string bytes;
+        while (bytes.size() < size) {
+            bytes += std::to_string(bytes.size()) + "\n";
+        }
+        bytes.resize(size);
+        const Writer writer(pipe, bytes);
+        ExpectText(pipe, bytes);
     }
+}
+
+TEST_F(TextFile, LinkToStandardInputIsReadToItsEnd) {
+    int ends[2] = {};
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "text", 4), 4);
+    close(ends[1]);
+    const int before = dup(STDIN_FILENO);
+    ASSERT_EQ(dup2(ends[0], STDIN_FILENO), STDIN_FILENO);
+    close(ends[0]);
+    ExpectText("/dev/stdin", "text");
+    if (before != -1) {
+        dup2(before, STDIN_FILENO);
+        close(before);
+    }
+}
+
+TEST_F(TextFile, DeviceWithoutAnEndIsUnreadable) {
+    ExpectUnreadable("/dev/zero");
 }
 
 TEST_F(TextFile, IsEmptyWhereThereIsADirectory) {
@@ -88,12 +141,6 @@ TEST_F(TextFile, ThatIsLeasedIsWaitedFor) {
 
 TEST_F(TextFile, MissingIsUnreadable) {
     ExpectUnreadable((directory_.path() / "missing").string());
-}
-
-TEST_F(TextFile, PipeIsNotWaitedFor) {
-    const std::string pipe = (directory_.path() / "pipe").string();
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    ExpectUnreadable(pipe);
 }
 
 TEST_F(TextFile, ThatHasNothingToReadIsUnreadable) {
