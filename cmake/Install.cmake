@@ -35,8 +35,31 @@ paramgen_man_page(paramgen.1 COMPONENT generator)
 paramgen_man_page(paramgen-tree.5 COMPONENT generator)
 paramgen_man_page(paramgen-image.5 COMPONENT generator)
 
+# paramgen_written_by_paramtool(<file> <argument>...)
+# Lets paramtool write a file, which is made anew when paramtool is.
+function(paramgen_written_by_paramtool file)
+  cmake_path(GET file PARENT_PATH directory)
+  file(MAKE_DIRECTORY "${directory}")
+  add_custom_command(OUTPUT "${file}" DEPENDS paramtool_program VERBATIM
+    COMMAND paramtool_program ${ARGN} -o "${file}")
+  set_property(GLOBAL APPEND PROPERTY PARAMGEN_INSTALLED_FILES "${file}")
+endfunction()
+
+# paramgen_completion(<shell> <file name> <directory>)
+function(paramgen_completion shell name directory)
+  set(file "${PROJECT_BINARY_DIR}/completions/${shell}/${name}")
+  paramgen_written_by_paramtool("${file}" completion ${shell})
+  install(FILES "${file}" COMPONENT tool DESTINATION "${directory}")
+endfunction()
+
 if(PARAMGEN_COMPANION)
   install(TARGETS paramtool_program RUNTIME COMPONENT tool)
+  paramgen_completion(bash paramtool "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+  paramgen_completion(zsh _paramtool "${PARAMGEN_ZSH_COMPLETIONS}")
+  paramgen_completion(fish paramtool.fish "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
+  set(page "${PROJECT_BINARY_DIR}/man/paramtool.1")
+  paramgen_written_by_paramtool("${page}" manual)
+  paramgen_man_page("${page}" COMPONENT tool)
 endif()
 
 include(CMakePackageConfigHelpers)

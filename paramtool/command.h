@@ -22,6 +22,11 @@ using AddCommand = void (*)(CLI::App& app, int* status);
 const std::vector<AddCommand>& Commands();
 
 void AddCheck(CLI::App& app, int* status);
+void AddCompletion(CLI::App& app, int* status);
+
+// For programs only: help does not list them.
+void AddComplete(CLI::App& app, int* status);
+void AddManual(CLI::App& app, int* status);
 
 /// Options of every command that has a result: -o, and how it is shown.
 struct ResultOptions {

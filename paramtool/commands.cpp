@@ -5,6 +5,9 @@ namespace paramgen::paramtool {
 const std::vector<AddCommand>& Commands() {
     static const std::vector<AddCommand> kCommands = {
         AddCheck,
+        AddCompletion,
+        AddComplete,
+        AddManual,
     };
     return kCommands;
 }
