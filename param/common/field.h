@@ -81,6 +81,18 @@ enum class FieldExtra : std::uint8_t {
     kLookup,          ///< kName: who knows the names
 };
 
+// What a row says of a note: itself with the note, in the companion's compilation only.
+#if defined(PARAMGEN_DESCRIBED)
+#define NOTE_(note, value)    \
+    Field row = *this;        \
+    row.notes.note = (value); \
+    return row
+#else
+#define NOTE_(note, value)      \
+    static_cast<void>((value)); \
+    return *this
+#endif
+
 /// One row. Hundreds of them are what the program is largely made of, hence the unions and widths.
 struct Field {
     union {
@@ -136,7 +148,7 @@ struct Field {
         return row;
     }
     consteval Field FromMatching(const ModuleSearch& search) const {
-        Field row = With(FieldExtra::kSearchedModule).Note(&FieldNotes::search, &search);
+        Field row = With(FieldExtra::kSearchedModule).Searched(search);
         row.module = search.modules;
         return row;
     }
@@ -148,39 +160,37 @@ struct Field {
 
     // Notes cost the program nothing: they are dropped while it is compiled.
     consteval Field Member(const char* name) const {
-        return Note(&FieldNotes::member, name);
+        NOTE_(member, name);
     }
     consteval Field About(const char* text) const {
-        return Note(&FieldNotes::about, text);
+        NOTE_(about, text);
     }
     consteval Field Unit(const char* text) const {
-        return Note(&FieldNotes::unit, text);
+        NOTE_(unit, text);
     }
     consteval Field Numbers(const char* text) const {
-        return Note(&FieldNotes::numbers, text);
+        NOTE_(numbers, text);
     }
-    consteval Field CountedBy(std::size_t countOffset, CountBeyond beyond) const {
-        return Note(&FieldNotes::beyond, beyond)
-            .Note(&FieldNotes::countOffset, static_cast<std::uint16_t>(countOffset));
+    consteval Field CountedBy(std::size_t countOffset, CountBeyond more) const {
+        return CountAt(countOffset).Beyond(more);
     }
     consteval Field WhileExists(const char* itemKey, std::size_t countOffset) const {
-        return Note(&FieldNotes::whileKey, itemKey)
-            .Note(&FieldNotes::countOffset, static_cast<std::uint16_t>(countOffset));
+        return CountAt(countOffset).WhileKey(itemKey);
     }
     consteval Field Optional() const {
-        return Note(&FieldNotes::optionalModule, true);
+        NOTE_(optionalModule, true);
     }
     consteval Field WantedBy(const ModuleSearch& search) const {
-        return Note(&FieldNotes::wanted, &search);
+        NOTE_(wanted, &search);
     }
     consteval Field Times(std::uint16_t factor) const {
-        return Note(&FieldNotes::times, factor);
+        NOTE_(times, factor);
     }
     consteval Field CountsUpTo(std::uint16_t max) const {
-        return Note(&FieldNotes::countMax, max);
+        NOTE_(countMax, max);
     }
     consteval Field EmptyByQuotes() const {
-        return Note(&FieldNotes::emptyByQuotes, true);
+        NOTE_(emptyByQuotes, true);
     }
 
     /// The default of an absent key; kConstant: the value; kCopy: the offset of what is copied.
@@ -193,14 +203,17 @@ struct Field {
     }
 
 private:
-    template <typename Value>
-    consteval Field Note([[maybe_unused]] Value FieldNotes::*note,
-                         [[maybe_unused]] std::type_identity_t<Value> value) const {
-        Field row = *this;
-#if defined(PARAMGEN_DESCRIBED)
-        row.notes.*note = value;
-#endif
-        return row;
+    consteval Field CountAt(std::size_t countOffset) const {
+        NOTE_(countOffset, static_cast<std::uint16_t>(countOffset));
+    }
+    consteval Field Beyond(CountBeyond more) const {
+        NOTE_(beyond, more);
+    }
+    consteval Field WhileKey(const char* itemKey) const {
+        NOTE_(whileKey, itemKey);
+    }
+    consteval Field Searched(const ModuleSearch& by) const {
+        NOTE_(search, &by);
     }
     constexpr Field With(FieldExtra what) const {
         if (extra != FieldExtra::kNumber || number != 0) {
@@ -214,6 +227,7 @@ private:
 #if !defined(PARAMGEN_DESCRIBED)
 static_assert(sizeof(void*) != 4 || sizeof(Field) == 20, "on the target");
 #endif
+#undef NOTE_
 
 /// The rows of one record.
 struct RecordTable {
