@@ -7,6 +7,10 @@ std::string OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
 }
 
+std::string NameAt(const NameTable& names, std::size_t index) {
+    return std::string(names.Prefix()) + names.Rest(index);
+}
+
 }  // namespace
 
 std::string Text(const KeyName& name) {
@@ -28,6 +32,32 @@ std::string Value::Unit() const {
 
 std::string Value::Numbers() const {
     return OrEmpty(field->notes.numbers);
+}
+
+const NameTable* NamesOf(const Value& value) {
+    return value.field->notes.names;
+}
+
+std::string NameOf(const NameTable& names, std::int32_t number) {
+    std::size_t index = 0;
+    return names.FindName(number, &index) ? NameAt(names, index) : std::string();
+}
+
+std::optional<std::int32_t> NumberOf(const NameTable& names, const std::string& name) {
+    for (std::size_t i = 0; i < names.Count(); ++i) {
+        if (NameAt(names, i) == name) {
+            return names.Number(i);
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> AllNames(const NameTable& names) {
+    std::vector<std::string> all;
+    for (std::size_t i = 0; i < names.Count(); ++i) {
+        all.push_back(NameAt(names, i));
+    }
+    return all;
 }
 
 const char* KindName(FieldKind kind) {

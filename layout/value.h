@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "param/common/field.h"
+#include "param/common/names.h"
 
 namespace paramgen::layout {
 
@@ -83,6 +85,18 @@ struct Value {
     std::string Unit() const;
     std::string Numbers() const;
 };
+
+/// The names of the numbers that `value` can hold; null when they have none.
+const NameTable* NamesOf(const Value& value);
+
+/// The name of `number`; empty when it has none.
+std::string NameOf(const NameTable& names, std::int32_t number);
+
+/// The number of `name`, compared to the letter.
+std::optional<std::int32_t> NumberOf(const NameTable& names, const std::string& name);
+
+/// All names, in the order of the table.
+std::vector<std::string> AllNames(const NameTable& names);
 
 /// "bool", "i32", "u32", "u8", "i16", "u64", "f32", "text", "name", "record", "bytes".
 const char* KindName(FieldKind kind);

@@ -152,9 +152,12 @@ struct Field {
         row.module = search.modules;
         return row;
     }
-    constexpr Field NamesFrom(NameLookup names) const {
+    constexpr Field NamesFrom(NameLookup names, [[maybe_unused]] const NameTable* table) const {
         Field row = With(FieldExtra::kLookup);
         row.lookup = names;
+#if defined(PARAMGEN_DESCRIBED)
+        row.notes.names = table;
+#endif
         return row;
     }
 
@@ -296,7 +299,7 @@ constexpr Field KeyRow(FieldSource source, std::size_t offset, const char* key,
     row.key = key;
     row.isNumbered = CountNumbers(key) != 0;
     row.number = defaultValue;
-    return Traits::kKind == FieldKind::kName ? row.NamesFrom(Traits::Lookup) : row;
+    return Traits::kKind == FieldKind::kName ? row.NamesFrom(Traits::Lookup, Traits::kNames) : row;
 }
 
 template <typename Member>

@@ -5,6 +5,8 @@
 
 namespace paramgen {
 
+class NameTable;
+
 /// What becomes of array elements that are counted but have no place in the array.
 enum class CountBeyond : std::uint8_t {
     kNotCounted,  ///< the elements are not counted by a member
@@ -27,6 +29,8 @@ struct FieldNotes {
     const char* about;    ///< what the value is, in one line
     const char* unit;     ///< "ms", "px"; null when there is none
     const char* numbers;  ///< "0 linear, 1 tile": what its numbers mean; null when not known
+
+    const NameTable* names;  ///< of a number that stands for a name; else null
 
     CountBeyond beyond;         ///< of an array: whether its elements are counted, and how
     std::uint16_t countOffset;  ///< where the count is, in bytes from the record's start

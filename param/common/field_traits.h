@@ -28,8 +28,10 @@ enum class FieldKind : std::uint8_t {
 /// It runs under the configuration's lock, and must not query the configuration.
 using NameLookup = Status (*)(const char* name, std::int32_t* number);
 
+class NameTable;
+
 /// Traits of a type that a member may have. An enumeration of names adds its own specialisation,
-/// with its lookup, beside its definition.
+/// with its lookup and its names, beside its definition.
 template <typename T>
 struct FieldTraits;
 
@@ -37,6 +39,7 @@ template <FieldKind kind>
 struct PlainFieldTraits {
     static constexpr FieldKind kKind = kind;
     static constexpr NameLookup Lookup = nullptr;
+    static constexpr const NameTable* kNames = nullptr;
 };
 
 template <>

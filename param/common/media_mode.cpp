@@ -1,6 +1,5 @@
 #include "param/common/media_mode.h"
 
-#include "param/common/names.h"
 #include "param/common/param_log.h"
 
 namespace paramgen {
@@ -40,24 +39,17 @@ constexpr NamedNumber<kPrefix, 15> kMediaModes[] = {
 
 }  // namespace
 
+constexpr NameTable kMediaModeNames(kMediaModes);
+
 Status PARAM_INIPARAM_GetMediaModeEnum(const char* name, MediaMode* mode) {
     std::int32_t number = 0;
-    if (!FindName(kMediaModes, name, &number)) {
+    if (!FindNumber(kMediaModes, name, &number)) {
         LOG_ERROR("Invalid MediaMode[%s]\n", name);
         return kFailed;
     }
     *mode = static_cast<MediaMode>(number);
     LOG_DEBUG("MediaMode[%s] Enum[%d]\n", name, *mode);
     return kOk;
-}
-
-Status FieldTraits<MediaMode>::Lookup(const char* name, std::int32_t* number) {
-    MediaMode mode = kMediaModeNone;
-    const Status status = PARAM_INIPARAM_GetMediaModeEnum(name, &mode);
-    if (status == kOk) {
-        *number = mode;
-    }
-    return status;
 }
 
 }  // namespace paramgen

@@ -6,6 +6,7 @@
 
 #include "confaccess/status.h"
 #include "param/common/field_traits.h"
+#include "param/common/names.h"
 
 namespace paramgen {
 
@@ -13,6 +14,9 @@ namespace paramgen {
 enum MediaMode : std::int32_t {
     kMediaModeNone = 54,  ///< not in any image: a number that no name has
 };
+
+/// The names of all media modes.
+extern const NameTable kMediaModeNames;
 
 /// Stores the number of the media mode called `name`, and echoes it. Returns -1, logging so and
 /// storing nothing, for an unknown name. Names are compared as they are, to the letter.
@@ -22,7 +26,8 @@ enum MediaMode : std::int32_t {
 template <>
 struct FieldTraits<MediaMode> {
     static constexpr FieldKind kKind = FieldKind::kName;
-    static Status Lookup(const char* name, std::int32_t* number);
+    static constexpr NameLookup Lookup = LookUpNumber<MediaMode, PARAM_INIPARAM_GetMediaModeEnum>;
+    static constexpr const NameTable* kNames = &kMediaModeNames;
 };
 
 }  // namespace paramgen

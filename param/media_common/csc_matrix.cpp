@@ -1,6 +1,5 @@
 #include "param/media_common/csc_matrix.h"
 
-#include "param/common/names.h"
 #include "param/common/param_log.h"
 
 namespace paramgen {
@@ -22,24 +21,17 @@ constexpr NamedNumber<kPrefix, 24> kCscMatrices[] = {
 
 }  // namespace
 
+constexpr NameTable kCscMatrixNames(kCscMatrices);
+
 Status PDT_INIPARAM_GetMediaCommCSCMatrixEnum(const char* name, CscMatrix* matrix) {
     std::int32_t number = 0;
-    if (!FindName(kCscMatrices, name, &number)) {
+    if (!FindNumber(kCscMatrices, name, &number)) {
         LOG_ERROR("Invalid CSCMatrix[%s]\n", name);
         return kFailed;
     }
     *matrix = static_cast<CscMatrix>(number);
     LOG_DEBUG("    CSCMatrix[%s] Enum[%d]\n", name, *matrix);
     return kOk;
-}
-
-Status FieldTraits<CscMatrix>::Lookup(const char* name, std::int32_t* number) {
-    CscMatrix matrix = kCscMatrixBt601LimitToBt601Limit;
-    const Status status = PDT_INIPARAM_GetMediaCommCSCMatrixEnum(name, &matrix);
-    if (status == kOk) {
-        *number = matrix;
-    }
-    return status;
 }
 
 }  // namespace paramgen

@@ -5,6 +5,7 @@
 
 #include "confaccess/status.h"
 #include "param/common/field_traits.h"
+#include "param/common/names.h"
 
 namespace paramgen {
 
@@ -22,6 +23,9 @@ enum CscMatrix : std::int32_t {
     kCscMatrixRgbFullToBt709Limit = 26,
 };
 
+/// The names of all matrices.
+extern const NameTable kCscMatrixNames;
+
 /// Stores the number of the matrix called `name`, and echoes it. Returns -1, logging so and storing
 /// nothing, for an unknown name. Names are compared as they are, to the letter.
 [[nodiscard]] Status PDT_INIPARAM_GetMediaCommCSCMatrixEnum(const char* name, CscMatrix* matrix);
@@ -30,7 +34,9 @@ enum CscMatrix : std::int32_t {
 template <>
 struct FieldTraits<CscMatrix> {
     static constexpr FieldKind kKind = FieldKind::kName;
-    static Status Lookup(const char* name, std::int32_t* number);
+    static constexpr NameLookup Lookup =
+        LookUpNumber<CscMatrix, PDT_INIPARAM_GetMediaCommCSCMatrixEnum>;
+    static constexpr const NameTable* kNames = &kCscMatrixNames;
 };
 
 }  // namespace paramgen

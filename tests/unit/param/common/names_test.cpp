@@ -14,11 +14,12 @@ constexpr NamedNumber<kPrefix, 60> kTable[] = {
     {"QX_", 3},
     {"QX_nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn", -4},  // 63 characters
 };
+constexpr NameTable kNames(kTable);
 
 /// The number of a name, or 0.
 std::int32_t NumberOf(const std::string& name) {
     std::int32_t number = 0;
-    const bool found = FindName(kTable, name.c_str(), &number);
+    const bool found = FindNumber(kTable, name.c_str(), &number);
     EXPECT_EQ(found, number != 0);
     return number;
 }
@@ -36,6 +37,25 @@ TEST(Names, EveryCharacterDecides) {
     EXPECT_EQ(NumberOf("QX"), 0);
     EXPECT_EQ(NumberOf(""), 0);
     EXPECT_EQ(NumberOf("QX_"), 3);
+}
+
+TEST(Names, ANumberHasTheFirstOfItsNames) {
+    std::size_t index = 9;
+    EXPECT_TRUE(kNames.FindName(3, &index));
+    EXPECT_EQ(index, 2U);
+    EXPECT_TRUE(kNames.FindName(-4, &index));
+    EXPECT_EQ(index, 3U);
+    EXPECT_FALSE(kNames.FindName(0, &index));
+    EXPECT_EQ(index, 3U);
+}
+
+TEST(Names, ATableCanBeGoneThrough) {
+    ASSERT_EQ(kNames.Count(), 4U);
+    EXPECT_STREQ(kNames.Prefix(), "QX_");
+    EXPECT_STREQ(kNames.Rest(0), "one");
+    EXPECT_STREQ(kNames.Rest(2), "");
+    EXPECT_EQ(kNames.Number(1), 2);
+    EXPECT_EQ(kNames.Number(3), -4);
 }
 
 TEST(Names, LongNamesAreComparedToTheirEnd) {
