@@ -152,11 +152,11 @@ struct Field {
         row.module = search.modules;
         return row;
     }
-    constexpr Field NamesFrom(NameLookup names, [[maybe_unused]] const NameTable* table) const {
+    constexpr Field NamesFrom(NameLookup names, [[maybe_unused]] const NameTable* all) const {
         Field row = With(FieldExtra::kLookup);
         row.lookup = names;
 #if defined(PARAMGEN_DESCRIBED)
-        row.notes.names = table;
+        row.notes.names = all;
 #endif
         return row;
     }

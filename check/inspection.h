@@ -1,0 +1,104 @@
+/// A tree under inspection: its files, what a run made of them, and what has been found so far.
+#pragma once
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+#include <vector>
+
+#include "check/check.h"
+#include "compile/session.h"
+#include "diagnostics/finding.h"
+#include "layout/layout.h"
+#include "tree/product.h"
+
+namespace paramgen::check {
+
+/// A key that was asked for.
+struct Asked {
+    const compile::Answer* answer = nullptr;  ///< the first one
+    const layout::Key* key = nullptr;         ///< null when no table knows it
+};
+
+class Inspection {
+public:
+    Inspection(const std::string& directory, const Choice& choice)
+        : product_(directory), choice_(choice) {}
+
+    const tree::Product& product() const { return product_; }
+    const tree::FoundFile& entry() const { return product_.entry(); }
+    bool IsOn(diagnostics::RuleId id) const { return choice_.IsOn(diagnostics::RuleOf(id)); }
+
+    /// Takes what the last run came to: the one in which the keys and modules that stop the program
+    /// are absent or empty.
+    void SetRun(compile::Compilation run);
+    const compile::Compilation& run() const { return run_; }
+
+    /// Whether that run reached the end, so that what it did not ask for is not read at all.
+    bool IsComplete() const { return run_.status == kOk; }
+
+    /// A key ("section:key", in any case) that loaders asked for; null when they did not.
+    const Asked* FindAsked(std::string_view module, std::string_view key) const;
+
+    /// Whether loaders asked for a module of this name.
+    bool IsModuleAsked(std::string_view module) const { return modules_.contains(module); }
+
+    /// The modules that are there and have this file.
+    std::vector<const tree::Module*> ModulesOf(const tree::FoundFile& file) const;
+
+    /// The line of the entry file that names module `number`; null when there is none.
+    const tree::Line* LineOfModule(std::int32_t number) const;
+
+    /// Adds a finding in `file`, unless its kind is off or the same is there already. Errors are
+    /// never off. Returns it, or null.
+    diagnostics::Finding* Add(diagnostics::Finding finding, const tree::FoundFile& file);
+
+    /// The same for a warning at a part of a line.
+    diagnostics::Finding* Warn(diagnostics::RuleId id, const tree::FoundFile& file,
+                               const tree::Line& line, tree::Span part, std::string message);
+
+    std::vector<diagnostics::Finding>& findings() { return findings_; }
+
+    /// Lines that have been told to be wrong as a whole, so that nothing more is said about them.
+    void MarkBad(const tree::Line& line) { bad_.insert(&line); }
+    bool IsBad(const tree::Line& line) const { return bad_.contains(&line); }
+
+private:
+    tree::Product product_;
+    const Choice& choice_;
+    compile::Compilation run_ = {};
+    std::unordered_map<std::string, Asked> asked_;
+    std::set<std::string, std::less<>> modules_;
+    std::vector<diagnostics::Finding> findings_;
+    std::set<
+        std::tuple<diagnostics::RuleId, std::string, std::uint32_t, std::uint32_t, std::string>>
+        known_;
+    std::set<const tree::Line*> bad_;
+};
+
+/// A text of the input as messages quote it, cut when it is long.
+std::string Quoted(std::string_view text);
+
+/// "1 key", "2 keys".
+std::string Counted(std::size_t count, const std::string& noun);
+
+/// The section and the key of "section:key": the key's name begins behind the last colon that
+/// leaves a section that some table knows, as keys do not have colons.
+std::string_view SectionPart(std::string_view fullKey);
+std::string_view KeyPart(std::string_view fullKey);
+
+// The checks, each of one group.
+
+/// Runs until nothing stops the run, and tells each thing that does.
+void FindErrors(compile::Session* session, Inspection* inspection);
+
+void CheckEntry(Inspection* inspection);
+void CheckLines(Inspection* inspection);
+void CheckValues(Inspection* inspection);
+void CheckStructure(Inspection* inspection);
+void CheckCounts(Inspection* inspection);
+void CheckReferences(Inspection* inspection);
+
+}  // namespace paramgen::check

@@ -1,0 +1,178 @@
+// Values that are stored as something else than what is written.
+
+#include "check/inspection.h"
+#include "check/known_names.h"
+#include "check/number_text.h"
+#include "check/value_text.h"
+
+namespace paramgen::check {
+namespace {
+
+using diagnostics::Finding;
+using diagnostics::RuleId;
+using tree::Line;
+
+/// One value that was read, with everything there is to know about it.
+struct ReadValue {
+    const tree::FoundFile& file;
+    const Line& line;
+    FieldKind kind;
+    std::string text;
+};
+
+class ValueChecker {
+public:
+    explicit ValueChecker(Inspection* inspection) : inspection_(*inspection) {}
+
+    void Check(const ReadValue& value) {
+        CheckText(&inspection_, value.file, value.line);
+        switch (value.kind) {
+            case FieldKind::kBool:
+                CheckBoolean(value);
+                break;
+            case FieldKind::kFloat:
+                CheckFloat(value);
+                break;
+            case FieldKind::kInt32:
+            case FieldKind::kUint32:
+            case FieldKind::kUint8:
+            case FieldKind::kInt16:
+            case FieldKind::kUint64:
+                CheckNumber(value);
+                break;
+            default:
+                break;
+        }
+    }
+
+private:
+    Finding* Warn(const ReadValue& value, RuleId id, std::string message) {
+        const tree::Span part = value.line.value.Size() == 0 ? value.line.name : value.line.value;
+        return inspection_.Warn(id, value.file, value.line, part, std::move(message));
+    }
+
+    void CheckBoolean(const ReadValue& value) {
+        if (IsBoolean(value.text)) {
+            return;
+        }
+        Finding* finding =
+            Warn(value, RuleId::kNotABoolean,
+                 (value.text.empty() ? std::string("an empty value") : Quoted(value.text)) +
+                     " is neither true nor false, and counts as not given");
+        if (finding == nullptr) {
+            return;
+        }
+        const std::string lower = tree::LowerCase(value.text);
+        if (lower == "on" || lower.starts_with("enable")) {
+            finding->suggestion = "yes";
+        } else if (lower == "off" || lower.starts_with("disable")) {
+            finding->suggestion = "no";
+        }
+    }
+
+    void CheckFloat(const ReadValue& value) {
+        const FloatText number = ReadFloat(value.text);
+        if (!number.isNumber) {
+            TellNoNumber(value);
+        } else if (!number.isExact) {
+            Warn(value, RuleId::kFloatRange, Quoted(value.text) + " is more than a float can hold");
+        } else if (number.end != value.text.size()) {
+            TellTrailing(value, number.end);
+        }
+    }
+
+    void TellNoNumber(const ReadValue& value) {
+        Warn(value, RuleId::kNotANumber,
+             (value.text.empty() ? std::string("an empty value") : Quoted(value.text)) +
+                 " is no number, and is stored as 0");
+    }
+
+    void TellTrailing(const ReadValue& value, std::size_t end) {
+        Warn(value, RuleId::kTrailingText,
+             Quoted(value.text.substr(end)) + " behind the number is dropped; " +
+                 value.text.substr(0, end) + " is left");
+    }
+
+    void CheckNumber(const ReadValue& value) {
+        const NumberText number = ReadNumber(value.text);
+        if (number.isHexadecimal) {
+            Finding* finding = Warn(value, RuleId::kHexadecimal,
+                                    Quoted(value.text) + " is read as decimal, that is 0");
+            if (finding != nullptr) {
+                finding->suggestion = AsDecimal(value.text);
+            }
+        } else if (!number.isNumber) {
+            TellNoNumber(value);
+        } else if (!number.isInRange) {
+            Warn(value, RuleId::kNumberOutOfRange,
+                 Quoted(value.text) + " does not fit 32 bits; " + std::to_string(number.value) +
+                     " is stored");
+        } else if (number.end != value.text.size()) {
+            TellTrailing(value, number.end);
+        } else {
+            CheckWidth(value, number.value);
+        }
+    }
+
+    static std::string AsDecimal(const std::string& text) {
+        return std::to_string(std::strtoll(text.c_str(), nullptr, 16));
+    }
+
+    void CheckWidth(const ReadValue& value, std::int64_t number) {
+        if (value.kind == FieldKind::kUint8 && (number < 0 || number > 255)) {
+            Warn(value, RuleId::kNumberTruncated,
+                 Quoted(value.text) + " does not fit 8 bits; " +
+                     std::to_string(static_cast<std::uint8_t>(number)) + " is stored");
+            return;
+        }
+        if (number >= 0) {
+            return;
+        }
+        if (value.kind == FieldKind::kUint32) {
+            Warn(value, RuleId::kNumberNegative,
+                 Quoted(value.text) + " is stored unsigned, as " +
+                     std::to_string(static_cast<std::uint32_t>(number)));
+        } else if (value.kind == FieldKind::kUint64) {
+            Warn(value, RuleId::kNumberNegative,
+                 Quoted(value.text) + " is stored unsigned, as " +
+                     std::to_string(static_cast<std::uint64_t>(number)));
+        }
+    }
+
+    Inspection& inspection_;
+};
+
+/// Checks the values of one module that were read.
+void CheckModule(const tree::Module& module, Inspection* inspection) {
+    ValueChecker checker(inspection);
+    const tree::IniFile& ini = *module.file->ini;
+    for (const Line& line : ini.lines()) {
+        if (line.kind != tree::LineKind::kValue || inspection->IsBad(line)) {
+            continue;
+        }
+        const std::string key = ini.KeyOf(line);
+        const Asked* asked = inspection->FindAsked(module.name, key);
+        if (asked == nullptr || ini.Find(key) != &line) {
+            continue;
+        }
+        const FieldKind kind = asked->key == nullptr || asked->key->values.empty()
+                                   ? FieldKind::kBytes
+                                   : asked->key->values.front()->Kind();
+        checker.Check({.file = *module.file,
+                       .line = line,
+                       .kind = kind,
+                       .text = std::string(ini.TextOf(line.value))});
+    }
+}
+
+}  // namespace
+
+void CheckValues(Inspection* inspection) {
+    for (const tree::Module& module : inspection->product().modules()) {
+        if (module.fate == tree::ModuleFate::kRead) {
+            CheckModule(module, inspection);
+        }
+    }
+}
+
+}  // namespace paramgen::check
