@@ -54,9 +54,15 @@ void CheckFile(const tree::FoundFile& file, Inspection* inspection) {
         inspection->Warn(RuleId::kEncoding, file, first, BeginningOf(first), encoding);
         inspection->MarkBad(first);
     }
+    bool isMisplaced = false;  // behind a section that is none
     for (const Line& line : file.ini->lines()) {
+        isMisplaced = isMisplaced && line.kind != LineKind::kSection;
+        if (isMisplaced) {
+            inspection->MarkBad(line);
+        }
         if (!inspection->IsBad(line)) {
             CheckLine(file, line, inspection);
+            isMisplaced = inspection->IsBad(line);
         }
     }
 }

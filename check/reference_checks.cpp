@@ -1,9 +1,256 @@
 // Handles, media modes and menus: values that name each other.
 
+#include <algorithm>
+#include <map>
+
 #include "check/inspection.h"
+#include "check/references.h"
+#include "diagnostics/places.h"
+#include "layout/key_pattern.h"
 
 namespace paramgen::check {
+namespace {
 
-void CheckReferences(Inspection*) {}
+using diagnostics::Finding;
+using diagnostics::Note;
+using diagnostics::RuleId;
+
+class ReferenceChecker {
+public:
+    explicit ReferenceChecker(Inspection* inspection)
+        : inspection_(*inspection), references_(*inspection) {}
+
+    void Run() {
+        for (const HandleRule& rule : HandleRules()) {
+            for (const Given* given : references_.Find(rule.module, rule.section, rule.key)) {
+                CheckHandle(rule, *given);
+            }
+        }
+        CheckRepeatedHandles();
+        CheckModes();
+        CheckMenus();
+        CheckBurstMenu();
+        CheckLimits();
+    }
+
+private:
+    /// Where a key that is read stands; `line` is null when it cannot be found.
+    struct Found {
+        const tree::FoundFile* file = nullptr;
+        const tree::Line* line = nullptr;
+    };
+
+    Found Locate(const Given& given) const {
+        const tree::Module* module = inspection_.product().FindModule(given.module);
+        const tree::Line* line =
+            module == nullptr ? nullptr : module->file->ini->Find(given.FullKey());
+        return {.file = module == nullptr ? nullptr : module->file, .line = line};
+    }
+
+    Finding* Warn(RuleId id, const Given& given, std::string message) {
+        const Found found = Locate(given);
+        if (found.line == nullptr || found.line->kind != tree::LineKind::kValue ||
+            inspection_.IsBad(*found.line)) {
+            return nullptr;
+        }
+        const tree::Span part =
+            found.line->value.Size() == 0 ? found.line->name : found.line->value;
+        Finding* finding = inspection_.Warn(id, *found.file, *found.line, part, std::move(message));
+        if (finding != nullptr) {
+            finding->module = given.module;
+        }
+        return finding;
+    }
+
+    void AddNote(Finding* finding, const Given& given, std::string message) {
+        const Found found = Locate(given);
+        if (finding != nullptr && found.line != nullptr) {
+            finding->notes.push_back(
+                {.place = diagnostics::PlaceOf(*found.file, *found.line, found.line->value),
+                 .message = std::move(message)});
+        }
+    }
+
+    static std::string HandlesOf(const std::vector<Target>& targets) {
+        std::set<std::int64_t> handles;
+        for (const Target& target : targets) {
+            if (target.isEnabled && target.handle != -1) {
+                handles.insert(target.handle);
+            }
+        }
+        std::string text;
+        for (const std::int64_t handle : handles) {
+            text += (text.empty() ? "" : ", ") + std::to_string(handle);
+        }
+        return text;
+    }
+
+    void CheckHandle(const HandleRule& rule, const Given& given) {
+        const std::optional<std::int64_t> handle = References::NumberOf(given);
+        if (!handle.has_value() || *handle == -1 || !references_.Counts(rule, given)) {
+            return;
+        }
+        const std::vector<Target> all = references_.Targets(rule.target, rule.targetModule);
+        if (all.empty() && !IsThere(rule.targetModule)) {
+            return;  // a lost module is told elsewhere
+        }
+        const std::vector<Target> targets = references_.TargetsOf(rule, given);
+        const auto has = [&](const Target& target) { return target.handle == *handle; };
+        if (std::any_of(targets.begin(), targets.end(),
+                        [&](const Target& target) { return has(target) && target.isEnabled; })) {
+            return;
+        }
+        const std::string handles = HandlesOf(targets);
+        Finding* finding =
+            Warn(RuleId::kHandleUnknown, given,
+                 std::string("no enabled ") + TargetRowOf(rule.target).name + " of " +
+                     rule.targetModule + " has the handle " + std::to_string(*handle) +
+                     (handles.empty() ? "" : "; there is " + handles));
+        const auto disabled = std::find_if(targets.begin(), targets.end(), has);
+        if (disabled != targets.end()) {
+            AddNote(finding, disabled->given, "this one has it, and is not enabled");
+        }
+    }
+
+    bool IsThere(const char* modules) const {
+        const auto& listed = inspection_.product().modules();
+        return std::any_of(listed.begin(), listed.end(), [&](const tree::Module& module) {
+            return module.fate == tree::ModuleFate::kRead &&
+                   layout::MatchesWildcards(modules, module.name);
+        });
+    }
+
+    void CheckRepeatedHandles() {
+        for (const TargetRow& row : TargetRows()) {
+            const bool isFirstOfKind = &TargetRowOf(row.kind) == &row;
+            if (isFirstOfKind) {
+                CheckRepeated(references_.Targets(row.kind, "*"));
+            }
+        }
+    }
+
+    void CheckRepeated(const std::vector<Target>& targets) {
+        std::map<std::string, const Target*> known;
+        for (const Target& target : targets) {
+            if (!target.isEnabled || target.handle == -1) {
+                continue;
+            }
+            const std::string scope =
+                target.given.module + "/" +
+                (target.row->hasParent ? ParentSection(target.given.section) : "") + "/" +
+                std::to_string(target.handle);
+            const auto [place, isNew] = known.try_emplace(scope, &target);
+            if (!isNew) {
+                Finding* finding = Warn(RuleId::kHandleRepeated, target.given,
+                                        std::string("another ") + target.row->name +
+                                            " has the handle " + std::to_string(target.handle));
+                AddNote(finding, place->second->given, "this one");
+            }
+        }
+    }
+
+    void CheckModes() {
+        std::map<std::string, const Given*> served;
+        for (const Given* given : references_.Find(kModeModules, "common", "mediamode")) {
+            const auto [place, isNew] = served.try_emplace(given->text, given);
+            if (!isNew) {
+                Finding* finding =
+                    Warn(RuleId::kModeRepeated, *given,
+                         place->second->module + " serves " + given->text + " as well");
+                AddNote(finding, *place->second, "here");
+            }
+        }
+        for (const ModeRule& rule : ModeRules()) {
+            for (const Given* given : references_.Find(rule.module, rule.section, rule.key)) {
+                if (!served.contains(given->text)) {
+                    Warn(RuleId::kModeNotServed, *given,
+                         "no cam0_mediamode module serves " + given->text);
+                }
+            }
+        }
+        for (const Given* given : references_.Find(kLensModules, "common", "mediamode")) {
+            if (!served.contains(given->text)) {
+                Warn(RuleId::kLdcUnused, *given,
+                     "the calibration is not used: no cam0_mediamode module serves " + given->text);
+            }
+        }
+    }
+
+    /// The values of a menu, in its order.
+    std::vector<const Given*> ValuesOf(const char* menu) const {
+        return references_.Find(kMenuModule, menu, "value*");
+    }
+
+    static bool IsSame(const Given& a, const Given& b) {
+        const std::optional<std::int64_t> number = References::NumberOf(a);
+        return number.has_value() ? number == References::NumberOf(b) : a.text == b.text;
+    }
+
+    void CheckMenus() {
+        for (const MenuRule& rule : MenuRules()) {
+            for (const Given* given : references_.Find(rule.module, rule.section, rule.key)) {
+                CheckOffered(*given, rule.menu);
+            }
+        }
+    }
+
+    void CheckOffered(const Given& given, const std::string& menu) {
+        const std::vector<const Given*> values = ValuesOf(menu.c_str());
+        const bool isOffered = std::any_of(values.begin(), values.end(), [&](const Given* value) {
+            return IsSame(given, *value);
+        });
+        if (values.empty() || isOffered) {
+            return;
+        }
+        std::string texts;
+        for (const Given* value : values) {
+            texts += (texts.empty() ? "" : ", ") + value->text;
+        }
+        Warn(RuleId::kNotOffered, given,
+             "the menu [" + menu + "] does not offer " + Quoted(given.text) + "; it has " + texts);
+    }
+
+    /// The kinds of bursts are offered for each media mode.
+    void CheckBurstMenu() {
+        const std::vector<const Given*> modes = ValuesOf("cam.0.burst.mediamode");
+        for (const Given* type :
+             references_.Find("workmode_photo", "phototype.?.burst", "burst_type")) {
+            const Given* mode = references_.Beside(*type, "mediamode");
+            for (const Given* offered : modes) {
+                if (mode != nullptr && offered->text == mode->text) {
+                    CheckOffered(*type, "cam.0.burst.type" + offered->key.substr(5));
+                }
+            }
+        }
+    }
+
+    void CheckLimits() {
+        for (const LimitRule& rule : LimitRules()) {
+            for (const Given* low : references_.Find(rule.module, rule.section, rule.low)) {
+                const Given* high = references_.Beside(*low, rule.high);
+                const auto least = References::NumberOf(*low);
+                const auto most =
+                    high == nullptr ? std::optional<std::int64_t>() : References::NumberOf(*high);
+                if (least.has_value() && most.has_value() && *least > *most) {
+                    Finding* finding =
+                        Warn(RuleId::kLimitsCrossed, *low,
+                             low->key + " is above " + rule.high + ", which is " + high->text);
+                    AddNote(finding, *high, "here");
+                }
+            }
+        }
+    }
+
+    Inspection& inspection_;
+    References references_;
+};
+
+}  // namespace
+
+void CheckReferences(Inspection* inspection) {
+    if (inspection->IsComplete()) {
+        ReferenceChecker(inspection).Run();
+    }
+}
 
 }  // namespace paramgen::check
