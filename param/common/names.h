@@ -55,7 +55,7 @@ template <const char* kPrefix, std::size_t kRestMax, std::size_t kCount>
 bool FindNumber(const NamedNumber<kPrefix, kRestMax> (&table)[kCount], const char* name,
                 std::int32_t* number) {
     const std::size_t prefixLength = std::string_view(kPrefix).size();
-    if (!SameText(kPrefix, name, prefixLength)) {
+    if (name == nullptr || !SameText(kPrefix, name, prefixLength)) {
         return false;
     }
     for (const NamedNumber<kPrefix, kRestMax>& entry : table) {
