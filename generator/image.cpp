@@ -7,15 +7,18 @@ namespace paramgen {
 namespace {
 
 constexpr Field kHeaderFields[] = {
-    CONSTANT(ImageHeader, magic, kImageMagic),
-    CONSTANT(ImageHeader, totalSize, sizeof(ParamImage)),
-    RESERVED(ImageHeader, reserved),
+    CONSTANT(ImageHeader, magic, kImageMagic)
+        .About("Marks the beginning of an image: \"arap\" in the file"),
+    CONSTANT(ImageHeader, totalSize, sizeof(ParamImage))
+        .About("Size of the whole image")
+        .Unit("bytes"),
+    RESERVED(ImageHeader, reserved).About("Reserved"),
 };
 constexpr TableOf<ImageHeader> kHeaderTable{nullptr, kHeaderFields};
 
 constexpr Field kTailFields[] = {
-    CONSTANT(ImageTail, mark, kTailMark),
-    CONSTANT(ImageTail, zero, 0),
+    CONSTANT(ImageTail, mark, kTailMark).About("Marks the end of an image: \"mrap\" in the file"),
+    CONSTANT(ImageTail, zero, 0).About("Always 0"),
 };
 constexpr TableOf<ImageTail> kTailTable{nullptr, kTailFields};
 
@@ -28,7 +31,7 @@ constexpr Field kImageFields[] = {
     RECORD(ParamImage, workMode, kWorkModeTable),
     RECORD(ParamImage, valueSet, kValueSetTable).From(kValueSetModule),
     RECORD(ParamImage, cam, kCamMediaTable),
-    RESERVED(ParamImage, gap),
+    RESERVED(ParamImage, gap).About("Brings the cameras to an 8-byte boundary"),
 };
 
 }  // namespace

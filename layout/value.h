@@ -69,6 +69,7 @@ struct Value {
 
     std::vector<Condition> conditions;  ///< all of them must hold; the outermost first
     std::uint32_t origin;  ///< of a copy: the offset of what it repeats; else its own offset
+    std::string context;   ///< what the records around it are, where a row says so: "Volume"
     std::uint32_t times;   ///< the number that the key gives is stored multiplied by this, mostly 1
 
     FieldKind Kind() const { return field->kind; }

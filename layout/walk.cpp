@@ -31,6 +31,7 @@ struct Place {
     std::string member;
     std::vector<Condition> conditions;
     std::uint32_t wanted = 0;
+    std::string context;
     std::uint32_t times = 1;
     std::uint32_t elementTimes = 1;  ///< the same, of the elements of arrays from here on
 };
@@ -167,6 +168,7 @@ Value MakeValue(const Field& field, const Named& node, const Place& record, cons
     value.size = field.size;
     value.member = place.member;
     value.conditions = place.conditions;
+    value.context = place.context;
     value.origin = field.source == FieldSource::kCopy
                        ? record.offset + static_cast<std::uint32_t>(field.Number())
                        : place.offset;
@@ -198,6 +200,9 @@ Place ElementOf(const Field& field, const Named& node, const Place& record, std:
         element.member += "[" + real + "]";
         element.numbers.push_back({real, field.count > 1 ? NextLetter(record.numbers) : real});
         element.times = element.elementTimes;
+    }
+    if (field.source == FieldSource::kTable && field.notes.about != nullptr) {
+        element.context = field.notes.about;
     }
     if (field.notes.times != 0) {
         element.elementTimes = field.notes.times;

@@ -6,8 +6,10 @@ namespace paramgen {
 
 constexpr Field kCamMediaModeFields[] = {
     // Its label speaks of another key; whoever reads the log knows it by that name.
-    FIELD(CamMediaModeCfg, camId, "camid", 0).Label("wifi.info:enable"),
-    QUERY(CamMediaModeCfg, mediaMode, "mediamode"),
+    FIELD(CamMediaModeCfg, camId, "camid", 0)
+        .Label("wifi.info:enable")
+        .About("Number of the camera"),
+    QUERY(CamMediaModeCfg, mediaMode, "mediamode").About("Media mode that the work mode starts in"),
 };
 
 constexpr TableOf<CamMediaModeCfg> kCamMediaModeTable{nullptr, kCamMediaModeFields};

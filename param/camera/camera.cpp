@@ -16,21 +16,23 @@ constexpr char kMediaModeModule[] = "cam%u_mediamode%u";
 constexpr char kFuncNode[] = "camera";
 
 constexpr Field kCamFuncFields[] = {
-    FIELD(CamFuncAttr, enable, "enable", 0).At(kFuncNode),
-    FIELD(CamFuncAttr, osdShow, "osdshow", 0).At(kFuncNode),
-    FIELD(CamFuncAttr, videoMode, "video_mode", 0).At(kFuncNode),
+    FIELD(CamFuncAttr, enable, "enable", 0).At(kFuncNode).About("The camera is in use"),
+    FIELD(CamFuncAttr, osdShow, "osdshow", 0)
+        .At(kFuncNode)
+        .About("Overlays of the work modes are drawn into the picture"),
+    FIELD(CamFuncAttr, videoMode, "video_mode", 0).At(kFuncNode).About("Number of the video mode"),
 };
 
 constexpr TableOf<CamFuncAttr> kCamFuncTable{nullptr, kCamFuncFields};
 
 constexpr Field kCamMediaFields[] = {
-    COMPUTED(CamMediaCfg, camIndex),
+    COMPUTED(CamMediaCfg, camIndex).About("Number of the camera"),
     RECORD(CamMediaCfg, func, kCamFuncTable).From(kCamModule),
     RECORD(CamMediaCfg, record, kCamMediaModeCommTable).From(kRecordModule),
     RECORD(CamMediaCfg, photo, kCamMediaModeCommTable).From(kPhotoModule),
     RECORD(CamMediaCfg, playback, kCamMediaModeCommTable).From(kPlaybackModule).Optional(),
     RECORD(CamMediaCfg, mediaModes, kCamMediaModeSpecTable).From(kMediaModeModule).Optional(),
-    RESERVED(CamMediaCfg, reserved),
+    RESERVED(CamMediaCfg, reserved).About("Brings the media modes to an 8-byte boundary"),
 };
 
 constexpr TableOf<CamMediaCfg> kCamMediaTable{nullptr, kCamMediaFields};

@@ -20,18 +20,18 @@ inline constexpr std::uint32_t kCamMediaModeSpecCount = 5;
 struct CamFuncAttr {
     Bool32 enable;
     Bool32 osdShow;
-    std::uint32_t videoMode;  ///< number of the video mode
+    std::uint32_t videoMode;
 };
 static_assert(sizeof(CamFuncAttr) == 12);
 
 /// One camera. 12,832 bytes.
 struct CamMediaCfg {
-    std::uint32_t camIndex;  ///< 0 for the first camera
+    std::uint32_t camIndex;
     CamFuncAttr func;
     CamMediaModeCommCfg record;
     CamMediaModeCommCfg photo;
     CamMediaModeCommCfg playback;  ///< zero when the product has no such module
-    std::byte reserved[4];         ///< brings the media modes to an 8-byte boundary
+    std::byte reserved[4];
     CamMediaModeSpecCfg mediaModes[kCamMediaModeSpecCount];  ///< zero where there is no such module
 };
 static_assert(sizeof(CamMediaCfg) == 12832);

@@ -12,37 +12,69 @@ constexpr char kV1Node[] = "LDCV1Attr";
 constexpr char kV3Node[] = "LDCV3Attr";
 
 constexpr Field kLdcV1Fields[] = {
-    FIELD(LdcV1Attr, aspect, "aspect", 0),
-    FIELD(LdcV1Attr, xRatio, "xratio", 0),
-    FIELD(LdcV1Attr, yRatio, "yratio", 0),
-    FIELD(LdcV1Attr, xyRatio, "xyratio", 0),
-    FIELD(LdcV1Attr, centerXOffset, "centerxoffset", 0),
-    FIELD(LdcV1Attr, centerYOffset, "centeryoffset", 0),
-    FIELD(LdcV1Attr, distortionRatio, "distortionratio", 0),
+    FIELD(LdcV1Attr, aspect, "aspect", 0)
+        .About("The correction keeps the aspect ratio of the picture"),
+    FIELD(LdcV1Attr, xRatio, "xratio", 0).About("Horizontal field of view that is kept").Unit("%"),
+    FIELD(LdcV1Attr, yRatio, "yratio", 0).About("Vertical field of view that is kept").Unit("%"),
+    FIELD(LdcV1Attr, xyRatio, "xyratio", 0)
+        .About("Field of view that is kept when the aspect ratio is")
+        .Unit("%"),
+    FIELD(LdcV1Attr, centerXOffset, "centerxoffset", 0)
+        .About("Horizontal offset of the distortion centre")
+        .Unit("px"),
+    FIELD(LdcV1Attr, centerYOffset, "centeryoffset", 0)
+        .About("Vertical offset of the distortion centre")
+        .Unit("px"),
+    FIELD(LdcV1Attr, distortionRatio, "distortionratio", 0)
+        .About("Strength of the distortion; negative for barrel distortion"),
 };
 
 constexpr Field kLdcV3Fields[] = {
-    FIELD(LdcV3Attr, aspect, "aspect", 0),
-    FIELD(LdcV3Attr, xRatio, "xratio", 0).Label("x_ratio"),
-    FIELD(LdcV3Attr, yRatio, "yratio", 0).Label("y_ratio"),
-    FIELD(LdcV3Attr, xyRatio, "xyratio", 0).Label("xy_ratio"),
-    FIELD(LdcV3Attr, focalLenX, "focal_len_x", 0),
-    FIELD(LdcV3Attr, focalLenY, "focal_len_y", 0),
-    FIELD(LdcV3Attr, coordShiftX, "coord_shift_x", 0),
-    FIELD(LdcV3Attr, coordShiftY, "coord_shift_y", 0),
-    FIELD(LdcV3Attr, coefIntpRatio, "coef_intp_ratio", 0),
+    FIELD(LdcV3Attr, aspect, "aspect", 0)
+        .About("The correction keeps the aspect ratio of the picture"),
+    FIELD(LdcV3Attr, xRatio, "xratio", 0)
+        .Label("x_ratio")
+        .About("Horizontal field of view that is kept")
+        .Unit("%"),
+    FIELD(LdcV3Attr, yRatio, "yratio", 0)
+        .Label("y_ratio")
+        .About("Vertical field of view that is kept")
+        .Unit("%"),
+    FIELD(LdcV3Attr, xyRatio, "xyratio", 0)
+        .Label("xy_ratio")
+        .About("Field of view that is kept when the aspect ratio is")
+        .Unit("%"),
+    FIELD(LdcV3Attr, focalLenX, "focal_len_x", 0).About("Horizontal focal length").Unit("1/100 px"),
+    FIELD(LdcV3Attr, focalLenY, "focal_len_y", 0).About("Vertical focal length").Unit("1/100 px"),
+    FIELD(LdcV3Attr, coordShiftX, "coord_shift_x", 0)
+        .About("Horizontal shift of the origin of coordinates")
+        .Unit("1/100 px"),
+    FIELD(LdcV3Attr, coordShiftY, "coord_shift_y", 0)
+        .About("Vertical shift of the origin of coordinates")
+        .Unit("1/100 px"),
+    FIELD(LdcV3Attr, coefIntpRatio, "coef_intp_ratio", 0)
+        .About("Part of the next calibration in the blend of the two")
+        .Unit("%"),
     // Element by element: of each number the next calibration's comes first.
-    QUERY(LdcV3Attr, srcCalibrationRatioNext, "src_calibration_ratio_next%d", 0),
-    QUERY(LdcV3Attr, srcCalibrationRatio, "src_calibration_ratio%d", 0),
+    QUERY(LdcV3Attr, srcCalibrationRatioNext, "src_calibration_ratio_next%d", 0)
+        .About("Coefficient of the next calibration")
+        .Unit("1/100000"),
+    QUERY(LdcV3Attr, srcCalibrationRatio, "src_calibration_ratio%d", 0)
+        .About("Coefficient of the calibration")
+        .Unit("1/100000"),
 };
 
 constexpr TableOf<LdcV1Attr> kLdcV1Table{kV1Node, kLdcV1Fields};
 constexpr TableOf<LdcV3Attr> kLdcV3Table{kV3Node, kLdcV3Fields};
 
 constexpr Field kVcapLDCFields[] = {
-    FIELD(VcapLDCAttr, v1Enable, "enable", 0).Under(kV1Node),
+    FIELD(VcapLDCAttr, v1Enable, "enable", 0)
+        .Under(kV1Node)
+        .About("Correction by the first model is on"),
     RECORD(VcapLDCAttr, v1, kLdcV1Table),
-    FIELD(VcapLDCAttr, v3Enable, "enable", 0).Under(kV3Node),
+    FIELD(VcapLDCAttr, v3Enable, "enable", 0)
+        .Under(kV3Node)
+        .About("Correction by the third model is on"),
     RECORD(VcapLDCAttr, v3, kLdcV3Table),
 };
 

@@ -20,10 +20,10 @@ inline constexpr std::size_t kLdcCalibrationCount = 9;
 
 /// The first model: one distortion figure. 28 bytes.
 struct LdcV1Attr {
-    Bool32 aspect;  ///< keep the aspect ratio
+    Bool32 aspect;
     std::int32_t xRatio;
     std::int32_t yRatio;
-    std::int32_t xyRatio;  ///< of both directions together
+    std::int32_t xyRatio;
     std::int32_t centerXOffset;
     std::int32_t centerYOffset;
     std::int32_t distortionRatio;
@@ -32,17 +32,17 @@ static_assert(sizeof(LdcV1Attr) == 28);
 
 /// The third model: a full calibration. 108 bytes.
 struct LdcV3Attr {
-    Bool32 aspect;  ///< keep the aspect ratio
+    Bool32 aspect;
     std::int32_t xRatio;
     std::int32_t yRatio;
-    std::int32_t xyRatio;  ///< of both directions together
+    std::int32_t xyRatio;
     std::int32_t focalLenX;
     std::int32_t focalLenY;
     std::int32_t coordShiftX;
     std::int32_t coordShiftY;
     std::int32_t srcCalibrationRatio[kLdcCalibrationCount];
     std::int32_t srcCalibrationRatioNext[kLdcCalibrationCount];
-    std::uint32_t coefIntpRatio;  ///< interpolation between the two calibrations
+    std::uint32_t coefIntpRatio;
 };
 static_assert(sizeof(LdcV3Attr) == 108);
 static_assert(offsetof(LdcV3Attr, srcCalibrationRatio) == 32);

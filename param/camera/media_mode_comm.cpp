@@ -7,10 +7,16 @@ namespace paramgen {
 constexpr char kCropNode[] = "disp.window.crop";
 
 constexpr Field kDispCropFields[] = {
-    FIELD(DispCropCfg, enable, "enable", 0).At(kCropNode),
-    FIELD(DispCropCfg, maxHeight, "max_h", 0).At(kCropNode),
-    FIELD(DispCropCfg, currentHeight, "cur_h", 0).At(kCropNode),
-    FIELD(DispCropCfg, mode, "mode", 0).At(kCropNode),
+    FIELD(DispCropCfg, enable, "enable", 0).At(kCropNode).About("The display window is cropped"),
+    FIELD(DispCropCfg, maxHeight, "max_h", 0)
+        .At(kCropNode)
+        .About("Largest height of the crop")
+        .Unit("px"),
+    FIELD(DispCropCfg, currentHeight, "cur_h", 0)
+        .At(kCropNode)
+        .About("Height of the crop")
+        .Unit("px"),
+    FIELD(DispCropCfg, mode, "mode", 0).At(kCropNode).About("Crop mode"),
 };
 
 constexpr TableOf<DispCropCfg> kDispCropTable{nullptr, kDispCropFields};

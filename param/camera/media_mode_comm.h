@@ -22,9 +22,9 @@ inline constexpr std::int32_t kVprocCommCount = 1;
 /// Crop of the display window. 16 bytes.
 struct DispCropCfg {
     Bool32 enable;
-    std::uint32_t maxHeight;      ///< lines
-    std::uint32_t currentHeight;  ///< lines
-    std::int32_t mode;            ///< number of the crop mode
+    std::uint32_t maxHeight;
+    std::uint32_t currentHeight;
+    std::int32_t mode;
 };
 static_assert(sizeof(DispCropCfg) == 16);
 

@@ -9,16 +9,21 @@ namespace paramgen {
 constexpr char kVcapPipeModeNode[] = "common.vcap.pipe.%d";
 
 constexpr Field kVcapPipeModeFields[] = {
-    QUERY(VcapPipeModeCfg, vcapPipeHdl, "vcappipe_hdl", 0),
-    QUERY(VcapPipeModeCfg, viVpssMode, "vivpssmode", 6),
+    QUERY(VcapPipeModeCfg, vcapPipeHdl, "vcappipe_hdl", 0)
+        .About("Handle of the capture pipe; -1 for none"),
+    QUERY(VcapPipeModeCfg, viVpssMode, "vivpssmode", 6)
+        .About("How the pipe hands its picture to video processing"),
 };
 
 constexpr TableOf<VcapPipeModeCfg> kVcapPipeModeTable{kVcapPipeModeNode, kVcapPipeModeFields};
 
 constexpr Field kCamMediaModeSpecFields[] = {
-    LOADED(CamMediaModeSpecCfg, mediaMode, "mediamode").At("common").WantedBy(kLdcSearch),
+    LOADED(CamMediaModeSpecCfg, mediaMode, "mediamode")
+        .At("common")
+        .WantedBy(kLdcSearch)
+        .About("The media mode that these settings are for"),
     RECORD(CamMediaModeSpecCfg, vcapPipes, kVcapPipeModeTable),
-    RESERVED(CamMediaModeSpecCfg, reserved),
+    RESERVED(CamMediaModeSpecCfg, reserved).About("Reserved"),
     RECORD(CamMediaModeSpecCfg, vb, kVBSpecTable),
     RECORD(CamMediaModeSpecCfg, vcap, kVcapSpecTable),
     RECORD(CamMediaModeSpecCfg, vpss, kVpssSpecTable),

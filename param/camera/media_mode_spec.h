@@ -18,8 +18,8 @@ inline constexpr std::uint32_t kVpssSpecCount = 1;
 
 /// How a capture pipe hands its picture to video processing. 8 bytes.
 struct VcapPipeModeCfg {
-    std::int32_t vcapPipeHdl;  ///< handle of the pipe; -1 none
-    std::int32_t viVpssMode;   ///< number of the mode
+    std::int32_t vcapPipeHdl;
+    std::int32_t viVpssMode;
 };
 static_assert(sizeof(VcapPipeModeCfg) == 8);
 
@@ -27,7 +27,7 @@ static_assert(sizeof(VcapPipeModeCfg) == 8);
 struct CamMediaModeSpecCfg {
     MediaMode mediaMode;  ///< left as it is when the key is absent
     VcapPipeModeCfg vcapPipes[kVcapPipeSpecCount];
-    std::byte reserved[4];  ///< brings the pools to an 8-byte boundary
+    std::byte reserved[4];
     VBSpecCfg vb;
     VcapSpecCfg vcap;
     VpssSpecAttr vpss[kVpssSpecCount];

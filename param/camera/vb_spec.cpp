@@ -9,16 +9,18 @@ constexpr char kVBNode[] = "vb";
 constexpr char kVBPoolNode[] = "%s.pool.%u";
 
 constexpr Field kVBPoolFields[] = {
-    QUERY(VBPoolCfg, blkSize, "blk_size", 0),
-    QUERY(VBPoolCfg, blkCount, "blk_count", 0),
-    RESERVED(VBPoolCfg, reserved),
+    QUERY(VBPoolCfg, blkSize, "blk_size", 0).About("Size of each block").Unit("bytes"),
+    QUERY(VBPoolCfg, blkCount, "blk_count", 0).About("Number of blocks"),
+    RESERVED(VBPoolCfg, reserved).About("Reserved"),
 };
 
 constexpr TableOf<VBPoolCfg> kVBPoolTable{kVBPoolNode, kVBPoolFields};
 
 constexpr Field kVBSpecFields[] = {
-    FIELD(VBSpecCfg, maxPoolCnt, "max_poolcnt", 0).FullLabel(),
-    RESERVED(VBSpecCfg, reserved),
+    FIELD(VBSpecCfg, maxPoolCnt, "max_poolcnt", 0)
+        .FullLabel()
+        .About("Number of video buffer pools"),
+    RESERVED(VBSpecCfg, reserved).About("Reserved"),
     RECORD(VBSpecCfg, pools, kVBPoolTable)
         .CountedBy(offsetof(VBSpecCfg, maxPoolCnt), CountBeyond::kRefused),
 };

@@ -13,16 +13,16 @@ inline constexpr std::uint32_t kVBPoolCount = 8;
 
 /// One pool. 16 bytes.
 struct VBPoolCfg {
-    std::uint64_t blkSize;   ///< of a block, in bytes; a negative size keeps its sign
-    std::uint32_t blkCount;  ///< number of blocks
+    std::uint64_t blkSize;  ///< of a block, in bytes; a negative size keeps its sign
+    std::uint32_t blkCount;
     std::byte reserved[4];
 };
 static_assert(sizeof(VBPoolCfg) == 16);
 
 /// All pools. 136 bytes.
 struct VBSpecCfg {
-    std::uint32_t maxPoolCnt;  ///< number of pools that are used, 0 to 8
-    std::byte reserved[4];     ///< brings the pools to an 8-byte boundary
+    std::uint32_t maxPoolCnt;
+    std::byte reserved[4];
     VBPoolCfg pools[kVBPoolCount];
 };
 static_assert(sizeof(VBSpecCfg) == 136);

@@ -9,48 +9,75 @@ namespace paramgen {
 constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chn.%d";
 
 constexpr Field kVcapPipeChnCommFields[] = {
-    FIELD(VcapPipeChnCommCfg, enable, "enable", 0),
-    FIELD(VcapPipeChnCommCfg, handle, "pipechnhdl", 0),
-    FIELD(VcapPipeChnCommCfg, pixelFormat, "pixelformat", 0),
-    FIELD(VcapPipeChnCommCfg, rotate, "rotate", 0),
-    FIELD(VcapPipeChnCommCfg, mirror, "mirror", 0),  // read before flip, stored after it
-    FIELD(VcapPipeChnCommCfg, flip, "flip", 0),
-    FIELD(VcapPipeChnCommCfg, brightness, "brightness", 0),
-    FIELD(VcapPipeChnCommCfg, saturation, "saturation", 0),
-    FIELD(VcapPipeChnCommCfg, lowDelayEnable, "lowdelayenable", 0),
-    FIELD(VcapPipeChnCommCfg, lowDelayLine, "lowdelayline", 0),
-    FIELD(VcapPipeChnCommCfg, isLdcV1, "isLdcV1", 0),
-    FIELD(VcapPipeChnCommCfg, ldcEnable, "ldcEnable", 0),
+    FIELD(VcapPipeChnCommCfg, enable, "enable", 0).About("The channel is in use"),
+    FIELD(VcapPipeChnCommCfg, handle, "pipechnhdl", 0).About("Handle of the channel"),
+    FIELD(VcapPipeChnCommCfg, pixelFormat, "pixelformat", 0)
+        .About("Pixel format")
+        .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
+    FIELD(VcapPipeChnCommCfg, rotate, "rotate", 0)
+        .About("Rotation of the picture")
+        .Numbers("0 none, 1 90 degrees, 2 180 degrees, 3 270 degrees"),
+    FIELD(VcapPipeChnCommCfg, mirror, "mirror", 0)
+        .About("The picture is mirrored left to right"),  // read before flip, stored after it
+    FIELD(VcapPipeChnCommCfg, flip, "flip", 0).About("The picture is flipped upside down"),
+    FIELD(VcapPipeChnCommCfg, brightness, "brightness", 0).About("Brightness of the picture"),
+    FIELD(VcapPipeChnCommCfg, saturation, "saturation", 0).About("Saturation of the picture"),
+    FIELD(VcapPipeChnCommCfg, lowDelayEnable, "lowdelayenable", 0)
+        .About("Lines are handed on before the frame is complete"),
+    FIELD(VcapPipeChnCommCfg, lowDelayLine, "lowdelayline", 0)
+        .About("Lines after which they are handed on")
+        .Unit("lines"),
+    FIELD(VcapPipeChnCommCfg, isLdcV1, "isLdcV1", 0)
+        .About("Lens correction is by the first model, not by the third"),
+    FIELD(VcapPipeChnCommCfg, ldcEnable, "ldcEnable", 0)
+        .About("Lens correction is done in the capture channel"),
 };
 
 constexpr TableOf<VcapPipeChnCommCfg> kVcapPipeChnCommTable{kVcapPipeChnNode,
                                                             kVcapPipeChnCommFields};
 
 constexpr Field kVcapPipeCommFields[] = {
-    FIELD(VcapPipeCommCfg, handle, "vcappipehdl", 0),
-    FIELD(VcapPipeCommCfg, type, "pipetype", 0),
-    FIELD(VcapPipeCommCfg, lowDelayEnable, "lowdelayenable", 0),
-    FIELD(VcapPipeCommCfg, lowDelayLine, "lowdelayline", 0),
+    FIELD(VcapPipeCommCfg, handle, "vcappipehdl", 0).About("Handle of the pipe"),
+    FIELD(VcapPipeCommCfg, type, "pipetype", 0).About("Type of the pipe"),
+    FIELD(VcapPipeCommCfg, lowDelayEnable, "lowdelayenable", 0)
+        .About("Lines are handed on before the frame is complete"),
+    FIELD(VcapPipeCommCfg, lowDelayLine, "lowdelayline", 0)
+        .About("Lines after which they are handed on")
+        .Unit("lines"),
     RECORD(VcapPipeCommCfg, chns, kVcapPipeChnCommTable),
 };
 
 constexpr Field kVcapAibnrFields[] = {
-    RESERVED(VcapAibnrAttr, enable),     RESERVED(VcapAibnrAttr, reserved1),
-    RESERVED(VcapAibnrAttr, masterPipe), RESERVED(VcapAibnrAttr, reserved2),
-    RESERVED(VcapAibnrAttr, modelPath),
+    RESERVED(VcapAibnrAttr, enable).About("Noise reduction by a model is on; no key fills it yet"),
+    RESERVED(VcapAibnrAttr, reserved1).About("Reserved"),
+    RESERVED(VcapAibnrAttr, masterPipe)
+        .About("Pipe of noise reduction by a model; no key fills it yet"),
+    RESERVED(VcapAibnrAttr, reserved2).About("Reserved"),
+    RESERVED(VcapAibnrAttr, modelPath)
+        .About("File of the model for noise reduction; no key fills it yet"),
 };
 
 constexpr TableOf<VcapPipeCommCfg> kVcapPipeCommTable{kVcapPipeNode, kVcapPipeCommFields};
 constexpr TableOf<VcapAibnrAttr> kVcapAibnrTable{nullptr, kVcapAibnrFields};
 
 constexpr Field kVcapCommFields[] = {
-    FIELD(VcapCommCfg, enable, "enable", 0).At(kVcapDevNode),
-    FIELD(VcapCommCfg, handle, "vcapdevhdl", 0).At(kVcapDevNode),
-    FIELD(VcapCommCfg, wdrMode, "wdr_mode", 0).At(kVcapDevNode),
-    FIELD(VcapCommCfg, inputMode, "input_mode", 0).At(kVcapDevNode),
-    FIELD(VcapCommCfg, interfaceMode, "interface_mode", 0).At(kVcapDevNode),
-    FIELD(VcapCommCfg, dataSequence, "datasequce", 0).At(kVcapDevNode),
-    FIELD(VcapCommCfg, inputDataType, "inputdatatype", 0).At(kVcapDevNode),
+    FIELD(VcapCommCfg, enable, "enable", 0).At(kVcapDevNode).About("The capture device is in use"),
+    FIELD(VcapCommCfg, handle, "vcapdevhdl", 0)
+        .At(kVcapDevNode)
+        .About("Handle of the capture device"),
+    FIELD(VcapCommCfg, wdrMode, "wdr_mode", 0).At(kVcapDevNode).About("Wide dynamic range mode"),
+    FIELD(VcapCommCfg, inputMode, "input_mode", 0)
+        .At(kVcapDevNode)
+        .About("Input mode of the sensor"),
+    FIELD(VcapCommCfg, interfaceMode, "interface_mode", 0)
+        .At(kVcapDevNode)
+        .About("Interface mode of the sensor"),
+    FIELD(VcapCommCfg, dataSequence, "datasequce", 0)
+        .At(kVcapDevNode)
+        .About("Sequence of the data from the sensor"),
+    FIELD(VcapCommCfg, inputDataType, "inputdatatype", 0)
+        .At(kVcapDevNode)
+        .About("Type of the data from the sensor"),
     RECORD(VcapCommCfg, aibnr, kVcapAibnrTable),
     RECORD(VcapCommCfg, pipes, kVcapPipeCommTable),
 };

@@ -22,16 +22,16 @@ inline constexpr std::int32_t kVcapPipeChnCount = 1;
 struct VcapPipeChnCommCfg {
     Bool32 enable;
     std::int32_t handle;
-    std::int32_t pixelFormat;  ///< 0 YUV 4:2:0, 1 YUV 4:2:2
-    std::int32_t rotate;       ///< number of the rotation
-    Bool32 flip;               ///< upside down
-    Bool32 mirror;             ///< left to right
+    std::int32_t pixelFormat;
+    std::int32_t rotate;
+    Bool32 flip;
+    Bool32 mirror;
     std::int32_t brightness;
     std::int32_t saturation;
     Bool32 lowDelayEnable;
-    std::uint32_t lowDelayLine;  ///< lines
-    Bool32 isLdcV1;              ///< lens distortion is corrected by the first model
-    Bool32 ldcEnable;            ///< lens distortion is corrected
+    std::uint32_t lowDelayLine;
+    Bool32 isLdcV1;
+    Bool32 ldcEnable;
 };
 static_assert(sizeof(VcapPipeChnCommCfg) == 48);
 static_assert(offsetof(VcapPipeChnCommCfg, flip) == 16);
@@ -41,9 +41,9 @@ static_assert(offsetof(VcapPipeChnCommCfg, lowDelayEnable) == 32);
 /// One capture pipe. 64 bytes.
 struct VcapPipeCommCfg {
     std::int32_t handle;
-    std::int32_t type;  ///< number of the pipe's type
+    std::int32_t type;
     Bool32 lowDelayEnable;
-    std::uint32_t lowDelayLine;  ///< lines
+    std::uint32_t lowDelayLine;
     VcapPipeChnCommCfg chns[kVcapPipeChnCount];
 };
 static_assert(sizeof(VcapPipeCommCfg) == 64);
@@ -65,11 +65,11 @@ static_assert(offsetof(VcapAibnrAttr, modelPath) == 24);
 struct VcapCommCfg {
     Bool32 enable;
     std::int32_t handle;
-    std::int32_t wdrMode;        ///< number of the wide-dynamic-range mode
-    std::int32_t inputMode;      ///< number
-    std::int32_t interfaceMode;  ///< number
-    std::int32_t dataSequence;   ///< number
-    std::int32_t inputDataType;  ///< number
+    std::int32_t wdrMode;
+    std::int32_t inputMode;
+    std::int32_t interfaceMode;
+    std::int32_t dataSequence;
+    std::int32_t inputDataType;
     VcapPipeCommCfg pipes[kVcapPipeCount];
     VcapAibnrAttr aibnr;
 };

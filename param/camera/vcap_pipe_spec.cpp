@@ -10,27 +10,50 @@ namespace paramgen {
 constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chl.%d";
 
 constexpr Field kVcapFrameRateFields[] = {
-    FIELD(VcapFrameRateCfg, src, "src_framerate", 0),
-    FIELD(VcapFrameRateCfg, dst, "dst_framerate", 0),
+    FIELD(VcapFrameRateCfg, src, "src_framerate", 0)
+        .About("Frame rate that comes in; -1 as it comes")
+        .Unit("fps"),
+    FIELD(VcapFrameRateCfg, dst, "dst_framerate", 0)
+        .About("Frame rate that goes out; -1 as it comes")
+        .Unit("fps"),
 };
 
 constexpr Field kVcapIspPubFields[] = {
-    QUERY(VcapIspPubAttr, frameRate, "isp_framerate", 0),
-    FIELD(VcapIspPubAttr, width, "isp_width", 0),
-    FIELD(VcapIspPubAttr, height, "isp_height", 0),
-    RESERVED(VcapIspPubAttr, reserved),
-    FIELD(VcapIspPubAttr, mirrorFlip, "isp_mirrorflip", 0),
+    QUERY(VcapIspPubAttr, frameRate, "isp_framerate", 0)
+        .About("Frame rate of the image processor")
+        .Unit("fps"),
+    FIELD(VcapIspPubAttr, width, "isp_width", 0)
+        .About("Width of the picture that the image processor puts out")
+        .Unit("px"),
+    FIELD(VcapIspPubAttr, height, "isp_height", 0)
+        .About("Height of the picture that the image processor puts out")
+        .Unit("px"),
+    RESERVED(VcapIspPubAttr, reserved).About("Reserved"),
+    FIELD(VcapIspPubAttr, mirrorFlip, "isp_mirrorflip", 0)
+        .About("How the image processor turns the picture")
+        .Numbers("0 none, 1 mirror, 2 flip, 3 both"),
 };
 
 constexpr Field kVcapPipeChnSpecFields[] = {
-    FIELD(VcapPipeChnSpecCfg, dstWidth, "dst_width", 0),
-    FIELD(VcapPipeChnSpecCfg, dstHeight, "dst_height", 0),
-    FIELD(VcapPipeChnSpecCfg, srcFrameRate, "src_framerate", 0),
-    FIELD(VcapPipeChnSpecCfg, dstFrameRate, "dst_framerate", 0),
-    FIELD(VcapPipeChnSpecCfg, motionDenoise, "MotionDenoiseEnable", 0),
-    FIELD(VcapPipeChnSpecCfg, motionDenoiseIsoThresh, "MotionDenoiseIsoThresh", 200),
+    FIELD(VcapPipeChnSpecCfg, dstWidth, "dst_width", 0)
+        .About("Width of the picture that leaves the channel")
+        .Unit("px"),
+    FIELD(VcapPipeChnSpecCfg, dstHeight, "dst_height", 0)
+        .About("Height of the picture that leaves the channel")
+        .Unit("px"),
+    FIELD(VcapPipeChnSpecCfg, srcFrameRate, "src_framerate", 0)
+        .About("Frame rate that comes in; -1 as it comes")
+        .Unit("fps"),
+    FIELD(VcapPipeChnSpecCfg, dstFrameRate, "dst_framerate", 0)
+        .About("Frame rate that goes out; -1 as it comes")
+        .Unit("fps"),
+    FIELD(VcapPipeChnSpecCfg, motionDenoise, "MotionDenoiseEnable", 0)
+        .About("Moving parts of the picture are denoised"),
+    FIELD(VcapPipeChnSpecCfg, motionDenoiseIsoThresh, "MotionDenoiseIsoThresh", 200)
+        .About("Sensitivity above which moving parts are denoised")
+        .Unit("ISO"),
     RECORD(VcapPipeChnSpecCfg, ldc, kVcapLDCTable).FromMatching(kLdcSearch),
-    CONSTANT(VcapPipeChnSpecCfg, zero, 0),
+    CONSTANT(VcapPipeChnSpecCfg, zero, 0).About("Always 0"),
 };
 
 constexpr TableOf<VcapFrameRateCfg> kVcapFrameRateTable{kVcapPipeNode, kVcapFrameRateFields};
@@ -39,18 +62,27 @@ constexpr TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable{kVcapPipeChnNode,
                                                             kVcapPipeChnSpecFields};
 
 constexpr Field kVcapPipeSpecFields[] = {
-    FIELD(VcapPipeSpecCfg, enable, "enable", 0),
+    FIELD(VcapPipeSpecCfg, enable, "enable", 0).About("The pipe is in use"),
     RECORD(VcapPipeSpecCfg, frameRate, kVcapFrameRateTable),
-    FIELD(VcapPipeSpecCfg, ispBypass, "isp_bypass", 0).Label("isp_Bypass"),
-    FIELD(VcapPipeSpecCfg, bypassMode, "pipe_bypassmode", 0),
+    FIELD(VcapPipeSpecCfg, ispBypass, "isp_bypass", 0)
+        .Label("isp_Bypass")
+        .About("The image processor is bypassed"),
+    FIELD(VcapPipeSpecCfg, bypassMode, "pipe_bypassmode", 0).About("How the pipe is bypassed"),
     RECORD(VcapPipeSpecCfg, ispPub, kVcapIspPubTable),
-    FIELD(VcapPipeSpecCfg, frameInterruptType, "frameinterrupt_type", 0),
-    FIELD(VcapPipeSpecCfg, aibnrSupport, "aibnr_support", 0),
-    FIELD(VcapPipeSpecCfg, ai3dnrSupport, "ai3dnr_support", 0),
-    FIELD(VcapPipeSpecCfg, bnrBufferNum, "bnr_buffer_num", 0),
-    FIELD(VcapPipeSpecCfg, earlyLine, "earlyline", 0),
-    FIELD(VcapPipeSpecCfg, sceneParamIdx, "scene_param_idx", 0),
-    CONSTANT(VcapPipeSpecCfg, zero, 0),
+    FIELD(VcapPipeSpecCfg, frameInterruptType, "frameinterrupt_type", 0)
+        .About("When the frame interrupt comes"),
+    FIELD(VcapPipeSpecCfg, aibnrSupport, "aibnr_support", 0)
+        .About("Noise reduction of the raw picture by a model is supported"),
+    FIELD(VcapPipeSpecCfg, ai3dnrSupport, "ai3dnr_support", 0)
+        .About("Noise reduction over time by a model is supported"),
+    FIELD(VcapPipeSpecCfg, bnrBufferNum, "bnr_buffer_num", 0)
+        .About("Number of buffers of the raw noise reduction"),
+    FIELD(VcapPipeSpecCfg, earlyLine, "earlyline", 0)
+        .About("Line at which the early interrupt comes")
+        .Unit("lines"),
+    FIELD(VcapPipeSpecCfg, sceneParamIdx, "scene_param_idx", 0)
+        .About("Row of the picture tuning table"),
+    CONSTANT(VcapPipeSpecCfg, zero, 0).About("Always 0"),
     RECORD(VcapPipeSpecCfg, chn, kVcapPipeChnSpecTable),
 };
 

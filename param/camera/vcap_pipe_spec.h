@@ -26,11 +26,11 @@ static_assert(sizeof(VcapFrameRateCfg) == 8);
 
 /// What the image processor puts out. 20 bytes.
 struct VcapIspPubAttr {
-    float frameRate;  ///< frames a second, may have a fraction
+    float frameRate;
     std::uint32_t width;
     std::uint32_t height;
     std::byte reserved[4];
-    std::int32_t mirrorFlip;  ///< number of the mirror and flip mode
+    std::int32_t mirrorFlip;
 };
 static_assert(sizeof(VcapIspPubAttr) == 20);
 
@@ -42,8 +42,8 @@ struct VcapPipeChnSpecCfg {
     std::int32_t dstFrameRate;
     VcapLDCAttr ldc;  ///< of the lens-distortion module that serves the media mode
     Bool32 motionDenoise;
-    std::uint32_t motionDenoiseIsoThresh;  ///< ISO value above which moving parts are denoised
-    std::uint32_t zero;                    ///< always 0
+    std::uint32_t motionDenoiseIsoThresh;
+    std::uint32_t zero;
 };
 static_assert(sizeof(VcapPipeChnSpecCfg) == 172);
 static_assert(offsetof(VcapPipeChnSpecCfg, ldc) == 16);
@@ -58,11 +58,11 @@ struct VcapPipeSpecCfg {
     VcapIspPubAttr ispPub;
     std::int32_t sceneParamIdx;
     std::int32_t frameInterruptType;
-    std::uint32_t earlyLine;  ///< line at which the early interrupt comes
+    std::uint32_t earlyLine;
     VcapPipeChnSpecCfg chn[kVcapPipeSpecChnCount];
-    Bool32 aibnrSupport;   ///< AI noise reduction of the raw picture
-    Bool32 ai3dnrSupport;  ///< AI noise reduction over time
-    std::uint32_t zero;    ///< always 0
+    Bool32 aibnrSupport;
+    Bool32 ai3dnrSupport;
+    std::uint32_t zero;
     std::uint32_t bnrBufferNum;
 };
 static_assert(sizeof(VcapPipeSpecCfg) == 240);

@@ -10,28 +10,50 @@
 namespace paramgen {
 
 constexpr Field kVcapSnsFields[] = {
-    FIELD(VcapSnsAttr, sensorType, "sensor_type", 0).At(kVcapDevNode),
-    FIELD(VcapSnsAttr, sensorMode, "sensor_mode", 0).At(kVcapDevNode),
-    FIELD(VcapSnsAttr, sensorWidth, "sensor_width", 0).At(kVcapDevNode),
-    FIELD(VcapSnsAttr, sensorHeight, "sensor_height", 0).At(kVcapDevNode),
-    RESERVED(VcapSnsAttr, reserved),
-    FIELD(VcapSnsAttr, dataType, "data_type", 0).At(kVcapDevNode),
-    FIELD(VcapSnsAttr, wdrMode, "wdr_mode", 0).At(kVcapDevNode),
+    FIELD(VcapSnsAttr, sensorType, "sensor_type", 0).At(kVcapDevNode).About("Type of the sensor"),
+    FIELD(VcapSnsAttr, sensorMode, "sensor_mode", 0).At(kVcapDevNode).About("Mode of the sensor"),
+    FIELD(VcapSnsAttr, sensorWidth, "sensor_width", 0)
+        .At(kVcapDevNode)
+        .About("Width of the sensor")
+        .Unit("px"),
+    FIELD(VcapSnsAttr, sensorHeight, "sensor_height", 0)
+        .At(kVcapDevNode)
+        .About("Height of the sensor")
+        .Unit("px"),
+    RESERVED(VcapSnsAttr, reserved).About("Reserved"),
+    FIELD(VcapSnsAttr, dataType, "data_type", 0)
+        .At(kVcapDevNode)
+        .About("Type of the data from the sensor"),
+    FIELD(VcapSnsAttr, wdrMode, "wdr_mode", 0)
+        .At(kVcapDevNode)
+        .About("Wide dynamic range mode of the sensor"),
 };
 
 constexpr TableOf<VcapSnsAttr> kVcapSnsTable{nullptr, kVcapSnsFields};
 
 constexpr Field kVcapSpecFields[] = {
     RECORD(VcapSpecCfg, sns, kVcapSnsTable),
-    COPY(VcapSpecCfg, wdrMode, sns.wdrMode),
-    FIELD(VcapSpecCfg, cacheLine, "cacheLine", 0).At(kVcapDevNode),
-    FIELD(VcapSpecCfg, basWidth, "bas_width", 0).At(kVcapDevNode),
-    FIELD(VcapSpecCfg, basHeight, "bas_height", 0).At(kVcapDevNode),
-    LOADED(VcapSpecCfg, componentMask, "componentmask%u", 0).At(kVcapDevNode),
+    COPY(VcapSpecCfg, wdrMode, sns.wdrMode)
+        .About("Wide dynamic range mode of the capture device: that of the sensor"),
+    FIELD(VcapSpecCfg, cacheLine, "cacheLine", 0)
+        .At(kVcapDevNode)
+        .About("Lines that are cached")
+        .Unit("lines"),
+    FIELD(VcapSpecCfg, basWidth, "bas_width", 0)
+        .At(kVcapDevNode)
+        .About("Base width of the capture device")
+        .Unit("px"),
+    FIELD(VcapSpecCfg, basHeight, "bas_height", 0)
+        .At(kVcapDevNode)
+        .About("Base height of the capture device")
+        .Unit("px"),
+    LOADED(VcapSpecCfg, componentMask, "componentmask%u", 0)
+        .At(kVcapDevNode)
+        .About("Mask of the data bits of the sensor bus; not negative"),
     RECORD(VcapSpecCfg, pipes, kVcapPipeSpecTable),
-    RESERVED(VcapSpecCfg, reserved1),
-    RESERVED(VcapSpecCfg, reserved2),
-    RESERVED(VcapSpecCfg, reserved3),
+    RESERVED(VcapSpecCfg, reserved1).About("Reserved"),
+    RESERVED(VcapSpecCfg, reserved2).About("Reserved"),
+    RESERVED(VcapSpecCfg, reserved3).About("Reserved"),
 };
 
 constexpr TableOf<VcapSpecCfg> kVcapSpecTable{nullptr, kVcapSpecFields};

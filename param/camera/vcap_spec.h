@@ -19,13 +19,13 @@ inline constexpr std::uint32_t kVcapPipeSpecCount = 4;
 
 /// The sensor. 28 bytes.
 struct VcapSnsAttr {
-    std::int32_t sensorType;  ///< number of the sensor type
+    std::int32_t sensorType;
     std::uint32_t sensorMode;
-    std::int32_t wdrMode;  ///< number of the wide dynamic range mode
+    std::int32_t wdrMode;
     std::uint32_t sensorWidth;
     std::uint32_t sensorHeight;
     std::byte reserved[4];
-    std::int32_t dataType;  ///< number of the type of the sensor's data
+    std::int32_t dataType;
 };
 static_assert(sizeof(VcapSnsAttr) == 28);
 
@@ -35,10 +35,10 @@ struct VcapSpecCfg {
     std::byte reserved1[4];
     std::uint32_t basWidth;
     std::uint32_t basHeight;
-    std::int32_t wdrMode;     ///< always the sensor's
-    std::uint32_t cacheLine;  ///< number of lines
+    std::int32_t wdrMode;
+    std::uint32_t cacheLine;
     std::byte reserved2[12];
-    std::uint32_t componentMask[kVcapComponentMaskCount];  ///< data bits of the sensor bus
+    std::uint32_t componentMask[kVcapComponentMaskCount];
     std::byte reserved3[8];
     VcapPipeSpecCfg pipes[kVcapPipeSpecCount];
 };

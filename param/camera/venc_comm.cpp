@@ -11,19 +11,27 @@ namespace paramgen {
 constexpr char kIntraRefreshNode[] = "venc.%d.intraRefresh";
 
 constexpr Field kVencBindSrcFields[] = {
-    FIELD(VencBindSrcAttr, module, "bindedmod", 0),
-    FIELD(VencBindSrcAttr, count, "bindcnt", 0),
+    FIELD(VencBindSrcAttr, module, "bindedmod", 0)
+        .About("Number of the firmware module that the encoder is bound to"),
+    FIELD(VencBindSrcAttr, count, "bindcnt", 0)
+        .About("Number of sources that the encoder is bound to"),
     FIELD(VencBindSrcAttr, moduleHandles, "modhdl_%u", 0)
-        .CountedBy(offsetof(VencBindSrcAttr, count), CountBeyond::kClamped),
+        .CountedBy(offsetof(VencBindSrcAttr, count), CountBeyond::kClamped)
+        .About("Handle of the group of a source"),
     FIELD(VencBindSrcAttr, chnHandles, "chnhdl_%u", 0)
-        .CountedBy(offsetof(VencBindSrcAttr, count), CountBeyond::kClamped),
+        .CountedBy(offsetof(VencBindSrcAttr, count), CountBeyond::kClamped)
+        .About("Handle of the port of a source"),
 };
 
 constexpr Field kVencIntraRefreshFields[] = {
-    FIELD(VencIntraRefreshCfg, enable, "refreshEnable", 0),
-    FIELD(VencIntraRefreshCfg, mode, "intraRefreshMode", 0),
-    FIELD(VencIntraRefreshCfg, refreshNum, "refreshNum", 0),
-    FIELD(VencIntraRefreshCfg, reqIQp, "reqIQp", 0),
+    FIELD(VencIntraRefreshCfg, enable, "refreshEnable", 0).About("Intra refresh is on"),
+    FIELD(VencIntraRefreshCfg, mode, "intraRefreshMode", 0)
+        .About("What is coded afresh")
+        .Numbers("0 rows, 1 columns"),
+    FIELD(VencIntraRefreshCfg, refreshNum, "refreshNum", 0)
+        .About("Number of rows or columns that are coded afresh in each frame"),
+    FIELD(VencIntraRefreshCfg, reqIQp, "reqIQp", 0)
+        .About("Quantisation parameter of a requested I frame"),
 };
 
 constexpr TableOf<VencBindSrcAttr> kVencBindSrcTable{kVencNode, kVencBindSrcFields};
@@ -31,20 +39,25 @@ constexpr TableOf<VencIntraRefreshCfg> kVencIntraRefreshTable{kIntraRefreshNode,
                                                               kVencIntraRefreshFields};
 
 constexpr Field kVencCommAttrFields[] = {
-    QUERY(VencCommAttr, enable, "enable", 0),
-    FIELD(VencCommAttr, handle, "venchdl", 0),
+    QUERY(VencCommAttr, enable, "enable", 0).About("The encoder is in use"),
+    FIELD(VencCommAttr, handle, "venchdl", 0).About("Handle of the encoder"),
     RECORD(VencCommAttr, bindSrc, kVencBindSrcTable),
-    FIELD(VencCommAttr, payload, "payload", 0),
-    FIELD(VencCommAttr, isByFrame, "isByFrame", 0),  // stored before the binding
-    FIELD(VencCommAttr, rcMode, "rcmode", 0),
-    FIELD(VencCommAttr, type, "type", 0),
+    FIELD(VencCommAttr, payload, "payload", 0)
+        .About("What the encoder puts out")
+        .Numbers("0 H.264, 1 H.265, 2 MJPEG, 3 JPEG, 4 AAC"),
+    FIELD(VencCommAttr, isByFrame, "isByFrame", 0)
+        .About("The stream is handed out by frame, not by packet"),  // stored before the binding
+    FIELD(VencCommAttr, rcMode, "rcmode", 0).About("Rate control").Numbers("0 CBR, 1 VBR"),
+    FIELD(VencCommAttr, type, "type", 0)
+        .About("What the encoder is for")
+        .Numbers("0 main video, 1 sub video, 2 single snap, 3 sub snap"),
     RECORD(VencCommAttr, intraRefresh, kVencIntraRefreshTable),
 };
 
 constexpr TableOf<VencCommAttr> kVencCommAttrTable{kVencNode, kVencCommAttrFields};
 
 constexpr Field kCamVencCommFields[] = {
-    COMPUTED(CamVencCommCfg, count),
+    COMPUTED(CamVencCommCfg, count).About("Number of leading encoders that have an enable key"),
     RECORD(CamVencCommCfg, vencs, kVencCommAttrTable)
         .WhileExists("enable", offsetof(CamVencCommCfg, count)),
 };

@@ -20,7 +20,7 @@ inline constexpr std::uint32_t kVencBindCount = 4;
 
 /// What an encoder is bound to. Bindings at and beyond the count stay as they are. 40 bytes.
 struct VencBindSrcAttr {
-    std::int32_t module;  ///< number of the module that it is bound to
+    std::int32_t module;
     std::uint32_t count;  ///< of bindings, as configured; 4 at most are read
     std::int32_t moduleHandles[kVencBindCount];
     std::int32_t chnHandles[kVencBindCount];
@@ -31,9 +31,9 @@ static_assert(offsetof(VencBindSrcAttr, chnHandles) == 24);
 /// Intra refresh of an encoder. 16 bytes.
 struct VencIntraRefreshCfg {
     Bool32 enable;
-    std::int32_t mode;         ///< 0 row, 1 column
-    std::uint32_t refreshNum;  ///< refreshed at a time
-    std::uint32_t reqIQp;      ///< quantiser of a requested I frame
+    std::int32_t mode;
+    std::uint32_t refreshNum;
+    std::uint32_t reqIQp;
 };
 static_assert(sizeof(VencIntraRefreshCfg) == 16);
 
@@ -41,11 +41,11 @@ static_assert(sizeof(VencIntraRefreshCfg) == 16);
 struct VencCommAttr {
     Bool32 enable;
     std::int32_t handle;
-    Bool32 isByFrame;  ///< the stream is fetched by frame
+    Bool32 isByFrame;
     VencBindSrcAttr bindSrc;
-    std::int32_t payload;  ///< 0 H.264, 1 H.265, 2 MJPEG, 3 JPEG, 4 AAC
-    std::int32_t rcMode;   ///< 0 constant bit rate, 1 variable
-    std::int32_t type;     ///< 0 main video, 1 sub video, 2 single snap, 3 sub snap
+    std::int32_t payload;
+    std::int32_t rcMode;
+    std::int32_t type;
     VencIntraRefreshCfg intraRefresh;
 };
 static_assert(sizeof(VencCommAttr) == 80);
@@ -55,7 +55,7 @@ static_assert(offsetof(VencCommAttr, intraRefresh) == 64);
 
 /// The encoders. 404 bytes.
 struct CamVencCommCfg {
-    std::uint32_t count;  ///< of leading encoders that have an "enable" key, 0 to 5
+    std::uint32_t count;
     VencCommAttr vencs[kVencCount];
 };
 static_assert(sizeof(CamVencCommCfg) == 404);

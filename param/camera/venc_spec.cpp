@@ -9,15 +9,23 @@
 namespace paramgen {
 
 constexpr Field kVencSpecAttrFields[] = {
-    QUERY(VencSpecAttr, resWidth, "res_width", 0),
-    FIELD(VencSpecAttr, resHeight, "res_height", 0),
-    FIELD(VencSpecAttr, bufSize, "bufsize", 0),
-    FIELD(VencSpecAttr, gop, "gop", 0),
-    FIELD(VencSpecAttr, srcFrameRate, "src_framerate", 0),
-    FIELD(VencSpecAttr, dstFrameRate, "dst_framerate", 0),
-    FIELD(VencSpecAttr, h265BitRate, "h265bitrate", 0),  // read before h264's, stored after it
-    FIELD(VencSpecAttr, h264BitRate, "h264bitrate", 0),
-    FIELD(VencSpecAttr, statTime, "stat_time", 0),
+    QUERY(VencSpecAttr, resWidth, "res_width", 0).About("Width of the picture").Unit("px"),
+    FIELD(VencSpecAttr, resHeight, "res_height", 0).About("Height of the picture").Unit("px"),
+    FIELD(VencSpecAttr, bufSize, "bufsize", 0).About("Size of the stream buffer").Unit("bytes"),
+    FIELD(VencSpecAttr, gop, "gop", 0).About("Frames from one I frame to the next").Unit("frames"),
+    FIELD(VencSpecAttr, srcFrameRate, "src_framerate", 0)
+        .About("Frame rate that comes in")
+        .Unit("fps"),
+    FIELD(VencSpecAttr, dstFrameRate, "dst_framerate", 0)
+        .About("Frame rate that goes out")
+        .Unit("fps"),
+    FIELD(VencSpecAttr, h265BitRate, "h265bitrate", 0)
+        .About("Bit rate as H.265")
+        .Unit("kbit/s"),  // read before h264's, stored after it
+    FIELD(VencSpecAttr, h264BitRate, "h264bitrate", 0).About("Bit rate as H.264").Unit("kbit/s"),
+    FIELD(VencSpecAttr, statTime, "stat_time", 0)
+        .About("Time over which the bit rate is held")
+        .Unit("s"),
 };
 
 constexpr TableOf<VencSpecAttr> kVencSpecAttrTable{kVencNode, kVencSpecAttrFields};
@@ -25,8 +33,8 @@ constexpr TableOf<VencSpecAttr> kVencSpecAttrTable{kVencNode, kVencSpecAttrField
 constexpr Field kVencSpecFields[] = {
     RECORD(VencSpecCfg, vencs, kVencSpecAttrTable)
         .WhileExists("res_width", offsetof(VencSpecCfg, count)),
-    COMPUTED(VencSpecCfg, count),
-    RESERVED(VencSpecCfg, reserved),
+    COMPUTED(VencSpecCfg, count).About("Number of leading encoders that have a res_width key"),
+    RESERVED(VencSpecCfg, reserved).About("Reserved"),
 };
 
 constexpr TableOf<VencSpecCfg> kVencSpecTable{nullptr, kVencSpecFields};

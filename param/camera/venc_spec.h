@@ -18,20 +18,20 @@ inline constexpr std::uint32_t kVencSpecCount = 5;
 struct VencSpecAttr {
     std::uint32_t resWidth;  ///< an encoder without this key, and those after it, do not count
     std::uint32_t resHeight;
-    std::uint32_t bufSize;  ///< of the stream buffer, in bytes
-    std::uint32_t gop;      ///< in frames
+    std::uint32_t bufSize;
+    std::uint32_t gop;
     std::int32_t srcFrameRate;
     std::int32_t dstFrameRate;
-    std::uint32_t h264BitRate;  ///< in kbit/s
-    std::uint32_t h265BitRate;  ///< in kbit/s
-    std::uint32_t statTime;     ///< time over which the bit rate is held, in seconds
+    std::uint32_t h264BitRate;
+    std::uint32_t h265BitRate;
+    std::uint32_t statTime;
 };
 static_assert(sizeof(VencSpecAttr) == 36);
 static_assert(offsetof(VencSpecAttr, h264BitRate) == 24);
 
 /// All encoders. 188 bytes.
 struct VencSpecCfg {
-    std::uint32_t count;  ///< leading encoders that have a width, 0 to 5
+    std::uint32_t count;
     VencSpecAttr vencs[kVencSpecCount];
     std::byte reserved[4];
 };

@@ -7,25 +7,39 @@
 namespace paramgen {
 
 constexpr Field kVprocNrFields[] = {
-    FIELD(VprocNrAttr, type, "type", 0).Label("nrType"),
-    FIELD(VprocNrAttr, compressMode, "nrcompressmode", 0),
-    FIELD(VprocNrAttr, motionMode, "nrmotionmode", 0),
+    FIELD(VprocNrAttr, type, "type", 0).Label("nrType").About("Type of the noise reduction"),
+    FIELD(VprocNrAttr, compressMode, "nrcompressmode", 0)
+        .About("Compression mode of the noise reduction"),
+    FIELD(VprocNrAttr, motionMode, "nrmotionmode", 0).About("Motion mode of the noise reduction"),
 };
 
 constexpr Field kVportLowDelayFields[] = {
-    FIELD(VportLowDelayInfo, enable, "lowdelayenable", 0),
-    FIELD(VportLowDelayInfo, lineCount, "lowdelayline", 0),
+    FIELD(VportLowDelayInfo, enable, "lowdelayenable", 0)
+        .About("Lines are handed on before the frame is complete"),
+    FIELD(VportLowDelayInfo, lineCount, "lowdelayline", 0)
+        .About("Lines after which they are handed on")
+        .Unit("lines"),
 };
 
 constexpr Field kExtVportCommFields[] = {
-    FIELD(ExtVportCommCfg, enable, "enable", 0),
-    FIELD(ExtVportCommCfg, handle, "vporthdl", 0),
-    FIELD(ExtVportCommCfg, bindHandle, "bindvporthdl", 0),
-    FIELD(ExtVportCommCfg, videoFormat, "video_format", 0),
-    FIELD(ExtVportCommCfg, pixelFormat, "pixelformat", 0),
-    FIELD(ExtVportCommCfg, cropEnable, "cropenable", 0),  // stored before the formats
-    FIELD(ExtVportCommCfg, lowDelayEnable, "lowdelayenable", 0),
-    FIELD(ExtVportCommCfg, lowDelayLine, "lowdelayline", 0),
+    FIELD(ExtVportCommCfg, enable, "enable", 0).About("The extended port is in use"),
+    FIELD(ExtVportCommCfg, handle, "vporthdl", 0).About("Handle of the extended port"),
+    FIELD(ExtVportCommCfg, bindHandle, "bindvporthdl", 0)
+        .About("Handle of the port whose picture it takes"),
+    FIELD(ExtVportCommCfg, videoFormat, "video_format", 0)
+        .About("Video format")
+        .Numbers("0 linear, 1 tile, 2 tile64"),
+    FIELD(ExtVportCommCfg, pixelFormat, "pixelformat", 0)
+        .About("Pixel format")
+        .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
+    FIELD(ExtVportCommCfg, cropEnable, "cropenable", 0)
+        .About("A part of the picture is cut out")
+        .Numbers("0 whole picture, 1 cut out"),  // stored before the formats
+    FIELD(ExtVportCommCfg, lowDelayEnable, "lowdelayenable", 0)
+        .About("Lines are handed on before the frame is complete"),
+    FIELD(ExtVportCommCfg, lowDelayLine, "lowdelayline", 0)
+        .About("Lines after which they are handed on")
+        .Unit("lines"),
 };
 
 constexpr TableOf<VprocNrAttr> kVprocNrTable{kVpssNode, kVprocNrFields};
@@ -33,34 +47,52 @@ constexpr TableOf<VportLowDelayInfo> kVportLowDelayTable{kVportNode, kVportLowDe
 constexpr TableOf<ExtVportCommCfg> kExtVportCommTable{kExtVportNode, kExtVportCommFields};
 
 constexpr Field kVportCommFields[] = {
-    FIELD(VportCommCfg, enable, "enable", 0),
-    FIELD(VportCommCfg, handle, "vporthdl", 0),
-    FIELD(VportCommCfg, rotate, "rotate", 0),
-    FIELD(VportCommCfg, mirror, "mirror", 0),  // read before flip, stored after it
-    FIELD(VportCommCfg, flip, "flip", 0),
-    FIELD(VportCommCfg, cropEnable, "cropenable", 0),
-    FIELD(VportCommCfg, videoFormat, "video_format", 0),  // stored after the two that follow
-    FIELD(VportCommCfg, bufferShare, "buffershare", 0),
-    FIELD(VportCommCfg, ctrlByDisp, "ctrlbydisp", 0),
-    FIELD(VportCommCfg, pixelFormat, "pixelformat", 0),
+    FIELD(VportCommCfg, enable, "enable", 0).About("The port is in use"),
+    FIELD(VportCommCfg, handle, "vporthdl", 0).About("Handle of the port"),
+    FIELD(VportCommCfg, rotate, "rotate", 0)
+        .About("Rotation of the picture")
+        .Numbers("0 none, 1 90 degrees, 2 180 degrees, 3 270 degrees"),
+    FIELD(VportCommCfg, mirror, "mirror", 0)
+        .About("The picture is mirrored left to right"),  // read before flip, stored after it
+    FIELD(VportCommCfg, flip, "flip", 0).About("The picture is flipped upside down"),
+    FIELD(VportCommCfg, cropEnable, "cropenable", 0)
+        .About("A part of the picture is cut out")
+        .Numbers("0 whole picture, 1 cut out"),
+    FIELD(VportCommCfg, videoFormat, "video_format", 0)
+        .About("Video format")
+        .Numbers("0 linear, 1 tile, 2 tile64"),  // stored after the two that follow
+    FIELD(VportCommCfg, bufferShare, "buffershare", 0)
+        .About("Output buffers are shared with the next module"),
+    FIELD(VportCommCfg, ctrlByDisp, "ctrlbydisp", 0).About("The display starts and stops the port"),
+    FIELD(VportCommCfg, pixelFormat, "pixelformat", 0)
+        .About("Pixel format")
+        .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
     RECORD(VportCommCfg, lowDelay, kVportLowDelayTable),
 };
 
 constexpr TableOf<VportCommCfg> kVportCommTable{kVportNode, kVportCommFields};
 
 constexpr Field kVprocCommFields[] = {
-    FIELD(VprocCommCfg, enable, "enable", 0),
-    FIELD(VprocCommCfg, handle, "vpsshdl", 0),
-    FIELD(VprocCommCfg, vcapPipeHandle, "vcappipehdl", 0),
-    FIELD(VprocCommCfg, vcapPipeChnHandle, "pipechnhdl", 0),
-    FIELD(VprocCommCfg, pixelFormat, "pixelformat", 0),
-    FIELD(VprocCommCfg, isLdcV1, "isLdcV1", 0),  // the lens keys are stored behind noise reduction
-    FIELD(VprocCommCfg, ldcEnable, "ldcEnable", 0),
-    FIELD(VprocCommCfg, nrEnable, "nrenable", 0),
+    FIELD(VprocCommCfg, enable, "enable", 0).About("The processing group is in use"),
+    FIELD(VprocCommCfg, handle, "vpsshdl", 0).About("Handle of the group"),
+    FIELD(VprocCommCfg, vcapPipeHandle, "vcappipehdl", 0)
+        .About("Handle of the capture pipe that feeds the group"),
+    FIELD(VprocCommCfg, vcapPipeChnHandle, "pipechnhdl", 0)
+        .About("Handle of the channel of that pipe"),
+    FIELD(VprocCommCfg, pixelFormat, "pixelformat", 0)
+        .About("Pixel format")
+        .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
+    FIELD(VprocCommCfg, isLdcV1, "isLdcV1", 0)
+        .About("Lens correction is by the first model, not by the third")
+        .About(
+            "Lens correction is by the first model, not by the third"),  // the lens keys are stored
+                                                                         // behind noise reduction
+    FIELD(VprocCommCfg, ldcEnable, "ldcEnable", 0).About("Lens correction is done in the group"),
+    FIELD(VprocCommCfg, nrEnable, "nrenable", 0).About("Noise reduction is on"),
     RECORD(VprocCommCfg, nr, kVprocNrTable),
     RECORD(VprocCommCfg, vports, kVportCommTable),
     RECORD(VprocCommCfg, extVports, kExtVportCommTable),
-    RESERVED(VprocCommCfg, reserved),
+    RESERVED(VprocCommCfg, reserved).About("Reserved"),
 };
 
 constexpr TableOf<VprocCommCfg> kVprocCommTable{kVpssNode, kVprocCommFields};

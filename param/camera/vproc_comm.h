@@ -20,16 +20,16 @@ inline constexpr std::int32_t kExtVportCount = 2;
 
 /// Noise reduction of a processing group. 12 bytes.
 struct VprocNrAttr {
-    std::int32_t type;          ///< number
-    std::int32_t compressMode;  ///< number
-    std::int32_t motionMode;    ///< number
+    std::int32_t type;
+    std::int32_t compressMode;
+    std::int32_t motionMode;
 };
 static_assert(sizeof(VprocNrAttr) == 12);
 
 /// Low-delay output of a port. 8 bytes.
 struct VportLowDelayInfo {
     Bool32 enable;
-    std::uint32_t lineCount;  ///< lines
+    std::uint32_t lineCount;
 };
 static_assert(sizeof(VportLowDelayInfo) == 8);
 
@@ -37,14 +37,14 @@ static_assert(sizeof(VportLowDelayInfo) == 8);
 struct VportCommCfg {
     Bool32 enable;
     std::int32_t handle;
-    std::int32_t rotate;      ///< number of the rotation
-    Bool32 flip;              ///< upside down
-    Bool32 mirror;            ///< left to right
+    std::int32_t rotate;
+    Bool32 flip;
+    Bool32 mirror;
     std::int32_t cropEnable;  ///< read as a number
     Bool32 bufferShare;
-    Bool32 ctrlByDisp;         ///< the display controls the port
-    std::int32_t videoFormat;  ///< 0 linear, 1 tile, 2 tile64
-    std::int32_t pixelFormat;  ///< 0 YUV 4:2:0, 1 YUV 4:2:2
+    Bool32 ctrlByDisp;
+    std::int32_t videoFormat;
+    std::int32_t pixelFormat;
     VportLowDelayInfo lowDelay;
 };
 static_assert(sizeof(VportCommCfg) == 48);
@@ -58,12 +58,12 @@ static_assert(offsetof(VportCommCfg, lowDelay) == 40);
 struct ExtVportCommCfg {
     Bool32 enable;
     std::int32_t handle;
-    std::int32_t bindHandle;   ///< the port that it takes from
-    std::int32_t cropEnable;   ///< read as a number
-    std::int32_t videoFormat;  ///< 0 linear, 1 tile, 2 tile64
-    std::int32_t pixelFormat;  ///< 0 YUV 4:2:0, 1 YUV 4:2:2
+    std::int32_t bindHandle;
+    std::int32_t cropEnable;  ///< read as a number
+    std::int32_t videoFormat;
+    std::int32_t pixelFormat;
     Bool32 lowDelayEnable;
-    std::uint32_t lowDelayLine;  ///< lines
+    std::uint32_t lowDelayLine;
 };
 static_assert(sizeof(ExtVportCommCfg) == 32);
 static_assert(offsetof(ExtVportCommCfg, cropEnable) == 12);
@@ -73,14 +73,14 @@ static_assert(offsetof(ExtVportCommCfg, lowDelayEnable) == 24);
 struct VprocCommCfg {
     Bool32 enable;
     std::int32_t handle;
-    std::int32_t vcapPipeHandle;     ///< the capture pipe that feeds the group
-    std::int32_t vcapPipeChnHandle;  ///< the channel of that pipe
-    std::int32_t pixelFormat;        ///< 0 YUV 4:2:0, 1 YUV 4:2:2
-    Bool32 nrEnable;                 ///< noise is reduced
+    std::int32_t vcapPipeHandle;
+    std::int32_t vcapPipeChnHandle;
+    std::int32_t pixelFormat;
+    Bool32 nrEnable;
     std::byte reserved[4];
     VprocNrAttr nr;
-    Bool32 isLdcV1;    ///< lens distortion is corrected by the first model
-    Bool32 ldcEnable;  ///< lens distortion is corrected
+    Bool32 isLdcV1;
+    Bool32 ldcEnable;
     VportCommCfg vports[kVportCount];
     ExtVportCommCfg extVports[kExtVportCount];
 };

@@ -7,30 +7,58 @@
 namespace paramgen {
 
 constexpr Field kVportSpecFields[] = {
-    FIELD(VportSpecCfg, resWidth, "res_width", 0),
-    FIELD(VportSpecCfg, resHeight, "res_height", 0),
-    RESERVED(VportSpecCfg, reserved),
-    FIELD(VportSpecCfg, srcFrameRate, "src_framerate", 0),
-    FIELD(VportSpecCfg, dstFrameRate, "dst_framerate", 0),
-    FIELD(VportSpecCfg, wrapBufLine, "wrapbufline", 0),
-    FIELD(VportSpecCfg, cropStartX, "crop_start_x", 0),
-    FIELD(VportSpecCfg, cropStartY, "crop_start_y", 0),
-    FIELD(VportSpecCfg, cropWidth, "crop_width", 0),
-    FIELD(VportSpecCfg, cropHeight, "crop_height", 0),
-    CONSTANT(VportSpecCfg, zero, 0),
+    FIELD(VportSpecCfg, resWidth, "res_width", 0).About("Width of the picture").Unit("px"),
+    FIELD(VportSpecCfg, resHeight, "res_height", 0).About("Height of the picture").Unit("px"),
+    RESERVED(VportSpecCfg, reserved).About("Reserved"),
+    FIELD(VportSpecCfg, srcFrameRate, "src_framerate", 0)
+        .About("Frame rate that comes in; -1 as it comes")
+        .Unit("fps"),
+    FIELD(VportSpecCfg, dstFrameRate, "dst_framerate", 0)
+        .About("Frame rate that goes out; -1 as it comes")
+        .Unit("fps"),
+    FIELD(VportSpecCfg, wrapBufLine, "wrapbufline", 0)
+        .About("Lines of the wrap-around buffer; 0 for whole frames")
+        .Unit("lines"),
+    FIELD(VportSpecCfg, cropStartX, "crop_start_x", 0)
+        .About("Left edge of the part that is cut out; below 0: counted from the centre")
+        .Unit("px"),
+    FIELD(VportSpecCfg, cropStartY, "crop_start_y", 0)
+        .About("Upper edge of the part that is cut out; below 0: counted from the centre")
+        .Unit("px"),
+    FIELD(VportSpecCfg, cropWidth, "crop_width", 0)
+        .About("Width of the part that is cut out")
+        .Unit("px"),
+    FIELD(VportSpecCfg, cropHeight, "crop_height", 0)
+        .About("Height of the part that is cut out")
+        .Unit("px"),
+    CONSTANT(VportSpecCfg, zero, 0).About("Always 0"),
 };
 
 constexpr TableOf<VportSpecCfg> kVportSpecTable{nullptr, kVportSpecFields};
 
 constexpr Field kVpssSpecFields[] = {
-    FIELD(VpssSpecAttr, maxWidth, "max_width", 0),
-    FIELD(VpssSpecAttr, maxHeight, "max_height", 0),
-    FIELD(VpssSpecAttr, srcFrameRate, "src_framerate", 0),
-    FIELD(VpssSpecAttr, dstFrameRate, "dst_framerate", 0),
-    FIELD(VpssSpecAttr, cropStartX, "crop_start_x", 0),
-    FIELD(VpssSpecAttr, cropStartY, "crop_start_y", 0),
-    FIELD(VpssSpecAttr, cropWidth, "crop_width", 0),
-    FIELD(VpssSpecAttr, cropHeight, "crop_height", 0),
+    FIELD(VpssSpecAttr, maxWidth, "max_width", 0).About("Width of the largest picture").Unit("px"),
+    FIELD(VpssSpecAttr, maxHeight, "max_height", 0)
+        .About("Height of the largest picture")
+        .Unit("px"),
+    FIELD(VpssSpecAttr, srcFrameRate, "src_framerate", 0)
+        .About("Frame rate that comes in; -1 as it comes")
+        .Unit("fps"),
+    FIELD(VpssSpecAttr, dstFrameRate, "dst_framerate", 0)
+        .About("Frame rate that goes out; -1 as it comes")
+        .Unit("fps"),
+    FIELD(VpssSpecAttr, cropStartX, "crop_start_x", 0)
+        .About("Left edge of the part of the picture that is used")
+        .Unit("px"),
+    FIELD(VpssSpecAttr, cropStartY, "crop_start_y", 0)
+        .About("Upper edge of the part of the picture that is used")
+        .Unit("px"),
+    FIELD(VpssSpecAttr, cropWidth, "crop_width", 0)
+        .About("Width of the part of the picture that is used")
+        .Unit("px"),
+    FIELD(VpssSpecAttr, cropHeight, "crop_height", 0)
+        .About("Height of the part of the picture that is used")
+        .Unit("px"),
     RECORD(VpssSpecAttr, ldc, kVcapLDCTable).FromMatching(kLdcSearch),
     RECORD(VpssSpecAttr, vports, kVportSpecTable).Under(kVportNode),
     RECORD(VpssSpecAttr, extVports, kVportSpecTable).Under(kExtVportNode),

@@ -24,12 +24,12 @@ struct VportSpecCfg {
     std::byte reserved[8];
     std::int32_t srcFrameRate;
     std::int32_t dstFrameRate;
-    std::uint32_t wrapBufLine;  ///< lines of the wrap-around buffer; 0: whole frames
-    std::int32_t cropStartX;    ///< negative: counted from the picture's centre
-    std::int32_t cropStartY;    ///< negative: counted from the picture's centre
+    std::uint32_t wrapBufLine;
+    std::int32_t cropStartX;
+    std::int32_t cropStartY;
     std::uint32_t cropWidth;
     std::uint32_t cropHeight;
-    std::uint32_t zero;  ///< always 0
+    std::uint32_t zero;
 };
 static_assert(sizeof(VportSpecCfg) == 48);
 static_assert(offsetof(VportSpecCfg, srcFrameRate) == 16);

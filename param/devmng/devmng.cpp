@@ -6,32 +6,39 @@
 namespace paramgen {
 
 constexpr Field kDevInfoFields[] = {
-    FIELD(DevInfo, softwareVersion, "software_version").At("devinfo"),
-    FIELD(DevInfo, model, "model").At("devinfo"),
+    FIELD(DevInfo, softwareVersion, "software_version")
+        .At("devinfo")
+        .About("Version of the software"),
+    FIELD(DevInfo, model, "model").At("devinfo").About("Model of the device"),
 };
 
 constexpr Field kStorageFields[] = {
-    FIELD(StorageCfg, mountPath, kMountPathKey).At(kStorageNode),
-    FIELD(StorageCfg, devicePath, "dev_path").At(kStorageNode),
-    CONSTANT(StorageCfg, mediumType, 0),
-    CONSTANT(StorageCfg, devicePortNo, 0),
+    FIELD(StorageCfg, mountPath, kMountPathKey).At(kStorageNode).About("Mount path of the storage"),
+    FIELD(StorageCfg, devicePath, "dev_path").At(kStorageNode).About("Device path of the storage"),
+    CONSTANT(StorageCfg, mediumType, 0).About("Type of the medium; always 0"),
+    CONSTANT(StorageCfg, devicePortNo, 0).About("Number of the device port; always 0"),
 };
 
 constexpr Field kGsensorFields[] = {
     FIELD(GsensorCfg, sensitivity, "sensitivity", 0)
         .At("gsensor")
-        .About("Sensitivity of the g-sensor while driving"),
+        .About("Sensitivity of the g-sensor while driving")
+        .Numbers("0 off, 1 low, 2 middle, 3 high"),
     FIELD(GsensorCfg, parkingSensitivity, "sensitivity", 0)
         .At("parking")
-        .About("Sensitivity of the g-sensor while parked"),
-    CONSTANT(GsensorCfg, reserved, 0),
+        .About("Sensitivity of the g-sensor while parked")
+        .Numbers("0 off, 1 low, 2 middle, 3 high"),
+    CONSTANT(GsensorCfg, reserved, 0).About("Always 0"),
 };
 
 constexpr Field kSysFields[] = {
-    FIELD(SysCfg, keyTone, "enable", 0).At("keytone"),
-    FIELD(SysCfg, bootSound, "enable", 0).At("bootsound"),
-    FIELD(SysCfg, language, "system_language", 0).At("language"),
-    FIELD(SysCfg, buzzer, "enable", 0).At("buzzer"),
+    FIELD(SysCfg, keyTone, "enable", 0).At("keytone").About("Keys make a tone"),
+    FIELD(SysCfg, bootSound, "enable", 0).At("bootsound").About("A sound is played at power-on"),
+    FIELD(SysCfg, language, "system_language", 0)
+        .At("language")
+        .About("Language of the menus")
+        .Numbers("0 Chinese, 1 English, 2 German, 3 French, 4 Spanish"),
+    FIELD(SysCfg, buzzer, "enable", 0).At("buzzer").About("The buzzer is on"),
 };
 
 constexpr TableOf<DevInfo> kDevInfoTable{nullptr, kDevInfoFields};

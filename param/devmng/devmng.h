@@ -25,16 +25,16 @@ static_assert(sizeof(DevInfo) == 128);
 struct StorageCfg {
     char mountPath[128];
     char devicePath[128];
-    std::int32_t mediumType;     ///< always 0
-    std::uint32_t devicePortNo;  ///< always 0
+    std::int32_t mediumType;
+    std::uint32_t devicePortNo;
 };
 static_assert(sizeof(StorageCfg) == 264);
 
 /// How strong a shock must be to count. 12 bytes.
 struct GsensorCfg {
-    std::int32_t sensitivity;         ///< while driving
-    std::int32_t parkingSensitivity;  ///< while parked
-    std::int32_t reserved;            ///< always 0
+    std::int32_t sensitivity;
+    std::int32_t parkingSensitivity;
+    std::int32_t reserved;
 };
 static_assert(sizeof(GsensorCfg) == 12);
 
@@ -42,7 +42,7 @@ static_assert(sizeof(GsensorCfg) == 12);
 struct SysCfg {
     Bool32 keyTone;
     Bool32 bootSound;
-    std::int32_t language;  ///< number of the system language
+    std::int32_t language;
     Bool32 buzzer;
 };
 static_assert(sizeof(SysCfg) == 16);

@@ -14,21 +14,52 @@ constexpr char kRepairNode[] = "common.repair";
 constexpr char kDtcfNode[] = "dtcf";
 
 constexpr Field kFileMngCommFields[] = {
-    FIELD(FileMngCommCfg, mountPath, kMountPathKey).At(kStorageNode).From(kDevMngModule),
-    FIELD(FileMngCommCfg, repair, "enable", 0).At(kRepairNode),
-    FIELD(FileMngCommCfg, parseExtraMdat, "parse_extra_mdat", 0).At(kRepairNode),
-    FIELD(FileMngCommCfg, repairRootDir, "repair_rootdir").At(kRepairNode),
-    FIELD(FileMngCommCfg, repairTopDirName, "repair_topdirname").At(kRepairNode),
+    FIELD(FileMngCommCfg, mountPath, kMountPathKey)
+        .At(kStorageNode)
+        .From(kDevMngModule)
+        .About("Mount path of the storage, once more"),
+    FIELD(FileMngCommCfg, repair, "enable", 0)
+        .At(kRepairNode)
+        .About("Broken files are repaired at power-on"),
+    FIELD(FileMngCommCfg, parseExtraMdat, "parse_extra_mdat", 0)
+        .At(kRepairNode)
+        .About("Media data behind the last index is scanned, too"),
+    FIELD(FileMngCommCfg, repairRootDir, "repair_rootdir")
+        .At(kRepairNode)
+        .About("Directory of the repair information, below the mount path"),
+    FIELD(FileMngCommCfg, repairTopDirName, "repair_topdirname")
+        .At(kRepairNode)
+        .About("Top directory of the repair information"),
 };
 
 constexpr Field kDtcfFields[] = {
-    FIELD(DtcfCfg, preAllocCount, "pre_alloc_cnt", 0).At(kDtcfNode),
-    FIELD(DtcfCfg, preAllocUnit, "pre_alloc_unit", 0).At(kDtcfNode),
-    FIELD(DtcfCfg, sharePercent, "share_percent", 0).At(kDtcfNode),
-    FIELD(DtcfCfg, warningStage, "warning_stage", 0).At(kDtcfNode),
-    FIELD(DtcfCfg, guaranteedStage, "guaranteed_stage", 0).At(kDtcfNode),
-    FIELD(DtcfCfg, rootDir, "rootdir").At(kDtcfNode),
-    LOADED(DtcfCfg, dirNames, "dir_name%u").At("dtcf.dir.name").EmptyByQuotes(),
+    FIELD(DtcfCfg, preAllocCount, "pre_alloc_cnt", 0)
+        .At(kDtcfNode)
+        .About("Files that are created in advance; the same number for both classes")
+        .Unit("files"),
+    FIELD(DtcfCfg, preAllocUnit, "pre_alloc_unit", 0)
+        .At(kDtcfNode)
+        .About("Size of each such file; the same for both classes")
+        .Unit("MB"),
+    FIELD(DtcfCfg, sharePercent, "share_percent", 0)
+        .At(kDtcfNode)
+        .About("Part of the storage that loop recordings may fill")
+        .Unit("%"),
+    FIELD(DtcfCfg, warningStage, "warning_stage", 0)
+        .At(kDtcfNode)
+        .About("Free space below which the user is warned")
+        .Unit("MB"),
+    FIELD(DtcfCfg, guaranteedStage, "guaranteed_stage", 0)
+        .At(kDtcfNode)
+        .About("Free space below which the oldest loop recordings are deleted")
+        .Unit("MB"),
+    FIELD(DtcfCfg, rootDir, "rootdir")
+        .At(kDtcfNode)
+        .About("Root of the directory tree, below the mount path"),
+    LOADED(DtcfCfg, dirNames, "dir_name%u")
+        .At("dtcf.dir.name")
+        .EmptyByQuotes()
+        .About("Name of a directory below the root; \"\" for none"),
 };
 
 constexpr TableOf<FileMngCommCfg> kFileMngCommTable{nullptr, kFileMngCommFields};

@@ -18,7 +18,7 @@ inline constexpr std::size_t kDirNameCount = 14;
 
 /// Mount path and file repair. 392 bytes.
 struct FileMngCommCfg {
-    char mountPath[128];  ///< the mount path of device management, read again
+    char mountPath[128];
     Bool32 repair;
     Bool32 parseExtraMdat;
     char repairRootDir[128];
@@ -28,8 +28,8 @@ static_assert(sizeof(FileMngCommCfg) == 392);
 
 /// Storage organisation: pre-allocated files, shared space and directories. 1052 bytes.
 struct DtcfCfg {
-    std::uint32_t preAllocCount[kPreAllocCount];  ///< both entries from the same key
-    std::uint32_t preAllocUnit[kPreAllocCount];   ///< both entries from the same key
+    std::uint32_t preAllocCount[kPreAllocCount];
+    std::uint32_t preAllocUnit[kPreAllocCount];
     std::int32_t sharePercent;
     std::uint32_t warningStage;
     std::uint32_t guaranteedStage;

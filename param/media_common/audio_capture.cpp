@@ -9,30 +9,41 @@ constexpr char kAcapAacNode[] = "acapture.%d.aac";
 constexpr char kAcapChnNode[] = "acapture.%d.chnl.%d";
 
 constexpr Field kAcapAttrFields[] = {
-    FIELD(AcapAttr, sampleRate, "sample_rate", 0),
-    FIELD(AcapAttr, bitWidth, "bit_width", 0),
-    FIELD(AcapAttr, soundMode, "sound_mode", 0),
-    FIELD(AcapAttr, trackMode, "track_mode", 0).Label("trackMode"),
-    FIELD(AcapAttr, workMode, "work_mode", 0),
-    FIELD(AcapAttr, mixerMicMode, "mixer_mic_mode", 0),
-    FIELD(AcapAttr, resampleRate, "resample_rate", 0),
-    FIELD(AcapAttr, pointsPerFrame, "ptnum_per_frm", 0).Under(kAcapAacNode),
-    CONSTANT(AcapAttr, fixed0, 0),
+    FIELD(AcapAttr, sampleRate, "sample_rate", 0).About("Sample rate").Unit("Hz"),
+    FIELD(AcapAttr, bitWidth, "bit_width", 0)
+        .About("Bits of a sample")
+        .Numbers("0 8 bits, 1 16 bits, 2 24 bits"),
+    FIELD(AcapAttr, soundMode, "sound_mode", 0)
+        .About("Sound mode")
+        .Numbers("0 left, 1 right, 2 stereo"),
+    FIELD(AcapAttr, trackMode, "track_mode", 0).Label("trackMode").About("Track mode"),
+    FIELD(AcapAttr, workMode, "work_mode", 0).About("Work mode of the audio interface"),
+    FIELD(AcapAttr, mixerMicMode, "mixer_mic_mode", 0)
+        .About("Microphone input of the codec")
+        .Numbers("0 IN0, 1 IN1, 2 IN_D"),
+    FIELD(AcapAttr, resampleRate, "resample_rate", 0)
+        .About("Sample rate that is handed on to the encoder")
+        .Unit("Hz"),
+    FIELD(AcapAttr, pointsPerFrame, "ptnum_per_frm", 0)
+        .Under(kAcapAacNode)
+        .About("Samples of a frame")
+        .Unit("samples"),
+    CONSTANT(AcapAttr, fixed0, 0).About("Always 0"),
 };
 
 constexpr Field kAcapChnFields[] = {
-    FIELD(AcapChnAttr, handle, "handle", 0),
-    FIELD(AcapChnAttr, enable, "enable", 0),
-    FIELD(AcapChnAttr, enableVqe, "enable_vqe", 0),
+    FIELD(AcapChnAttr, handle, "handle", 0).About("Handle of the channel"),
+    FIELD(AcapChnAttr, enable, "enable", 0).About("The channel is in use"),
+    FIELD(AcapChnAttr, enableVqe, "enable_vqe", 0).About("Voice quality enhancement is on"),
 };
 
 constexpr TableOf<AcapAttr> kAcapAttrTable{nullptr, kAcapAttrFields};
 constexpr TableOf<AcapChnAttr> kAcapChnTable{nullptr, kAcapChnFields};
 
 constexpr Field kAcapFields[] = {
-    FIELD(AcapCfg, enable, "enable", 0),
-    FIELD(AcapCfg, handle, "handle", 0),
-    FIELD(AcapCfg, audioGain, "audiogain", 0),
+    FIELD(AcapCfg, enable, "enable", 0).About("The capture device is in use"),
+    FIELD(AcapCfg, handle, "handle", 0).About("Handle of the capture device"),
+    FIELD(AcapCfg, audioGain, "audiogain", 0).About("Gain of the microphone amplifier"),
     RECORD(AcapCfg, attr, kAcapAttrTable),
     RECORD(AcapCfg, chn, kAcapChnTable).Under(kAcapChnNode),
 };

@@ -19,14 +19,14 @@ inline constexpr std::int32_t kAcapChnCount = 2;
 /// How sound is captured. 36 bytes.
 struct AcapAttr {
     std::int32_t sampleRate;
-    std::int32_t bitWidth;   ///< 0 8 bits, 1 16 bits, 2 24 bits
-    std::int32_t soundMode;  ///< 0 left, 1 right, 2 stereo
+    std::int32_t bitWidth;
+    std::int32_t soundMode;
     std::int32_t trackMode;
     std::int32_t workMode;
-    std::uint32_t pointsPerFrame;  ///< samples
-    std::int32_t mixerMicMode;     ///< microphone input: 0 IN0, 1 IN1, 2 IN_D
+    std::uint32_t pointsPerFrame;
+    std::int32_t mixerMicMode;
     std::int32_t resampleRate;
-    std::uint32_t fixed0;  ///< always 0
+    std::uint32_t fixed0;
 };
 static_assert(sizeof(AcapAttr) == 36);
 static_assert(offsetof(AcapAttr, pointsPerFrame) == 20);
@@ -36,7 +36,7 @@ static_assert(offsetof(AcapAttr, fixed0) == 32);
 struct AcapChnAttr {
     Bool32 enable;
     std::int32_t handle;
-    Bool32 enableVqe;  ///< voice quality enhancement
+    Bool32 enableVqe;
 };
 static_assert(sizeof(AcapChnAttr) == 12);
 

@@ -9,32 +9,45 @@ constexpr char kAacNode[] = "aenc.%d.aac";
 constexpr char kMp3Node[] = "aenc.%d.mp3";
 
 constexpr Field kAencAacFields[] = {
-    FIELD(AencAacAttr, aacType, "aac_type", 0),
-    FIELD(AencAacAttr, bitRate, "bit_rate", 0),
-    FIELD(AencAacAttr, sampleRate, "sample_rate", 0),
-    FIELD(AencAacAttr, bitWidth, "bit_width", 0),
-    FIELD(AencAacAttr, soundMode, "sound_mode", 0),
-    FIELD(AencAacAttr, transportType, "trans_type", 0),
-    FIELD(AencAacAttr, bandWidth, "band_width", 0),
-    RESERVED(AencAacAttr, reserved),
+    FIELD(AencAacAttr, aacType, "aac_type", 0).About("Type of AAC").Numbers("0 AAC-LC"),
+    FIELD(AencAacAttr, bitRate, "bit_rate", 0).About("Bit rate").Unit("bit/s"),
+    FIELD(AencAacAttr, sampleRate, "sample_rate", 0).About("Sample rate").Unit("Hz"),
+    FIELD(AencAacAttr, bitWidth, "bit_width", 0)
+        .About("Bits of a sample")
+        .Numbers("0 8 bits, 1 16 bits, 2 24 bits"),
+    FIELD(AencAacAttr, soundMode, "sound_mode", 0).About("Sound mode").Numbers("0 mono, 1 stereo"),
+    FIELD(AencAacAttr, transportType, "trans_type", 0)
+        .About("Transport format")
+        .Numbers("0 ADTS, 1 LOAS, 2 LATM_MCP1"),
+    FIELD(AencAacAttr, bandWidth, "band_width", 0)
+        .About("Band width; from -32768 to 32767")
+        .Unit("Hz"),
+    RESERVED(AencAacAttr, reserved).About("Reserved"),
 };
 
 constexpr Field kAencMp3Fields[] = {
-    FIELD(AencMp3Attr, bitRate, "bit_rate", 0),   FIELD(AencMp3Attr, sampleRate, "sample_rate", 0),
-    FIELD(AencMp3Attr, bitWidth, "bit_width", 0), FIELD(AencMp3Attr, soundMode, "sound_mode", 0),
-    FIELD(AencMp3Attr, quality, "quality", 0),
+    FIELD(AencMp3Attr, bitRate, "bit_rate", 0).About("Bit rate").Unit("bit/s"),
+    FIELD(AencMp3Attr, sampleRate, "sample_rate", 0).About("Sample rate").Unit("Hz"),
+    FIELD(AencMp3Attr, bitWidth, "bit_width", 0)
+        .About("Bits of a sample")
+        .Numbers("0 8 bits, 1 16 bits, 2 24 bits"),
+    FIELD(AencMp3Attr, soundMode, "sound_mode", 0).About("Sound mode").Numbers("0 mono, 1 stereo"),
+    FIELD(AencMp3Attr, quality, "quality", 0).About("Quality of the encoder"),
 };
 
 constexpr TableOf<AencAacAttr> kAencAacTable{kAacNode, kAencAacFields};
 constexpr TableOf<AencMp3Attr> kAencMp3Table{kMp3Node, kAencMp3Fields};
 
 constexpr Field kAencFields[] = {
-    FIELD(AencCfg, enable, "enable", 0),
-    FIELD(AencCfg, handle, "aenchdl", 0),
-    FIELD(AencCfg, acapHandle, "acaphdl", 0),
-    FIELD(AencCfg, acapChnHandle, "acapchdl", 0),
-    CONSTANT(AencCfg, format, kAencFormatAac),
-    FIELD(AencCfg, pointsPerFrame, "ptnum_per_frm", 0).Under(kAacNode),
+    FIELD(AencCfg, enable, "enable", 0).About("The encoder is in use"),
+    FIELD(AencCfg, handle, "aenchdl", 0).About("Handle of the encoder"),
+    FIELD(AencCfg, acapHandle, "acaphdl", 0).About("Handle of the capture device that it encodes"),
+    FIELD(AencCfg, acapChnHandle, "acapchdl", 0).About("Handle of the channel of that device"),
+    CONSTANT(AencCfg, format, kAencFormatAac).About("Format of the sound; always 0 (AAC)"),
+    FIELD(AencCfg, pointsPerFrame, "ptnum_per_frm", 0)
+        .Under(kAacNode)
+        .About("Samples of a frame")
+        .Unit("samples"),
     RECORD(AencCfg, aac, kAencAacTable),
 };
 

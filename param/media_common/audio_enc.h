@@ -19,13 +19,13 @@ inline constexpr std::uint32_t kAencFormatMp3 = 3;
 
 /// AAC. 28 bytes.
 struct AencAacAttr {
-    std::int32_t aacType;  ///< 0 AAC-LC
+    std::int32_t aacType;
     std::int32_t bitRate;
     std::int32_t sampleRate;
-    std::int32_t bitWidth;       ///< 0 8 bits, 1 16 bits, 2 24 bits
-    std::int32_t soundMode;      ///< 0 mono, 1 stereo
-    std::int32_t transportType;  ///< 0 ADTS, 1 LOAS, 2 LATM_MCP1
-    std::int16_t bandWidth;      ///< a value beyond 16 bits is an error
+    std::int32_t bitWidth;
+    std::int32_t soundMode;
+    std::int32_t transportType;
+    std::int16_t bandWidth;  ///< a value beyond 16 bits is an error
     std::byte reserved[2];
 };
 static_assert(sizeof(AencAacAttr) == 28);
@@ -35,8 +35,8 @@ static_assert(offsetof(AencAacAttr, reserved) == 26);
 /// MP3. 20 bytes.
 struct AencMp3Attr {
     std::int32_t sampleRate;
-    std::int32_t bitWidth;   ///< 0 8 bits, 1 16 bits, 2 24 bits
-    std::int32_t soundMode;  ///< 0 mono, 1 stereo
+    std::int32_t bitWidth;
+    std::int32_t soundMode;
     std::int32_t bitRate;
     std::uint32_t quality;
 };
@@ -46,10 +46,10 @@ static_assert(sizeof(AencMp3Attr) == 20);
 struct AencCfg {
     Bool32 enable;
     std::int32_t handle;
-    std::int32_t acapHandle;       ///< of the capture device
-    std::int32_t acapChnHandle;    ///< of its channel
-    std::uint32_t format;          ///< always AAC
-    std::uint32_t pointsPerFrame;  ///< samples
+    std::int32_t acapHandle;
+    std::int32_t acapChnHandle;
+    std::uint32_t format;
+    std::uint32_t pointsPerFrame;
     union {
         AencAacAttr aac;
         AencMp3Attr mp3;

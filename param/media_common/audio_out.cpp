@@ -9,28 +9,35 @@ constexpr char kAoAacNode[] = "ao.%d.aac";
 constexpr char kAoChnNode[] = "ao.%d.chnl.%d";
 
 constexpr Field kAoAttrFields[] = {
-    FIELD(AoAttr, sampleRate, "sample_rate", 0),
-    COPY(AoAttr, inSampleRate, sampleRate),
-    FIELD(AoAttr, bitWidth, "bit_width", 0),
-    FIELD(AoAttr, soundMode, "sound_mode", 0),
-    FIELD(AoAttr, trackMode, "track_mode", 0),
-    FIELD(AoAttr, workMode, "work_mode", 6),
-    FIELD(AoAttr, i2cType, "ao_i2c_type", 0),
-    FIELD(AoAttr, pointsPerFrame, "ptnum_per_frm", 0).Under(kAoAacNode),
+    FIELD(AoAttr, sampleRate, "sample_rate", 0).About("Sample rate").Unit("Hz"),
+    COPY(AoAttr, inSampleRate, sampleRate).About("Sample rate of the input; the same").Unit("Hz"),
+    FIELD(AoAttr, bitWidth, "bit_width", 0)
+        .About("Bits of a sample")
+        .Numbers("0 8 bits, 1 16 bits, 2 24 bits"),
+    FIELD(AoAttr, soundMode, "sound_mode", 0)
+        .About("Sound mode")
+        .Numbers("0 left, 1 right, 2 stereo"),
+    FIELD(AoAttr, trackMode, "track_mode", 0).About("Track mode"),
+    FIELD(AoAttr, workMode, "work_mode", 6).About("Work mode of the audio interface"),
+    FIELD(AoAttr, i2cType, "ao_i2c_type", 0).About("I2C type of the codec"),
+    FIELD(AoAttr, pointsPerFrame, "ptnum_per_frm", 0)
+        .Under(kAoAacNode)
+        .About("Samples of a frame")
+        .Unit("samples"),
 };
 
 constexpr Field kAoChnFields[] = {
-    QUERY(AoChnAttr, handle, "handle", 0),
-    QUERY(AoChnAttr, enable, "enable", 0),
+    QUERY(AoChnAttr, handle, "handle", 0).About("Handle of the channel"),
+    QUERY(AoChnAttr, enable, "enable", 0).About("The channel is in use"),
 };
 
 constexpr TableOf<AoAttr> kAoAttrTable{nullptr, kAoAttrFields};
 constexpr TableOf<AoChnAttr> kAoChnTable{nullptr, kAoChnFields};
 
 constexpr Field kAoFields[] = {
-    FIELD(AoCfg, enable, "enable", 0),
-    FIELD(AoCfg, handle, "handle", 0),
-    FIELD(AoCfg, volume, "volume", 0),
+    FIELD(AoCfg, enable, "enable", 0).About("The output is in use"),
+    FIELD(AoCfg, handle, "handle", 0).About("Handle of the output"),
+    FIELD(AoCfg, volume, "volume", 0).About("Volume of the loudspeaker"),
     RECORD(AoCfg, attr, kAoAttrTable),
     RECORD(AoCfg, chn, kAoChnTable).Under(kAoChnNode),
 };

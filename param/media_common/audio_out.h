@@ -19,13 +19,13 @@ inline constexpr std::int32_t kAoChnCount = 2;
 /// How sound is put out. 32 bytes.
 struct AoAttr {
     std::int32_t sampleRate;
-    std::int32_t bitWidth;   ///< 0 8 bits, 1 16 bits, 2 24 bits
-    std::int32_t soundMode;  ///< 0 left, 1 right, 2 stereo
+    std::int32_t bitWidth;
+    std::int32_t soundMode;
     std::int32_t trackMode;
-    std::int32_t workMode;         ///< 6 when the key is absent
-    std::uint32_t pointsPerFrame;  ///< samples
-    std::int32_t inSampleRate;     ///< always the sample rate
-    std::int32_t i2cType;          ///< of the codec
+    std::int32_t workMode;  ///< 6 when the key is absent
+    std::uint32_t pointsPerFrame;
+    std::int32_t inSampleRate;
+    std::int32_t i2cType;
 };
 static_assert(sizeof(AoAttr) == 32);
 static_assert(offsetof(AoAttr, workMode) == 16);

@@ -13,26 +13,37 @@ constexpr char kAspectNode[] = "%s.aspectratio";
 constexpr char kWndAttrNode[] = "%s.wndattr";
 
 constexpr Field kDispCscFields[] = {
-    QUERY(DispCscAttr, matrix, "cscmatrix"),         FIELD(DispCscAttr, luma, "luma", 0),
-    FIELD(DispCscAttr, contrast, "contrast", 0),     FIELD(DispCscAttr, hue, "hue", 0),
-    FIELD(DispCscAttr, saturation, "saturation", 0),
+    QUERY(DispCscAttr, matrix, "cscmatrix").About("Matrix of the colour-space conversion"),
+    FIELD(DispCscAttr, luma, "luma", 0).About("Brightness of the picture"),
+    FIELD(DispCscAttr, contrast, "contrast", 0).About("Contrast of the picture"),
+    FIELD(DispCscAttr, hue, "hue", 0).About("Hue of the picture"),
+    FIELD(DispCscAttr, saturation, "saturation", 0).About("Saturation of the picture"),
 };
 
 constexpr Field kDispAspectFields[] = {
-    FIELD(DispAspectAttr, mode, "mode", 0),
-    FIELD(DispAspectAttr, bgColor, "bg_color", 0),
-    FIELD(DispAspectAttr, rectX, "rect_x", 0),
-    FIELD(DispAspectAttr, rectY, "rect_y", 0),
-    FIELD(DispAspectAttr, rectWidth, "rect_width", 0),
-    FIELD(DispAspectAttr, rectHeight, "rect_height", 0),
+    FIELD(DispAspectAttr, mode, "mode", 0).About("How the video keeps its aspect ratio"),
+    FIELD(DispAspectAttr, bgColor, "bg_color", 0)
+        .About("Colour around the video: red * 65536 + green * 256 + blue"),
+    FIELD(DispAspectAttr, rectX, "rect_x", 0)
+        .About("Left edge of the video in the window")
+        .Unit("px"),
+    FIELD(DispAspectAttr, rectY, "rect_y", 0)
+        .About("Upper edge of the video in the window")
+        .Unit("px"),
+    FIELD(DispAspectAttr, rectWidth, "rect_width", 0).About("Width of the video").Unit("px"),
+    FIELD(DispAspectAttr, rectHeight, "rect_height", 0).About("Height of the video").Unit("px"),
 };
 
 constexpr Field kDispWndAttrFields[] = {
-    FIELD(DispWndAttr, rectX, "rect_x", 0),
-    FIELD(DispWndAttr, rectY, "rect_y", 0),
-    FIELD(DispWndAttr, rectWidth, "rect_width", 0),
-    FIELD(DispWndAttr, rectHeight, "rect_height", 0),
-    FIELD(DispWndAttr, priority, "priority", 0),
+    FIELD(DispWndAttr, rectX, "rect_x", 0)
+        .About("Left edge of the window on the display")
+        .Unit("px"),
+    FIELD(DispWndAttr, rectY, "rect_y", 0)
+        .About("Upper edge of the window on the display")
+        .Unit("px"),
+    FIELD(DispWndAttr, rectWidth, "rect_width", 0).About("Width of the window").Unit("px"),
+    FIELD(DispWndAttr, rectHeight, "rect_height", 0).About("Height of the window").Unit("px"),
+    FIELD(DispWndAttr, priority, "priority", 0).About("Layer of the window"),
 };
 
 constexpr TableOf<DispCscAttr> kDispCscTable{nullptr, kDispCscFields};
@@ -40,10 +51,13 @@ constexpr TableOf<DispAspectAttr> kDispAspectTable{nullptr, kDispAspectFields};
 constexpr TableOf<DispWndAttr> kDispWndAttrTable{nullptr, kDispWndAttrFields};
 
 constexpr Field kDispWndFields[] = {
-    FIELD(DispWndCfg, enable, "enable", 0),
-    FIELD(DispWndCfg, handle, "wndhdl", 0),
-    FIELD(DispWndCfg, previewCamId, "preview_cam_id", 0),
-    FIELD(DispWndCfg, rotate, "rotate", 0),
+    FIELD(DispWndCfg, enable, "enable", 0).About("The window is in use"),
+    FIELD(DispWndCfg, handle, "wndhdl", 0).About("Handle of the window"),
+    FIELD(DispWndCfg, previewCamId, "preview_cam_id", 0)
+        .About("Number of the camera that is previewed"),
+    FIELD(DispWndCfg, rotate, "rotate", 0)
+        .About("Rotation of the picture")
+        .Numbers("0 none, 1 90 degrees, 2 180 degrees, 3 270 degrees"),
     RECORD(DispWndCfg, aspect, kDispAspectTable).Under(kAspectNode),
     RECORD(DispWndCfg, rect, kDispWndAttrTable).Under(kWndAttrNode),
 };
@@ -51,15 +65,19 @@ constexpr Field kDispWndFields[] = {
 constexpr TableOf<DispWndCfg> kDispWndTable{nullptr, kDispWndFields};
 
 constexpr Field kDispFields[] = {
-    FIELD(DispCfg, enable, "enable", 0),
-    FIELD(DispCfg, handle, "disphdl", 0),
-    FIELD(DispCfg, bgColor, "bg_color", 0),
-    FIELD(DispCfg, windowCount, "windowcnt", 0),
-    FIELD(DispCfg, enableCsc, "enable", 0).Under(kCscNode).Label("csc enable"),
+    FIELD(DispCfg, enable, "enable", 0).About("The display is in use"),
+    FIELD(DispCfg, handle, "disphdl", 0).About("Handle of the display"),
+    FIELD(DispCfg, bgColor, "bg_color", 0)
+        .About("Background colour: red * 65536 + green * 256 + blue"),
+    FIELD(DispCfg, windowCount, "windowcnt", 0).About("Number of windows; no window is read by it"),
+    FIELD(DispCfg, enableCsc, "enable", 0)
+        .Under(kCscNode)
+        .Label("csc enable")
+        .About("Colour-space conversion is on"),
     RECORD(DispCfg, csc, kDispCscTable).Under(kCscNode),
     RECORD(DispCfg, source, kVideoModTable).Under(kSourceNode),
     RECORD(DispCfg, playbackWnd, kDispWndTable).Under(kPlaybackWndNode),
-    RESERVED(DispCfg, reserved),
+    RESERVED(DispCfg, reserved).About("Reserved"),
 };
 
 constexpr TableOf<DispCfg> kDispTable{kDispNode, kDispFields};

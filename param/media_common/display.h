@@ -48,7 +48,7 @@ struct DispWndAttr {
     std::int32_t rectY;
     std::uint32_t rectWidth;
     std::uint32_t rectHeight;
-    std::uint32_t priority;  ///< of its layer
+    std::uint32_t priority;
 };
 static_assert(sizeof(DispWndAttr) == 20);
 
@@ -56,8 +56,8 @@ static_assert(sizeof(DispWndAttr) == 20);
 struct DispWndCfg {
     Bool32 enable;
     std::int32_t handle;
-    std::int32_t previewCamId;  ///< the camera that it shows
-    std::int32_t rotate;        ///< 0 not at all, 1 by 90, 2 by 180, 3 by 270 degrees
+    std::int32_t previewCamId;
+    std::int32_t rotate;
     DispAspectAttr aspect;
     DispWndAttr rect;
 };
@@ -74,7 +74,7 @@ struct DispCfg {
     DispCscAttr csc;
     std::byte reserved[4];
     VideoModCfg source[kDispSourceCount];
-    std::uint32_t windowCount;  ///< stored, but decides nothing here
+    std::uint32_t windowCount;
     DispWndCfg playbackWnd;
 };
 static_assert(sizeof(DispCfg) == 116);

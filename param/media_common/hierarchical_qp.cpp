@@ -7,9 +7,10 @@ namespace paramgen {
 constexpr char kHierarchicalQpNode[] = "venc.hierarchical.qp";
 
 constexpr Field kHierarchicalQpFields[] = {
-    FIELD(HierarchicalQpAttr, enable, "enable", 0),
-    QUERY(HierarchicalQpAttr, qpDelta, "qp_delta%u", 0),
-    QUERY(HierarchicalQpAttr, frameNum, "frame_num%u", 0),
+    FIELD(HierarchicalQpAttr, enable, "enable", 0).About("Hierarchical quantisation is on"),
+    QUERY(HierarchicalQpAttr, qpDelta, "qp_delta%u", 0)
+        .About("Offset of the quantisation parameter of a layer; negative is better quality"),
+    QUERY(HierarchicalQpAttr, frameNum, "frame_num%u", 0).About("Frames of a layer").Unit("frames"),
 };
 
 constexpr TableOf<HierarchicalQpAttr> kHierarchicalQpTable{kHierarchicalQpNode,

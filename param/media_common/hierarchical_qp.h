@@ -21,7 +21,7 @@ inline constexpr std::uint32_t kQpLayerCount = 4;
 struct HierarchicalQpAttr {
     Bool32 enable;
     std::int32_t qpDelta[kQpLayerCount];
-    std::int32_t frameNum[kQpLayerCount];  ///< frames in the layer
+    std::int32_t frameNum[kQpLayerCount];
 };
 static_assert(sizeof(HierarchicalQpAttr) == 36);
 static_assert(offsetof(HierarchicalQpAttr, qpDelta) == 4);

@@ -7,20 +7,29 @@ namespace paramgen {
 constexpr char kSnapEncNode[] = "venc.snap.%s";
 
 constexpr Field kLargeThumbnailFields[] = {
-    QUERY(LargeThumbnail, width, "largethumbnail%d_width", 0),
-    QUERY(LargeThumbnail, height, "largethumbnail%d_height", 0),
+    QUERY(LargeThumbnail, width, "largethumbnail%d_width", 0)
+        .About("Width of a large thumbnail")
+        .Unit("px"),
+    QUERY(LargeThumbnail, height, "largethumbnail%d_height", 0)
+        .About("Height of a large thumbnail")
+        .Unit("px"),
 };
 
 constexpr TableOf<LargeThumbnail> kLargeThumbnailTable{nullptr, kLargeThumbnailFields};
 
 constexpr Field kSnapEncFields[] = {
-    FIELD(SnapEncAttr, enableDcf, "enable_dcf", 0),
-    FIELD(SnapEncAttr, qualityFactor, "quality_factor", 0),
-    FIELD(SnapEncAttr, receiveMode, "receivemode", 0),
-    FIELD(SnapEncAttr, jpegEncodeMode, "encode_mode", 0).Label("jpegEncodeMode"),
-    FIELD(SnapEncAttr, largeThumbnailNum, "largethumbnail_num", 0),
+    FIELD(SnapEncAttr, enableDcf, "enable_dcf", 0)
+        .About("The JPEG gets camera file information and a thumbnail"),
+    FIELD(SnapEncAttr, qualityFactor, "quality_factor", 0).About("JPEG quality"),
+    FIELD(SnapEncAttr, receiveMode, "receivemode", 0)
+        .About("How the encoder receives its pictures"),
+    FIELD(SnapEncAttr, jpegEncodeMode, "encode_mode", 0)
+        .Label("jpegEncodeMode")
+        .About("How the encoder runs"),
+    FIELD(SnapEncAttr, largeThumbnailNum, "largethumbnail_num", 0)
+        .About("Number of large thumbnails in the file"),
     RECORD(SnapEncAttr, largeThumbnails, kLargeThumbnailTable),
-    RESERVED(SnapEncAttr, reserved),
+    RESERVED(SnapEncAttr, reserved).About("Reserved"),
 };
 
 constexpr TableOf<SnapEncAttr> kSnapEncTable{kSnapEncNode, kSnapEncFields};

@@ -18,18 +18,18 @@ inline constexpr std::uint32_t kLargeThumbnailCount = 2;
 
 /// A large thumbnail. 8 bytes.
 struct LargeThumbnail {
-    std::int32_t width;   ///< pixels
-    std::int32_t height;  ///< pixels
+    std::int32_t width;
+    std::int32_t height;
 };
 static_assert(sizeof(LargeThumbnail) == 8);
 
 /// A snapshot encoder. 36 bytes.
 struct SnapEncAttr {
-    Bool32 enableDcf;                ///< whether files are named as DCF wants it
-    std::uint8_t largeThumbnailNum;  ///< how many are made; both sizes are read in any case
+    Bool32 enableDcf;
+    std::uint8_t largeThumbnailNum;
     std::byte reserved[3];
     LargeThumbnail largeThumbnails[kLargeThumbnailCount];
-    std::uint32_t qualityFactor;  ///< of the JPEG
+    std::uint32_t qualityFactor;
     std::int32_t receiveMode;
     std::int32_t jpegEncodeMode;
 };

@@ -15,20 +15,28 @@ constexpr char kQvbrNode[] = "%s.qvbr";
 constexpr char kQpEcho[] = "    [%s]: MaxQP[%u] MinQP[%u] MaxIQP[%u] MinIQP[%u]\n";
 
 constexpr Field kH26xRcQpFields[] = {
-    FIELD(H26xRcQpAttr, maxQp, "max_qp", 0),
-    FIELD(H26xRcQpAttr, minQp, "min_qp", 0),
-    FIELD(H26xRcQpAttr, maxIqp, "max_iqp", 0),
-    FIELD(H26xRcQpAttr, minIqp, "min_iqp", 0),
+    FIELD(H26xRcQpAttr, maxQp, "max_qp", 0).About("Largest quantisation parameter"),
+    FIELD(H26xRcQpAttr, minQp, "min_qp", 0).About("Smallest quantisation parameter"),
+    FIELD(H26xRcQpAttr, maxIqp, "max_iqp", 0).About("Largest quantisation parameter of I frames"),
+    FIELD(H26xRcQpAttr, minIqp, "min_iqp", 0).About("Smallest quantisation parameter of I frames"),
 };
 
 constexpr TableOf<H26xRcQpAttr> kH26xRcQpTable{nullptr, kH26xRcQpFields};
 
 constexpr Field kH26xQvbrFields[] = {
     RECORD(H26xQvbrAttr, qp, kH26xRcQpTable),
-    FIELD(H26xQvbrAttr, bitPercentUpper, "bit_percent_ul", 0),
-    FIELD(H26xQvbrAttr, bitPercentLower, "bit_percent_ll", 0),
-    FIELD(H26xQvbrAttr, psnrFluctuateUpper, "psnr_fluctuate_ul", 0),
-    FIELD(H26xQvbrAttr, psnrFluctuateLower, "psnr_fluctuate_ll", 0),
+    FIELD(H26xQvbrAttr, bitPercentUpper, "bit_percent_ul", 0)
+        .About("How far the bit rate may rise")
+        .Unit("%"),
+    FIELD(H26xQvbrAttr, bitPercentLower, "bit_percent_ll", 0)
+        .About("How far the bit rate may fall")
+        .Unit("%"),
+    FIELD(H26xQvbrAttr, psnrFluctuateUpper, "psnr_fluctuate_ul", 0)
+        .About("How far the picture quality may rise")
+        .Unit("1/10 dB"),
+    FIELD(H26xQvbrAttr, psnrFluctuateLower, "psnr_fluctuate_ll", 0)
+        .About("How far the picture quality may fall")
+        .Unit("1/10 dB"),
 };
 
 constexpr TableOf<H26xQvbrAttr> kH26xQvbrTable{nullptr, kH26xQvbrFields};
@@ -42,13 +50,21 @@ constexpr Field kH26xRateControlFields[] = {
 constexpr TableOf<H26xRateControl> kH26xRateControlTable{nullptr, kH26xRateControlFields};
 
 constexpr Field kVideoEncFields[] = {
-    FIELD(VideoEncAttr, sceneMode, "scene_mode", 0),
-    FIELD(VideoEncAttr, h264Profile, "profile", 0).Under(kH264Node),
+    FIELD(VideoEncAttr, sceneMode, "scene_mode", 0)
+        .About("Scene that rate control is tuned for")
+        .Numbers("0 normal, 1 dv, 2 car"),
+    FIELD(VideoEncAttr, h264Profile, "profile", 0)
+        .Under(kH264Node)
+        .About("H.264 profile")
+        .Numbers("0 baseline, 1 main, 2 high"),
     RECORD(VideoEncAttr, h264, kH26xRateControlTable).Under(kH264Node),
-    FIELD(VideoEncAttr, h265Profile, "profile", 0).Under(kH265Node),
+    FIELD(VideoEncAttr, h265Profile, "profile", 0)
+        .Under(kH265Node)
+        .About("H.265 profile")
+        .Numbers("0 main"),
     RECORD(VideoEncAttr, h265, kH26xRateControlTable).Under(kH265Node),
-    CONSTANT(VideoEncAttr, fixed75, 75),
-    CONSTANT(VideoEncAttr, fixed85, 85),
+    CONSTANT(VideoEncAttr, fixed75, 75).About("Always 75"),
+    CONSTANT(VideoEncAttr, fixed85, 85).About("Always 85"),
 };
 
 constexpr TableOf<VideoEncAttr> kVideoEncTable{kVideoEncNode, kVideoEncFields};

@@ -17,8 +17,8 @@ namespace paramgen {
 struct H26xRcQpAttr {
     std::uint32_t maxQp;
     std::uint32_t minQp;
-    std::uint32_t maxIqp;  ///< of I frames
-    std::uint32_t minIqp;  ///< of I frames
+    std::uint32_t maxIqp;
+    std::uint32_t minIqp;
 };
 static_assert(sizeof(H26xRcQpAttr) == 16);
 
@@ -45,13 +45,13 @@ static_assert(offsetof(H26xRateControl, qvbr) == 32);
 
 /// The encoder of a stream. 148 bytes.
 struct VideoEncAttr {
-    std::int32_t sceneMode;     ///< 0 normal, 1 dv, 2 car
-    std::uint32_t h264Profile;  ///< 0 baseline, 1 main, 2 high
-    std::uint32_t h265Profile;  ///< 0 main
+    std::int32_t sceneMode;
+    std::uint32_t h264Profile;
+    std::uint32_t h265Profile;
     H26xRateControl h264;
     H26xRateControl h265;
-    std::uint32_t fixed85;  ///< always 85
-    std::uint32_t fixed75;  ///< always 75
+    std::uint32_t fixed85;
+    std::uint32_t fixed75;
 };
 static_assert(sizeof(VideoEncAttr) == 148);
 static_assert(offsetof(VideoEncAttr, h264) == 12);

@@ -5,9 +5,10 @@
 namespace paramgen {
 
 constexpr Field kVideoModFields[] = {
-    FIELD(VideoModCfg, boundModule, "bindedmod", 0),
-    FIELD(VideoModCfg, moduleHandle, "modhdl", 0),
-    FIELD(VideoModCfg, channelHandle, "chnhdl", 0),
+    FIELD(VideoModCfg, boundModule, "bindedmod", 0)
+        .About("Number of the firmware module that the video comes from"),
+    FIELD(VideoModCfg, moduleHandle, "modhdl", 0).About("Handle of the group of that module"),
+    FIELD(VideoModCfg, channelHandle, "chnhdl", 0).About("Handle of the channel of that group"),
 };
 
 constexpr TableOf<VideoModCfg> kVideoModTable{nullptr, kVideoModFields};

@@ -13,7 +13,7 @@ namespace paramgen {
 
 /// A binding to a channel of a module of the firmware. 12 bytes.
 struct VideoModCfg {
-    std::int32_t boundModule;  ///< type of the module
+    std::int32_t boundModule;
     std::int32_t moduleHandle;
     std::int32_t channelHandle;
 };

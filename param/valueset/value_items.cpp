@@ -14,8 +14,8 @@ constexpr char kCountKey[] = "num";
 
 template <typename Item>
 constexpr Field kItemFields[] = {
-    LOADED(Item, description, "description%u").FullLabel(),
-    QUERY(Item, value, "value%u", 0),
+    LOADED(Item, description, "description%u").FullLabel().About("What the menu calls the choice"),
+    QUERY(Item, value, "value%u", 0).About("What the choice stands for"),
 };
 
 }  // namespace
@@ -24,13 +24,13 @@ constexpr TableOf<NumberItem> kNumberItemTable{nullptr, kItemFields<NumberItem>}
 constexpr TableOf<MediaModeItem> kMediaModeItemTable{nullptr, kItemFields<MediaModeItem>};
 
 constexpr Field kNumberSetFields[] = {
-    QUERY(NumberSet, count, kCountKey, 0),
+    QUERY(NumberSet, count, kCountKey, 0).About("Number of choices"),
     RECORD(NumberSet, items, kNumberItemTable)
         .CountedBy(offsetof(NumberSet, count), CountBeyond::kSpilling),
 };
 
 constexpr Field kMediaModeSetFields[] = {
-    QUERY(MediaModeSet, count, kCountKey, 0),
+    QUERY(MediaModeSet, count, kCountKey, 0).About("Number of choices"),
     RECORD(MediaModeSet, items, kMediaModeItemTable)
         .CountedBy(offsetof(MediaModeSet, count), CountBeyond::kSpilling),
 };

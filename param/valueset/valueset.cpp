@@ -12,40 +12,82 @@ namespace paramgen {
 constexpr Field kBurstValueSetsFields[] = {
     RECORD(BurstValueSets, mediaMode, kMediaModeSetTable)
         .Under("cam.%u.burst.mediamode")
-        .CountsUpTo(kValueCount),
+        .CountsUpTo(kValueCount)
+        .About("Media mode of bursts"),
     RECORD(BurstValueSets, types, kNumberSetTable)
         .Under("cam.%u.burst.type%u")
-        .CountedBy(offsetof(BurstValueSets, mediaMode.count), CountBeyond::kRefused),
+        .CountedBy(offsetof(BurstValueSets, mediaMode.count), CountBeyond::kRefused)
+        .About("Burst type in one of these media modes"),
 };
 
 constexpr TableOf<BurstValueSets> kBurstValueSetsTable{nullptr, kBurstValueSetsFields};
 
 constexpr Field kValueSetFields[] = {
-    RECORD(ValueSetCfg, payloadType, kNumberSetTable).Under("cam.%d.enc.payloadtype"),
-    RECORD(ValueSetCfg, recordMediaMode, kMediaModeSetTable).Under("cam.%d.mediamode.record"),
-    RECORD(ValueSetCfg, photoMediaMode, kMediaModeSetTable).Under("cam.%d.mediamode.photo"),
-    RECORD(ValueSetCfg, wdr, kNumberSetTable).Under("cam.%d.wdr.status"),
-    RECORD(ValueSetCfg, videoMode, kNumberSetTable).Under("cam.%d.video.mode"),
-    RECORD(ValueSetCfg, ldc, kNumberSetTable).Under("cam.%d.ldc.status"),
-    RECORD(ValueSetCfg, flip, kNumberSetTable).Under("cam.%d.flip.status"),
-    RECORD(ValueSetCfg, mirror, kNumberSetTable).Under("cam.%d.mirror.status"),
-    RECORD(ValueSetCfg, antiflicker, kNumberSetTable).Under("cam.%d.antiflicker.mode"),
-    RECORD(ValueSetCfg, dormant, kNumberSetTable).Under("screen.dormant").Times(1000),
-    RECORD(ValueSetCfg, brightness, kNumberSetTable).Under("screen.brightness"),
-    RECORD(ValueSetCfg, volume, kNumberSetTable).Under("volume"),
-    RECORD(ValueSetCfg, driveSensitivity, kNumberSetTable).Under("drive_sensitivity"),
-    RECORD(ValueSetCfg, parkingSensitivity, kNumberSetTable).Under("parking_sensitivity"),
-    RECORD(ValueSetCfg, usbMode, kNumberSetTable).Under("usb.mode"),
-    RECORD(ValueSetCfg, language, kNumberSetTable).Under("system.language"),
-    RECORD(ValueSetCfg, splitTime, kNumberSetTable).Under("splite_time"),
-    RECORD(ValueSetCfg, lapseInterval, kNumberSetTable).Under("record.lapse.interval"),
-    RECORD(ValueSetCfg, recordType, kNumberSetTable).Under("record.type"),
-    RECORD(ValueSetCfg, photoType, kNumberSetTable).Under("photo.type"),
+    RECORD(ValueSetCfg, payloadType, kNumberSetTable)
+        .Under("cam.%d.enc.payloadtype")
+        .About("Codec of the recordings"),
+    RECORD(ValueSetCfg, recordMediaMode, kMediaModeSetTable)
+        .Under("cam.%d.mediamode.record")
+        .About("Media mode of recordings"),
+    RECORD(ValueSetCfg, photoMediaMode, kMediaModeSetTable)
+        .Under("cam.%d.mediamode.photo")
+        .About("Media mode of photos"),
+    RECORD(ValueSetCfg, wdr, kNumberSetTable)
+        .Under("cam.%d.wdr.status")
+        .About("Wide dynamic range"),
+    RECORD(ValueSetCfg, videoMode, kNumberSetTable)
+        .Under("cam.%d.video.mode")
+        .About("Video mode of the camera"),
+    RECORD(ValueSetCfg, ldc, kNumberSetTable)
+        .Under("cam.%d.ldc.status")
+        .About("Lens-distortion correction"),
+    RECORD(ValueSetCfg, flip, kNumberSetTable)
+        .Under("cam.%d.flip.status")
+        .About("Picture upside down"),
+    RECORD(ValueSetCfg, mirror, kNumberSetTable)
+        .Under("cam.%d.mirror.status")
+        .About("Picture left to right"),
+    RECORD(ValueSetCfg, antiflicker, kNumberSetTable)
+        .Under("cam.%d.antiflicker.mode")
+        .About("Mains frequency of the lamps"),
+    RECORD(ValueSetCfg, dormant, kNumberSetTable)
+        .Under("screen.dormant")
+        .Times(1000)
+        .About("Time until the screen goes dark: seconds in the file, milliseconds in the image"),
+    RECORD(ValueSetCfg, brightness, kNumberSetTable)
+        .Under("screen.brightness")
+        .About("Brightness of the screen"),
+    RECORD(ValueSetCfg, volume, kNumberSetTable).Under("volume").About("Volume of the loudspeaker"),
+    RECORD(ValueSetCfg, driveSensitivity, kNumberSetTable)
+        .Under("drive_sensitivity")
+        .About("Sensitivity of the g-sensor while driving"),
+    RECORD(ValueSetCfg, parkingSensitivity, kNumberSetTable)
+        .Under("parking_sensitivity")
+        .About("Sensitivity of the g-sensor while parked"),
+    RECORD(ValueSetCfg, usbMode, kNumberSetTable)
+        .Under("usb.mode")
+        .About("What the camera is to a computer on the USB port"),
+    RECORD(ValueSetCfg, language, kNumberSetTable)
+        .Under("system.language")
+        .About("Language of the menus"),
+    RECORD(ValueSetCfg, splitTime, kNumberSetTable)
+        .Under("splite_time")
+        .About("Length of one file"),
+    RECORD(ValueSetCfg, lapseInterval, kNumberSetTable)
+        .Under("record.lapse.interval")
+        .About("Time between two frames of a time lapse"),
+    RECORD(ValueSetCfg, recordType, kNumberSetTable)
+        .Under("record.type")
+        .About("Type of the recording"),
+    RECORD(ValueSetCfg, photoType, kNumberSetTable).Under("photo.type").About("Kind of photo"),
     RECORD(ValueSetCfg, singlePhotoFormat, kNumberSetTable)
-        .Under("cam.%u.singlephoto.outputformat"),
-    RECORD(ValueSetCfg, lapsePhotoInterval, kNumberSetTable).Under("cam.%u.lapsephoto.interval"),
+        .Under("cam.%u.singlephoto.outputformat")
+        .About("Format of single photos"),
+    RECORD(ValueSetCfg, lapsePhotoInterval, kNumberSetTable)
+        .Under("cam.%u.lapsephoto.interval")
+        .About("Time between two photos of a time lapse"),
     RECORD(ValueSetCfg, burst, kBurstValueSetsTable),
-    RESERVED(ValueSetCfg, unused),
+    RESERVED(ValueSetCfg, unused).About("A set that no setting has"),
 };
 
 namespace {

@@ -20,14 +20,14 @@ inline constexpr std::size_t kValueSetCamCount = 1;
 /// Bursts of one camera: the media modes for bursts, and the burst types of each. 1804 bytes.
 struct BurstValueSets {
     MediaModeSet mediaMode;
-    NumberSet types[kValueCount];  ///< as many as there are media modes, one each
+    NumberSet types[kValueCount];
 };
 static_assert(sizeof(BurstValueSets) == 1804);
 
 /// The section: 34 sets of 164 bytes, in slots 0 to 33. 5576 bytes.
 struct ValueSetCfg {
     NumberSet payloadType[kValueSetCamCount];
-    NumberSet dormant;  ///< seconds in the module, milliseconds here
+    NumberSet dormant;
     NumberSet brightness;
     MediaModeSet recordMediaMode[kValueSetCamCount];
     MediaModeSet photoMediaMode[kValueSetCamCount];
@@ -45,7 +45,7 @@ struct ValueSetCfg {
     NumberSet splitTime;
     NumberSet lapseInterval;
     NumberSet recordType;
-    std::byte unused[164];  ///< a set that no setting has
+    std::byte unused[164];
     NumberSet photoType;
     NumberSet singlePhotoFormat[kValueSetCamCount];
     NumberSet lapsePhotoInterval[kValueSetCamCount];

@@ -12,30 +12,43 @@ constexpr char kEntryNode[] = "%s.%u";
 constexpr char kDisplayNode[] = "%s.display.%u";  // below the entry's
 
 constexpr Field kOsdDisplayFields[] = {
-    FIELD(OsdDisplayCfg, show, "show", 0),
-    FIELD(OsdDisplayCfg, bindModule, "bind_module", 0),
-    FIELD(OsdDisplayCfg, moduleHandle, "modhdl", 0),
-    FIELD(OsdDisplayCfg, channelHandle, "chnhdl", 0),
-    FIELD(OsdDisplayCfg, startX, "start_x", 0),
-    FIELD(OsdDisplayCfg, startY, "start_y", 0),
-    FIELD(OsdDisplayCfg, foregroundAlpha, "fg_alpha", 0),
-    FIELD(OsdDisplayCfg, backgroundAlpha, "bg_alpha", 0),
-    FIELD(OsdDisplayCfg, batch, "batch", 0),
-    RESERVED(OsdDisplayCfg, reserved24),
-    RESERVED(OsdDisplayCfg, reserved36),
+    FIELD(OsdDisplayCfg, show, "show", 0).About("The overlay is drawn into this picture"),
+    FIELD(OsdDisplayCfg, bindModule, "bind_module", 0)
+        .About("Number of the firmware module that draws it"),
+    FIELD(OsdDisplayCfg, moduleHandle, "modhdl", 0).About("Group of that module"),
+    FIELD(OsdDisplayCfg, channelHandle, "chnhdl", 0).About("Port of that group"),
+    FIELD(OsdDisplayCfg, startX, "start_x", 0)
+        .About("Left edge; below 0: counted from the right")
+        .Unit("px"),
+    FIELD(OsdDisplayCfg, startY, "start_y", 0)
+        .About("Upper edge; below 0: counted from below")
+        .Unit("px"),
+    FIELD(OsdDisplayCfg, foregroundAlpha, "fg_alpha", 0).About("Opacity of the text"),
+    FIELD(OsdDisplayCfg, backgroundAlpha, "bg_alpha", 0).About("Opacity of the background"),
+    FIELD(OsdDisplayCfg, batch, "batch", 0).About("Overlays of one batch are changed together"),
+    RESERVED(OsdDisplayCfg, reserved24).About("Reserved"),
+    RESERVED(OsdDisplayCfg, reserved36).About("Reserved"),
 };
 
 constexpr TableOf<OsdDisplayCfg> kOsdDisplayTable{kDisplayNode, kOsdDisplayFields};
 
 constexpr Field kOsdEntryFields[] = {
-    LOADED(OsdEntryCfg, type, "type", 4),
-    FIELD(OsdEntryCfg, timeFormat, "timefmt", 0),
-    FIELD(OsdEntryCfg, text, "string"),
-    FIELD(OsdEntryCfg, color, "color", 0),
-    FIELD(OsdEntryCfg, backgroundColor, "bg_color", 0),
-    FIELD(OsdEntryCfg, bitmapWidth, "bmp_width", 0),
-    FIELD(OsdEntryCfg, bitmapHeight, "bmp_height", 0),
-    FIELD(OsdEntryCfg, displayCount, "dispnum", 0),
+    LOADED(OsdEntryCfg, type, "type", 4)
+        .About("What the overlay shows")
+        .Numbers("0 date and time, 1 fixed text, 2 bitmap, 3 speed and position, 4 nothing"),
+    FIELD(OsdEntryCfg, timeFormat, "timefmt", 0)
+        .About("Format of the date")
+        .Numbers("0 YYYY-MM-DD, 1 DD.MM.YYYY, 2 MM/DD/YYYY"),
+    FIELD(OsdEntryCfg, text, "string").About("The text, or the file name of the bitmap"),
+    FIELD(OsdEntryCfg, color, "color", 0).About("Colour: red * 65536 + green * 256 + blue"),
+    FIELD(OsdEntryCfg, backgroundColor, "bg_color", 0)
+        .About("Background colour: red * 65536 + green * 256 + blue"),
+    FIELD(OsdEntryCfg, bitmapWidth, "bmp_width", 0).About("Width of the drawing area").Unit("px"),
+    FIELD(OsdEntryCfg, bitmapHeight, "bmp_height", 0)
+        .About("Height of the drawing area")
+        .Unit("px"),
+    FIELD(OsdEntryCfg, displayCount, "dispnum", 0)
+        .About("Number of pictures that it is drawn into, as read"),
     RECORD(OsdEntryCfg, displays, kOsdDisplayTable)
         .CountedBy(offsetof(OsdEntryCfg, displayCount), CountBeyond::kClamped),
 };
@@ -43,11 +56,13 @@ constexpr Field kOsdEntryFields[] = {
 constexpr TableOf<OsdEntryCfg> kOsdEntryTable{kEntryNode, kOsdEntryFields};
 
 constexpr Field kOsdFields[] = {
-    FIELD(OsdCfg, count, "osdcnt", 0),
-    FIELD(OsdCfg, baseFontWidth, "base_font_w", 0),
-    FIELD(OsdCfg, baseFontHeight, "base_font_h", 0),
-    FIELD(OsdCfg, baseWidth, "base_res_w", 0),
-    FIELD(OsdCfg, baseHeight, "base_res_h", 0),
+    FIELD(OsdCfg, count, "osdcnt", 0).About("Number of overlays, as read"),
+    FIELD(OsdCfg, baseFontWidth, "base_font_w", 0).About("Width of the base font").Unit("px"),
+    FIELD(OsdCfg, baseFontHeight, "base_font_h", 0).About("Height of the base font").Unit("px"),
+    FIELD(OsdCfg, baseWidth, "base_res_w", 0)
+        .About("Width of the base resolution, which fonts and positions refer to")
+        .Unit("px"),
+    FIELD(OsdCfg, baseHeight, "base_res_h", 0).About("Height of the base resolution").Unit("px"),
     RECORD(OsdCfg, entries, kOsdEntryTable)
         .CountedBy(offsetof(OsdCfg, count), CountBeyond::kClamped),
 };

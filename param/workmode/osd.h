@@ -21,16 +21,16 @@ inline constexpr std::uint32_t kOsdDisplayCountMax = 4;
 /// One display that an overlay is shown on. 44 bytes.
 struct OsdDisplayCfg {
     Bool32 show;
-    std::int32_t bindModule;     ///< number of the firmware module that draws it
-    std::int32_t moduleHandle;   ///< group of that module
-    std::int32_t channelHandle;  ///< port of that group
+    std::int32_t bindModule;
+    std::int32_t moduleHandle;
+    std::int32_t channelHandle;
     std::uint32_t foregroundAlpha;
     std::uint32_t backgroundAlpha;
     std::byte reserved24[4];
-    std::int32_t startX;  ///< pixels of the base resolution; below 0: from the right edge
-    std::int32_t startY;  ///< pixels of the base resolution; below 0: from the lower edge
+    std::int32_t startX;
+    std::int32_t startY;
     std::byte reserved36[4];
-    std::uint32_t batch;  ///< overlays of one batch are changed together
+    std::uint32_t batch;
 };
 static_assert(sizeof(OsdDisplayCfg) == 44);
 static_assert(offsetof(OsdDisplayCfg, startX) == 28);
@@ -44,8 +44,8 @@ struct OsdEntryCfg {
     std::uint32_t color;
     std::uint32_t backgroundColor;
     char text[64];
-    std::uint32_t bitmapWidth;   ///< pixels
-    std::uint32_t bitmapHeight;  ///< pixels
+    std::uint32_t bitmapWidth;
+    std::uint32_t bitmapHeight;
     OsdDisplayCfg displays[kOsdDisplayCountMax];
 };
 static_assert(sizeof(OsdEntryCfg) == 268);
@@ -54,10 +54,10 @@ static_assert(offsetof(OsdEntryCfg, displays) == 92);
 
 /// The overlays of a work mode. 4308 bytes.
 struct OsdCfg {
-    std::uint32_t count;           ///< as read, even when beyond the entries below
-    std::uint32_t baseFontWidth;   ///< pixels of the base resolution
-    std::uint32_t baseFontHeight;  ///< pixels of the base resolution
-    std::uint32_t baseWidth;       ///< base resolution, which fonts and positions refer to
+    std::uint32_t count;  ///< as read, even when beyond the entries below
+    std::uint32_t baseFontWidth;
+    std::uint32_t baseFontHeight;
+    std::uint32_t baseWidth;
     std::uint32_t baseHeight;
     OsdEntryCfg entries[kOsdCountMax];
 };

@@ -17,27 +17,42 @@ constexpr char kBurstNode[] = "phototype.%u.burst";
 constexpr char kNotFormatted[] = "ret = ret = sprintf_s";
 
 constexpr Field kPhotoSourceFields[] = {
-    FIELD(PhotoSourceCfg, enable, "enable", 0),
-    FIELD(PhotoSourceCfg, capturePipe, "vcappipehdl", 0),
-    FIELD(PhotoSourceCfg, pipeChannel, "pipechnhdl", 0),
-    FIELD(PhotoSourceCfg, processingGroup, "vpsshdl", 0),
-    FIELD(PhotoSourceCfg, processingPort, "vporthdl", 0),
-    FIELD(PhotoSourceCfg, encoder, "venchdl", 0),
-    FIELD(PhotoSourceCfg, thumbnailEncoder, "thumbnail_hdl", 0),
+    FIELD(PhotoSourceCfg, enable, "enable", 0).About("Photos can be taken"),
+    FIELD(PhotoSourceCfg, capturePipe, "vcappipehdl", 0).About("Handle of the capture pipe"),
+    FIELD(PhotoSourceCfg, pipeChannel, "pipechnhdl", 0).About("Handle of its channel"),
+    FIELD(PhotoSourceCfg, processingGroup, "vpsshdl", 0).About("Handle of the processing group"),
+    FIELD(PhotoSourceCfg, processingPort, "vporthdl", 0).About("Handle of its port"),
+    FIELD(PhotoSourceCfg, encoder, "venchdl", 0).About("Handle of the encoder"),
+    FIELD(PhotoSourceCfg, thumbnailEncoder, "thumbnail_hdl", 0)
+        .About("Handle of the encoder of the thumbnail"),
 };
 
 constexpr Field kPhotoBurstFields[] = {
-    QUERY(PhotoBurstCfg, mediaMode, "mediamode"),
-    FIELD(PhotoBurstCfg, type, "burst_type", 0).Label("LoadIntValueByNodePrefix"),
+    QUERY(PhotoBurstCfg, mediaMode, "mediamode").About("Media mode of bursts"),
+    FIELD(PhotoBurstCfg, type, "burst_type", 0)
+        .Label("LoadIntValueByNodePrefix")
+        .Numbers(
+            "0 3 in 1, 1 5 in 1, 2 10 in 1, 3 15 in 1, 4 30 in 1, 5 20 in 2, 6 30 in 2, 7 30 in 3")
+        .About("Shots in seconds")
+        .Numbers(
+            "0 3 in 1, 1 5 in 1, 2 10 in 1, 3 15 in 1, 4 30 in 1, 5 20 in 2, 6 30 in 2, 7 30 in 3"),
 };
 
 constexpr TableOf<PhotoSourceCfg> kPhotoSourceTable{nullptr, kPhotoSourceFields};
 constexpr TableOf<PhotoBurstCfg> kPhotoBurstTable{nullptr, kPhotoBurstFields};
 
 constexpr Field kPhotoTypeFields[] = {
-    FIELD(PhotoTypeCfg, type, "type", 0),
-    FIELD(PhotoTypeCfg, singleOutputFormat, "outputformat", 0).Under(kSingleNode),
-    FIELD(PhotoTypeCfg, lapseInterval, "interval_time", 0).Under(kLapseNode),
+    FIELD(PhotoTypeCfg, type, "type", 0)
+        .About("Kind of photo that the mode starts with")
+        .Numbers("0 single, 1 time lapse, 2 burst"),
+    FIELD(PhotoTypeCfg, singleOutputFormat, "outputformat", 0)
+        .Under(kSingleNode)
+        .About("Format of single photos")
+        .Numbers("0 JPEG, 1 raw, 2 both"),
+    FIELD(PhotoTypeCfg, lapseInterval, "interval_time", 0)
+        .Under(kLapseNode)
+        .About("Time between two photos")
+        .Unit("s"),
     RECORD(PhotoTypeCfg, burst, kPhotoBurstTable).Under(kBurstNode),
 };
 
@@ -54,7 +69,7 @@ constexpr Field kPhotoWorkModeFields[] = {
     RECORD(PhotoWorkModeCfg, mediaMode, kCamMediaModeTable).Under(kMediaModeConfigNode),
     RECORD(PhotoWorkModeCfg, photo, kPhotoTable),
     RECORD(PhotoWorkModeCfg, osd, kOsdTable).Under(kOsdNode),
-    RESERVED(PhotoWorkModeCfg, reserved),
+    RESERVED(PhotoWorkModeCfg, reserved).About("Reserved"),
 };
 
 constexpr TableOf<PhotoWorkModeCfg> kPhotoWorkModeTable{nullptr, kPhotoWorkModeFields};

@@ -33,8 +33,7 @@ static_assert(sizeof(PhotoSourceCfg) == 28);
 /// Photos in quick succession. 8 bytes.
 struct PhotoBurstCfg {
     MediaMode mediaMode;  ///< left as it is when the key is absent
-    std::int32_t type;    ///< shots in seconds: 0 = 3 in 1, 1 = 5 in 1, 2 = 10 in 1, 3 = 15 in 1,
-                          ///< 4 = 30 in 1, 5 = 20 in 2, 6 = 30 in 2, 7 = 30 in 3
+    std::int32_t type;
 };
 static_assert(sizeof(PhotoBurstCfg) == 8);
 
@@ -42,7 +41,7 @@ static_assert(sizeof(PhotoBurstCfg) == 8);
 struct PhotoTypeCfg {
     std::int32_t type;
     std::int32_t singleOutputFormat;
-    std::uint32_t lapseInterval;  ///< seconds
+    std::uint32_t lapseInterval;
     PhotoBurstCfg burst;
 };
 static_assert(sizeof(PhotoTypeCfg) == 20);

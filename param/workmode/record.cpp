@@ -17,50 +17,82 @@ constexpr char kNormalNode[] = "normal.%d";
 constexpr char kFileNode[] = "%s.filenum.%u.fileattr";
 
 constexpr Field kRecCommFields[] = {
-    CONSTANT(RecCommCfg, muxerType, 0),
-    QUERY(RecCommCfg, thumbnailType, "thm_type", 0).At("record.common"),
-    QUERY(RecCommCfg, repairUnit, "repaire_unit", 0).At("record.common"),
-    QUERY(RecCommCfg, preAllocUnit, "pre_alloc_unit", 0).At("record.common"),
+    CONSTANT(RecCommCfg, muxerType, 0)
+        .About("Format of the files; always 0")
+        .Numbers("0 mp4, 1 mov, 2 ts"),
+    QUERY(RecCommCfg, thumbnailType, "thm_type", 0)
+        .At("record.common")
+        .About("Where the thumbnail is")
+        .Numbers("0 a file of its own, 1 embedded in the video, 2 none"),
+    QUERY(RecCommCfg, repairUnit, "repaire_unit", 0)
+        .At("record.common")
+        .About("Data after which repair information is written")
+        .Unit("KB"),
+    QUERY(RecCommCfg, preAllocUnit, "pre_alloc_unit", 0)
+        .At("record.common")
+        .About("Step by which an open file grows")
+        .Unit("MB"),
 };
 
 constexpr Field kRecFileFields[] = {
-    FIELD(RecFileCfg, videoEncoderCount, "venccnt", 0),
+    FIELD(RecFileCfg, videoEncoderCount, "venccnt", 0)
+        .About("Number of video encoders of the file, as read"),
     QUERY(RecFileCfg, videoEncoders, "venc_hdl%u", 0)
-        .CountedBy(offsetof(RecFileCfg, videoEncoderCount), CountBeyond::kClamped),
+        .CountedBy(offsetof(RecFileCfg, videoEncoderCount), CountBeyond::kClamped)
+        .About("Handle of a video encoder"),
     QUERY(RecFileCfg, recordBufferTimes, "recbuffer_time%u", 0)
-        .CountedBy(offsetof(RecFileCfg, videoEncoderCount), CountBeyond::kClamped),
-    FIELD(RecFileCfg, audioEncoderCount, "aenccnt", 0),
+        .CountedBy(offsetof(RecFileCfg, videoEncoderCount), CountBeyond::kClamped)
+        .About("Time that is kept in memory of its stream")
+        .Unit("ms"),
+    FIELD(RecFileCfg, audioEncoderCount, "aenccnt", 0)
+        .About("Number of audio encoders of the file, as read"),
     QUERY(RecFileCfg, audioEncoders, "aenc_hdl%u", 0)
-        .CountedBy(offsetof(RecFileCfg, audioEncoderCount), CountBeyond::kClamped),
-    FIELD(RecFileCfg, thumbnailEncoder, "thumbnail_hdl", 0),
-    RESERVED(RecFileCfg, reserved8),
-    RESERVED(RecFileCfg, audioEncoder1),
+        .CountedBy(offsetof(RecFileCfg, audioEncoderCount), CountBeyond::kClamped)
+        .About("Handle of the audio encoder"),
+    FIELD(RecFileCfg, thumbnailEncoder, "thumbnail_hdl", 0)
+        .About("Handle of the encoder of the thumbnail"),
+    RESERVED(RecFileCfg, reserved8).About("Reserved"),
+    RESERVED(RecFileCfg, audioEncoder1).About("Room for a second audio encoder, never used"),
 };
 
 constexpr TableOf<RecCommCfg> kRecCommTable{nullptr, kRecCommFields};
 constexpr TableOf<RecFileCfg> kRecFileTable{kFileNode, kRecFileFields};
 
 constexpr Field kRecAttrFields[] = {
-    FIELD(RecAttrCfg, enable, "enable", 0),
-    FIELD(RecAttrCfg, splitType, "split_type", 0),
-    FIELD(RecAttrCfg, splitTime, "split_time", 0),
-    FIELD(RecAttrCfg, preRecordTime, "prerec_time", 0),
-    FIELD(RecAttrCfg, playFrameRate, "playfps", 0),
-    FIELD(RecAttrCfg, recordType, "record_type", 0),
-    FIELD(RecAttrCfg, lapseInterval, "lapse_interval", 0),
-    FIELD(RecAttrCfg, slowPlayFrameRate, "slowrec_playfps", 0),
-    FIELD(RecAttrCfg, fileCount, "filecnt", 0),
-    FIELD(RecAttrCfg, thumbnailCount, "thmcnt", 0),
+    FIELD(RecAttrCfg, enable, "enable", 0).About("Recording is on"),
+    FIELD(RecAttrCfg, splitType, "split_type", 0).About("When a new file begins"),
+    FIELD(RecAttrCfg, splitTime, "split_time", 0).About("Length of a file").Unit("s"),
+    FIELD(RecAttrCfg, preRecordTime, "prerec_time", 0)
+        .About("Time that is kept from before the start")
+        .Unit("ms"),
+    FIELD(RecAttrCfg, playFrameRate, "playfps", 0)
+        .About("Frame rate of time lapse files")
+        .Unit("fps"),
+    FIELD(RecAttrCfg, recordType, "record_type", 0)
+        .About("Type of the recording")
+        .Numbers("0 loop, 1 time lapse, 2 loop with events"),
+    FIELD(RecAttrCfg, lapseInterval, "lapse_interval", 0)
+        .About("Time between two frames of a time lapse")
+        .Unit("ms"),
+    FIELD(RecAttrCfg, slowPlayFrameRate, "slowrec_playfps", 0)
+        .About("Frame rate of slow motion files")
+        .Unit("fps"),
+    FIELD(RecAttrCfg, fileCount, "filecnt", 0)
+        .About("Number of files that are written side by side, as read"),
+    FIELD(RecAttrCfg, thumbnailCount, "thmcnt", 0).About("Number of thumbnail encoders, as read"),
     LOADED(RecAttrCfg, thumbnailHandles, "thmhdl%u", 0)
-        .CountedBy(offsetof(RecAttrCfg, thumbnailCount), CountBeyond::kSpilling),
+        .CountedBy(offsetof(RecAttrCfg, thumbnailCount), CountBeyond::kSpilling)
+        .About("Handle of a thumbnail encoder"),
     RECORD(RecAttrCfg, files, kRecFileTable)
         .CountedBy(offsetof(RecAttrCfg, fileCount), CountBeyond::kClamped),
     QUERY(RecAttrCfg, receiveBufferSizes, "recvbuf_size", 0)
         .Under(kFileNode)
-        .CountedBy(offsetof(RecAttrCfg, fileCount), CountBeyond::kClamped),
-    RESERVED(RecAttrCfg, reserved4),
-    RESERVED(RecAttrCfg, reserved16),
-    RESERVED(RecAttrCfg, reserved156),
+        .CountedBy(offsetof(RecAttrCfg, fileCount), CountBeyond::kClamped)
+        .About("Size of the buffer between the encoders and the file")
+        .Unit("KB"),
+    RESERVED(RecAttrCfg, reserved4).About("Reserved"),
+    RESERVED(RecAttrCfg, reserved16).About("Reserved"),
+    RESERVED(RecAttrCfg, reserved156).About("Reserved"),
 };
 
 constexpr TableOf<RecAttrCfg> kRecAttrTable{nullptr, kRecAttrFields};
@@ -71,8 +103,8 @@ constexpr Field kRecWorkModeFields[] = {
     RECORD(RecWorkModeCfg, comm, kRecCommTable),
     RECORD(RecWorkModeCfg, photoSource, kPhotoSourceTable).Under(kSourceNode),
     RECORD(RecWorkModeCfg, normal, kRecAttrTable).Under(kNormalNode),
-    RESERVED(RecWorkModeCfg, reserved4332),
-    RESERVED(RecWorkModeCfg, reserved4364),
+    RESERVED(RecWorkModeCfg, reserved4332).About("Reserved"),
+    RESERVED(RecWorkModeCfg, reserved4364).About("Reserved"),
 };
 
 namespace {

@@ -28,8 +28,8 @@ inline constexpr std::uint32_t kRecVencCountMax = 2;
 
 /// Settings of every recorded file. 16 bytes.
 struct RecCommCfg {
-    std::int32_t muxerType;      ///< 0 = mp4, 1 = mov, 2 = ts; always 0
-    std::int32_t thumbnailType;  ///< 0 = independent, 1 = embedded, 2 = none
+    std::int32_t muxerType;
+    std::int32_t thumbnailType;
     std::uint32_t repairUnit;
     std::uint32_t preAllocUnit;
 };
@@ -41,9 +41,9 @@ struct RecFileCfg {
     std::uint32_t audioEncoderCount;  ///< as read, even when above 1
     std::byte reserved8[4];
     std::int32_t videoEncoders[kRecVencCountMax];
-    std::int32_t recordBufferTimes[kRecVencCountMax];  ///< of each video encoder
-    std::int32_t audioEncoders[1];                     ///< a file has one at most
-    std::byte audioEncoder1[4];                        ///< room of a second one, never used
+    std::int32_t recordBufferTimes[kRecVencCountMax];
+    std::int32_t audioEncoders[1];
+    std::byte audioEncoder1[4];
     std::int32_t thumbnailEncoder;
 };
 static_assert(sizeof(RecFileCfg) == 40);
@@ -57,12 +57,12 @@ struct RecAttrCfg {
     std::int32_t splitType;
     std::uint32_t splitTime;
     std::byte reserved16[8];
-    std::uint32_t preRecordTime;  ///< ms
-    std::uint32_t fileCount;      ///< as read, even when beyond the files below
+    std::uint32_t preRecordTime;
+    std::uint32_t fileCount;  ///< as read, even when beyond the files below
     RecFileCfg files[kRecFileCountMax];
     std::uint32_t thumbnailCount;      ///< as read, even when beyond the handles below
     std::int32_t thumbnailHandles[4];  ///< further ones overwrite what follows
-    std::int32_t receiveBufferSizes[kRecFileCountMax];  ///< of each file
+    std::int32_t receiveBufferSizes[kRecFileCountMax];
     std::int32_t playFrameRate;
     std::int32_t recordType;
     std::uint32_t lapseInterval;

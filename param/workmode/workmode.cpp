@@ -7,8 +7,11 @@
 namespace paramgen {
 
 constexpr Field kCommWorkModeFields[] = {
-    QUERY(CommWorkModeCfg, powerOnMode, "poweron_workmode", 0).At("common"),
-    RESERVED(CommWorkModeCfg, reserved),
+    QUERY(CommWorkModeCfg, powerOnMode, "poweron_workmode", 0)
+        .At("common")
+        .About("Work mode at power-on")
+        .Numbers("0 normal record, 1 photo"),
+    RESERVED(CommWorkModeCfg, reserved).About("Reserved"),
 };
 
 constexpr TableOf<CommWorkModeCfg> kCommWorkModeTable{nullptr, kCommWorkModeFields};

@@ -16,7 +16,7 @@ namespace paramgen {
 
 /// What the camera does when it gets power. 8 bytes.
 struct CommWorkModeCfg {
-    std::int32_t powerOnMode;  ///< 0 = normal record, 1 = photo
+    std::int32_t powerOnMode;
     std::byte reserved[4];
 };
 static_assert(sizeof(CommWorkModeCfg) == 8);

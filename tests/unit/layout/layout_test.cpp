@@ -129,6 +129,43 @@ TEST(Layout, DormantTimesAreMultipliedAndTheirCountIsNot) {
     EXPECT_EQ(At(set + 4 + 12).times, 1000U);
 }
 
+TEST(Layout, EveryValueIsDescribedInOneLine) {
+    for (const Value& value : Values()) {
+        const std::string about = value.About();
+        EXPECT_NE(about, "") << value.member;
+        EXPECT_LE(about.size(), 80U) << value.member;
+        EXPECT_EQ(about.find('\n'), std::string::npos) << value.member;
+        EXPECT_TRUE(about.empty() || about.back() != '.') << value.member;
+    }
+}
+
+TEST(Layout, AValueHasItsUnitAndTheMeaningOfItsNumbers) {
+    const Value& time = At(16 + 8 + 4368 + 24);
+    EXPECT_EQ(time.member, "workMode.record.normal[0].preRecordTime");
+    EXPECT_EQ(time.Unit(), "ms");
+    EXPECT_EQ(time.Numbers(), "");
+    const Value& format = At(9648 + 16 + 440 + 48 + 32);
+    EXPECT_EQ(format.member, "cam[0].record.vproc[0].vports[0].videoFormat");
+    EXPECT_EQ(format.Unit(), "");
+    EXPECT_EQ(format.Numbers(), "0 linear, 1 tile, 2 tile64");
+    EXPECT_EQ(At(24344 + 164 * 5).context, "Volume of the loudspeaker");
+}
+
+TEST(Layout, NamedNumbersHaveTheirNamesBothWays) {
+    const NameTable* modes = NamesOf(At(9648 + 3512));
+    ASSERT_NE(modes, nullptr);
+    EXPECT_EQ(AllNames(*modes).size(), 54U);
+    EXPECT_EQ(NameOf(*modes, 53), "QX_PARAM_MEDIAMODE_PLAYBACK");
+    EXPECT_EQ(NameOf(*modes, 54), "");
+    EXPECT_EQ(NumberOf(*modes, "QX_PARAM_MEDIAMODE_1080P_30"), 7);
+    EXPECT_EQ(NumberOf(*modes, "qx_PARAM_MEDIAMODE_1080P_30"), std::nullopt);
+    const NameTable* matrices = NamesOf(At(8928 + 416 + 16));
+    ASSERT_NE(matrices, nullptr);
+    EXPECT_EQ(AllNames(*matrices).size(), 9U);
+    EXPECT_EQ(NameOf(*matrices, 17), "QX_MAPI_DISP_CSC_MATRIX_BT601FULL_TO_RGBFULL");
+    EXPECT_EQ(NamesOf(At(24316)), nullptr);
+}
+
 TEST(Layout, KeysAreFoundByTheirNameInAnyCase) {
     EXPECT_THAT(FoundMembers("devmng/gsensor:sensitivity"),
                 ElementsAre("devMng.gsensor.sensitivity"));
