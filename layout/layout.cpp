@@ -228,7 +228,7 @@ std::string Words(const Condition& condition) {
                                               : "when " + first + " to " + last + " are there";
         }
         case ConditionKind::kOptionalModule:
-            return "when the product has the module";
+            return "when the product has " + condition.module;
         case ConditionKind::kSearchedModule:
             return "from the first of the modules whose " + std::string(condition.search->key) +
                    " is that of " + ValueAt(condition.wanted)->module;

@@ -27,7 +27,7 @@ std::string Text(const KeyName& name);
 enum class ConditionKind : std::uint8_t {
     kCounted,         ///< the value at `count` is above `number`
     kLeading,         ///< all of `keys` are there; the value at `count` says how many lead
-    kOptionalModule,  ///< the product has the value's module
+    kOptionalModule,  ///< the product has `module`
     kSearchedModule,  ///< one of the value's modules names the media mode at `wanted`
 };
 
@@ -46,6 +46,9 @@ struct Condition {
 
     // kLeading
     std::vector<KeyName> keys;  ///< of the elements before this one
+
+    // kOptionalModule
+    std::string module;
 
     // kSearchedModule
     std::uint32_t wanted = 0;              ///< offset of the media mode that is looked for

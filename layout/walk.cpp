@@ -95,6 +95,7 @@ void EnterModule(const Field& field, Place* place) {
         if (field.notes.optionalModule) {
             Condition condition;
             condition.kind = ConditionKind::kOptionalModule;
+            condition.module = place->module.real;
             place->conditions.push_back(condition);
         }
     }
