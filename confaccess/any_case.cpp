@@ -1,5 +1,7 @@
 #include "confaccess/any_case.h"
 
+#include <sys/auxv.h>
+
 #include "safestr/short_text.h"
 
 // Thousands of keys are hashed and compared: by words, that takes a third of the time.
@@ -22,26 +24,61 @@ bool IsSame(Word a, Word b) {
     return a == b || ToLower(a) == ToLower(b);
 }
 
+/// Twice as many bits as a word has.
+#ifdef __SIZEOF_INT128__
+__extension__ using DoubleWord = unsigned __int128;
+#else
+using DoubleWord = std::uint64_t;
+#endif
+static_assert(sizeof(DoubleWord) == 2 * sizeof(Word));
+
+/// What hashes depend on besides the texts.
+struct Secret {
+    Word start;
+    Word factor;
+};
+
+/// Made of random bytes that the system gives each process at its start: it takes no system call.
+Secret NewSecret() {
+    Secret secret = {.start = 0, .factor = static_cast<Word>(0x9E3779B97F4A7C15U)};
+    const auto* random = reinterpret_cast<const void*>(getauxval(AT_RANDOM));  // 16 bytes
+    if (random != nullptr) {
+        std::memcpy(&secret, random, sizeof secret);
+    }
+    secret.factor |= 1;
+    return secret;
+}
+
+const Secret g_secret = NewSecret();
+
 Word Mix(Word hash, Word word) {
-    // With this bit set, letters are the same in either case. Other characters that become the same
-    // are rare in keys, and told apart when they are compared.
-    const Word anyCase = word | EachByte(0x20);
-    constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15U;
-    hash = (hash ^ anyCase) * static_cast<Word>(kGoldenRatio);
-    return hash ^ hash >> (sizeof hash * 4);
+    // Of a product's lower half alone, the low bits would depend on low bits alone, whatever the
+    // factor: a difference in high bits could be made up for by the next word.
+    const DoubleWord product = DoubleWord{hash ^ word} * g_secret.factor;
+    return static_cast<Word>(product) ^ static_cast<Word>(product >> (8 * sizeof(Word)));
+}
+
+/// Hashes a text of which each word is folded first.
+template <typename Fold>
+std::uint32_t Hash(std::string_view text, Fold fold) {
+    const char* at = text.data();
+    std::size_t left = text.size();
+    Word hash = g_secret.start ^ left;
+    for (; left >= sizeof(Word); left -= sizeof(Word)) {
+        hash = Mix(hash, fold(LoadWord(at)));
+        at += sizeof(Word);
+    }
+    return static_cast<std::uint32_t>(left == 0 ? hash : Mix(hash, fold(LoadPart(at, left))));
 }
 
 }  // namespace
 
+std::uint32_t HashOf(std::string_view text) {
+    return Hash(text, [](Word word) { return word; });
+}
+
 std::uint32_t HashInAnyCase(std::string_view text) {
-    const char* at = text.data();
-    std::size_t left = text.size();
-    Word hash = left;
-    for (; left >= sizeof(Word); left -= sizeof(Word)) {
-        hash = Mix(hash, LoadWord(at));
-        at += sizeof(Word);
-    }
-    return static_cast<std::uint32_t>(left == 0 ? hash : Mix(hash, LoadPart(at, left)));
+    return Hash(text, ToLower);
 }
 
 bool SameInAnyCase(const char* a, const char* b, std::size_t count) {

@@ -1,4 +1,4 @@
-/// Texts that are one in any case. ASCII letters alone have cases.
+/// Hashes of texts, and texts that are one in any case. ASCII letters alone have cases.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,11 @@
 
 namespace paramgen {
 
-/// A number for `text`, the same in any case.
+/// A number for `text`, and another one in every process, so that nobody can prepare texts of one
+/// number. Nothing that outlives the process, or is seen outside of it, may depend on it.
+std::uint32_t HashOf(std::string_view text);
+
+/// The same, and texts that are one in any case have the same number.
 std::uint32_t HashInAnyCase(std::string_view text);
 
 /// Whether `count` characters at `a` are those at `b`, in any case.

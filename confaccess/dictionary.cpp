@@ -101,4 +101,10 @@ const char* Dictionary::Get(std::string_view key, const char* defaultValue) cons
     return entry.value == Entry::kNoValue ? nullptr : text_.bytes + entry.value;
 }
 
+std::uint32_t Dictionary::ProbesFor(std::string_view key) const {
+    const std::uint32_t hash = HashInAnyCase(key);
+    const auto last = static_cast<std::uint32_t>(FindSlot(key, hash) - slots_);
+    return ((last - hash) & slotMask_) + 1;
+}
+
 }  // namespace paramgen

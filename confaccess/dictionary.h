@@ -40,6 +40,9 @@ public:
     /// The number of keys.
     std::uint32_t Count() const { return count_; }
 
+    /// How many slots are looked at to find `key` by its hash.
+    std::uint32_t ProbesFor(std::string_view key) const;
+
 private:
     struct Entry;
 

@@ -121,7 +121,7 @@ Status CONFACCESS_InitModule(ConfigEntry* config, std::int32_t number) {
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "Load %s failed\n", module->file);
         return kFailed;
     }
-    ListInsert(&config->modules, module);
+    AddModule(config, module);
     return kOk;
 }
 
@@ -156,7 +156,7 @@ Status CONFACCESS_ModuleInfo(ConfigEntry* config) {
 }
 
 void CONFACCESS_DelModuleList(ConfigEntry* config) {
-    config->lastFound = nullptr;
+    config->moduleTree = nullptr;
     while (!ListIsEmpty(config->modules)) {
         const auto* module = static_cast<ModuleEntry*>(ListTakeFirst(&config->modules));
         // Without a module tag, so the library log drops this record.

@@ -1,5 +1,6 @@
 #include "confaccess/registry.h"
 
+#include "confaccess/any_case.h"
 #include "safestr/short_text.h"
 
 namespace paramgen {
@@ -15,6 +16,16 @@ bool IsName(const char (&entryName)[QX_CONFACCESS_NAME_MAX_LEN], std::string_vie
            SameCharacters(entryName, name.data(), name.size());
 }
 
+/// Where in the tree the module of that name is, or would be.
+ModuleEntry** PlaceOf(ConfigEntry* config, std::string_view name) {
+    ModuleEntry** place = &config->moduleTree;
+    for (std::uint32_t hash = HashOf(name); *place != nullptr && !IsName((*place)->name, name);
+         hash <<= 2) {
+        place = &(*place)->below[hash >> 30];
+    }
+    return place;
+}
+
 }  // namespace
 
 ConfigEntry* FindConfig(std::string_view cfgName) {
@@ -28,17 +39,12 @@ ConfigEntry* FindConfig(std::string_view cfgName) {
 }
 
 ModuleEntry* FindModule(ConfigEntry* config, std::string_view module) {
-    if (config->lastFound != nullptr && IsName(config->lastFound->name, module)) {
-        return config->lastFound;
-    }
-    for (ListLink* link = config->modules.next; link != &config->modules; link = link->next) {
-        ModuleEntry* entry = static_cast<ModuleEntry*>(link);
-        if (IsName(entry->name, module)) {
-            config->lastFound = entry;
-            return entry;
-        }
-    }
-    return nullptr;
+    return *PlaceOf(config, module);
+}
+
+void AddModule(ConfigEntry* config, ModuleEntry* module) {
+    *PlaceOf(config, module->name) = module;
+    ListInsert(&config->modules, module);
 }
 
 }  // namespace paramgen

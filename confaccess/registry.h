@@ -21,6 +21,7 @@ struct ModuleEntry : ListLink {
     char path[QX_CONFACCESS_PATH_MAX_LEN];  ///< its directory, without '/' at the end unless "/"
     char file[QX_CONFACCESS_PATH_MAX_LEN];  ///< its INI file: path, '/' and file name
     const Dictionary* dictionary;
+    ModuleEntry* below[4];  ///< see `ConfigEntry::moduleTree`
 };
 
 /// One registered configuration.
@@ -28,7 +29,7 @@ struct ConfigEntry : ListLink {
     char cfgName[QX_CONFACCESS_NAME_MAX_LEN];
     char configPath[QX_CONFACCESS_PATH_MAX_LEN];  ///< canonical absolute path of the entry file
     ListLink modules;                             ///< `ModuleEntry`s, newest first
-    ModuleEntry* lastFound;  ///< the module that was asked for last, or null: it is asked for often
+    ModuleEntry* moduleTree;  ///< the same by name: at each branch two bits of a name's hash decide
     char entryFile[QX_CONFACCESS_PATH_MAX_LEN];  ///< the path that was parsed
     const Dictionary* entryDictionary;
     pthread_mutex_t lock;  ///< guards the modules and the dictionaries
@@ -40,6 +41,9 @@ ConfigEntry* FindConfig(std::string_view cfgName);
 
 /// The module of that name in `config`, or null; called under the configuration's lock.
 ModuleEntry* FindModule(ConfigEntry* config, std::string_view module);
+
+/// Puts `module`, whose name no other has, at the front of the modules of `config`.
+void AddModule(ConfigEntry* config, ModuleEntry* module);
 
 /// The number of registered configurations.
 extern std::int32_t g_confAccessCount;

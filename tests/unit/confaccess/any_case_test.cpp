@@ -73,5 +73,25 @@ TEST(AnyCase, HashesOfNumberedKeysSpread) {
     EXPECT_GT(slots.size(), 80'000U);
 }
 
+TEST(AnyCase, OtherCharactersThanLettersHaveOneCase) {
+    for (const char* pair : {"@`", "[{", "\\|", "]}", "^~", "_\x7F", "\xC1\xE1", "0\x10"}) {
+        EXPECT_NE(Hash({pair[0]}), Hash({pair[1]})) << pair;
+    }
+}
+
+// Of a text that nobody changes the case of.
+TEST(Hash, EveryCharacterCountsInItsCase) {
+    std::set<std::uint32_t> hashes;
+    for (unsigned number = 0; number < 1024; ++number) {
+        std::string text = "abcdefghij";
+        for (unsigned bit = 0; bit < 10; ++bit) {
+            text[bit] = static_cast<char>(text[bit] - ((number >> bit & 1U) != 0 ? 32 : 0));
+        }
+        hashes.insert(HashOf(text));
+        EXPECT_EQ(HashOf(text), HashOf(std::string(text)));
+    }
+    EXPECT_GT(hashes.size(), 1020U);
+}
+
 }  // namespace
 }  // namespace paramgen::testing

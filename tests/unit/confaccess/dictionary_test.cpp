@@ -48,6 +48,22 @@ protected:
 
     std::uint32_t Count() const { return dictionary_.Count(); }
 
+    /// Makes the dictionary of a section "" with these names. Returns how many slots are looked at
+    /// to find each once.
+    std::uint64_t ProbesForAll(const std::vector<std::string>& names) {
+        for (const std::string& name : names) {
+            Value("", name, "1");
+        }
+        Fill();
+        std::uint64_t probes = 0;
+        for (const std::string& name : names) {
+            EXPECT_STREQ(Get(":" + name, nullptr), "1") << name;
+            probes += dictionary_.ProbesFor(":" + name);
+        }
+        EXPECT_EQ(Count(), names.size());
+        return probes;
+    }
+
 private:
     struct Line {
         std::string section;
@@ -245,6 +261,45 @@ TEST_F(DictionaryTest, TheOtherOfOneHashIsAbsent) {
     Fill();
     EXPECT_EQ(Get(":" + second, nullptr), nullptr);
 }
+
+/// Keys that somebody has prepared so that they come together.
+struct CraftedKeys {
+    std::string what;
+    std::string zero;  ///< a key is made of one of two pieces for each bit of its number
+    std::string one;
+};
+
+class CraftedKeysTest : public DictionaryTest, public ::testing::WithParamInterface<CraftedKeys> {};
+
+TEST_P(CraftedKeysTest, TakeNoMoreProbesThanOthers) {
+    constexpr unsigned kBits = 16;
+    std::vector<std::string> names;
+    for (unsigned number = 0; number < 1U << kBits; ++number) {
+        std::string name;
+        for (unsigned bit = 0; bit < kBits; ++bit) {
+            name += (number >> bit & 1U) != 0 ? GetParam().one : GetParam().zero;
+        }
+        names.push_back(name);
+    }
+    // 2^16 keys and a line behind the last one: 2^17 slots, half of them taken. Found after 1.5 on
+    // average, if hashes are as random as can be.
+    EXPECT_LT(ProbesForAll(names), 1.5 * 1.05 * (1U << kBits));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dictionary, CraftedKeysTest,
+    ::testing::Values(
+        CraftedKeys{.what = "Numbered", .zero = "0", .one = "1"},
+        CraftedKeys{.what = "BesideTheLetters", .zero = "@", .one = "`"},
+        CraftedKeys{.what = "BehindTheLetters", .zero = "^", .one = "~"},
+        // In products of odd factors a difference in a word's top bit alone stays one in the top
+        // bit alone, which the next word can make up for. (A colon stands before the first piece,
+        // so that words end with the pieces' seventh and fifteenth characters.)
+        CraftedKeys{.what = "TopBits", .zero = "sixteen.letters.", .one = "sixtee\xEE.letter\xF3."},
+        CraftedKeys{.what = "TopBitsAndHalves",
+                    .zero = "sixteen.letters.",
+                    .one = "sixtee\xEE.le\xF4ter\xF3."}),
+    [](const auto& test) { return test.param.what; });
 
 TEST_F(DictionaryTest, TextsOfEveryLengthStandBesideEachOther) {
     for (std::size_t length = 0; length < 700; ++length) {

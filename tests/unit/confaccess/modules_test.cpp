@@ -1,10 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
+#include "confaccess/any_case.h"
 #include "confaccess/confaccess.h"
 #include "confaccess/registry.h"
 #include "support/temp_dir.h"
@@ -352,6 +355,52 @@ TEST_F(Modules, FileOf256CharactersIsTooLong) {
         EXPECT_EQ(InitLogged(2, OneModule("m", head + "cfg_filename = a.ini\n")), skipped);
         ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
     }
+}
+
+/// An entry file with modules of these names, all of the same file.
+std::string EntryOf(const std::vector<std::string>& names) {
+    std::string text = "[module]\nmodule_num = " + std::to_string(names.size()) + "\n";
+    for (std::size_t number = 0; number < names.size(); ++number) {
+        text += "module" + std::to_string(number + 1) + " = " + names[number] + "\n";
+    }
+    for (const std::string& name : names) {
+        text += "[" + name + "]\ncfg_filename = a.ini\n";
+    }
+    return text;
+}
+
+TEST_F(Modules, HundredsOfThemAreFoundByName) {
+    std::vector<std::string> names;
+    for (int number = 0; number < 300; ++number) {
+        names.push_back("m" + std::to_string(number));
+    }
+    EXPECT_EQ(Init(EntryOf(names)), (Outcome{0, ""}));
+    for (const std::string& name : names) {
+        ASSERT_NE(Module(name), nullptr) << name;
+        EXPECT_EQ(Module(name)->name, name);
+        EXPECT_EQ(Module(name + "0123"), nullptr) << name;
+    }
+    EXPECT_EQ(Module("M0"), nullptr);
+    EXPECT_EQ(Names(), std::vector<std::string>(names.rbegin(), names.rend()));
+}
+
+TEST_F(Modules, NamesOfOneHashAreToldApart) {
+    // Among numbered names, some tens of thousands are enough for two of one hash.
+    std::map<std::uint32_t, std::string> seen;
+    std::string second;
+    for (unsigned number = 0; second.empty(); ++number) {
+        const std::string name = "m" + std::to_string(number);
+        if (!seen.emplace(HashOf(name), name).second) {
+            second = name;
+        }
+    }
+    const std::string first = seen[HashOf(second)];
+    EXPECT_EQ(Init(EntryOf({first})), (Outcome{0, ""}));
+    EXPECT_EQ(Module(second), nullptr);
+    EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
+    EXPECT_EQ(Init(EntryOf({first, "other", second})), (Outcome{0, ""}));
+    EXPECT_EQ(Module(first)->name, first);
+    EXPECT_EQ(Module(second)->name, second);
 }
 
 TEST_F(Modules, ReleaseOfThemWritesNoRecordOfEachOne) {
