@@ -42,7 +42,7 @@ public:
     void BackTo(const Mark& mark);
 
 private:
-    static constexpr std::size_t kChunkSize = std::size_t{256} * 1024 - sizeof(Chunk);
+    static constexpr std::size_t kChunkSize = std::size_t{64} * 1024 - sizeof(Chunk);
 
     char* NewChunk(std::uint64_t size, int flags);
     void FreeChunksUpTo(const Chunk* last);

@@ -37,7 +37,7 @@ void BufferOutput() {
     if (isatty(STDOUT_FILENO) == 1) {
         return;
     }
-    static char buffer[std::size_t{64} * 1024];
+    static char buffer[std::size_t{32} * 1024];
     std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
 }
 
