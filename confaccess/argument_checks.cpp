@@ -1,19 +1,19 @@
 #include "confaccess/argument_checks.h"
 
 #include <cstdarg>
-#include <cstdio>
 
 #include "confaccess/confaccess.h"
+#include "log/output.h"
 #include "safestr/safestr.h"
 
 namespace paramgen {
 void TellNullArgument(const char* function, CheckLine line, const char* argument) {
-    std::printf("func:%s,line:%d,pointer[%s] is null\n", function, line, argument);
+    PrintOutput("func:%s,line:%d,pointer[%s] is null\n", function, line, argument);
 }
 
 bool IsFalseExpression(bool holds, const char* function, CheckLine line, const char* expression) {
     if (!holds) {
-        std::printf("func:%s,line:%d,expr[%s] false\n", function, line, expression);
+        PrintOutput("func:%s,line:%d,expr[%s] false\n", function, line, expression);
     }
     return !holds;
 }
@@ -59,13 +59,13 @@ bool FormatOrTell(char* dest, std::size_t size, const char* function, CheckLine 
     const int length = vsnprintf_s(dest, size, size - 1, format, args);
     va_end(args);
     if (length == -1) {
-        std::printf("[%s]%d: %s\n", function, line, "snprintf_s");
+        PrintOutput("[%s]%d: %s\n", function, line, "snprintf_s");
     }
     return length != -1;
 }
 
 void TellErrorCode(const char* function, CheckLine line, Status code) {
-    std::printf("func:%s,line:%d,Error Code: [0x%08X]\n\n", function, line,
+    PrintOutput("func:%s,line:%d,Error Code: [0x%08X]\n\n", function, line,
                 static_cast<std::uint32_t>(code));
 }
 

@@ -1,5 +1,4 @@
 #include <climits>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
@@ -11,6 +10,7 @@
 #include "confaccess/registry.h"
 #include "confaccess/watch.h"
 #include "log/library_log.h"
+#include "log/output.h"
 
 namespace paramgen {
 namespace {
@@ -114,7 +114,7 @@ Status ZV_CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
     }
     const Status status = CONFACCESS_Init(cfgName, canonical);
     if (status != kOk) {
-        std::printf("func:%s,line:%d[%s] failed[0x%08X]\n", __func__, 337, "AddCfg",
+        PrintOutput("func:%s,line:%d[%s] failed[0x%08X]\n", __func__, 337, "AddCfg",
                     static_cast<std::uint32_t>(status));
     }
     return status;

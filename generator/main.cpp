@@ -5,6 +5,7 @@
 #include "generator/image.h"
 #include "generator/load.h"
 #include "log/console_log.h"
+#include "log/output.h"
 #include "param/common/param_log.h"
 
 namespace {
@@ -30,17 +31,6 @@ struct Outcome {
     unsigned long written;  ///< bytes
 };
 
-/// Gives standard output a large buffer, unless it is a terminal: there is a record for every
-/// value, and libc's own buffer may be as small as 1 KiB. A terminal keeps its own buffering, so
-/// that each line is seen as soon as it is written.
-void BufferOutput() {
-    if (isatty(STDOUT_FILENO) == 1) {
-        return;
-    }
-    static char buffer[std::size_t{32} * 1024];
-    std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
-}
-
 Outcome WriteImage(const OutputFile& output) {
     std::FILE* file = std::fopen(output.path, "w+b");
     if (file == nullptr) {
@@ -55,7 +45,8 @@ Outcome WriteImage(const OutputFile& output) {
 }  // namespace
 
 int main() {
-    BufferOutput();
+    // There is a record for every value. A terminal shows each line as soon as it is written.
+    const paramgen::HeldOutput held(isatty(STDOUT_FILENO) != 1);
     paramgen::BuildFrame(&g_image);
     paramgen::ConsoleLogSetup(1, 0, paramgen::kConsoleDebug);
     const paramgen::Status status = paramgen::PDT_INIPARAM_LoadCfg();

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "log/output.h"
 #include "log/wall_clock.h"
 #include "safestr/digits.h"
 #include "safestr/plain_format.h"
@@ -37,14 +38,11 @@ const char* OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
 }
 
-/// Room for a record that is gathered and written in one piece, as all but the longest are.
-constexpr std::size_t kRecordSize = 512;
-
 /// The longest names, those of the module and the function together, that are gathered. What else
 /// stands in a prefix fits beside them.
 constexpr std::size_t kNamesMax = 400;
 static_assert(sizeof "\033[m[hh:mm:ss:mmm \033[1;35mFATAL\033[m-]:[4294967295]:" + kNamesMax <
-              kRecordSize);
+              kRecordRoom);
 
 /// Adds a text to a record that ends at `end`. Returns where the record ends then, as do the next.
 char* Append(char* end, std::string_view text) {
@@ -65,20 +63,19 @@ char* AppendTime(char* end) {
     return end + std::max(length, 0);
 }
 
-/// Begins a record in `text` with its prefix. Returns where it ends. Names too long to be gathered
-/// are written by libc, with what stands before them.
-char* Begin(char* text, std::uint32_t level, const char* module, const char* function,
+/// Begins a record in `*text`, a record's room, with its prefix. Returns where it ends. Names too
+/// long for it are printed, behind what stands before them; `*text` is then the room for the rest.
+char* Begin(char** text, std::uint32_t level, std::string_view tag, std::string_view name,
             std::uint32_t line) {
-    const std::string_view tag = module;
-    const std::string_view name = function;
-    char* end = Append(text, "\033[m[");
+    char* end = Append(*text, "\033[m[");
     if (g_settings.timeStamps) {
         end = AppendTime(end);
     }
     end = Append(end, kLevelTexts[level]);
     if (tag.size() + name.size() > kNamesMax) {
-        std::printf("%.*s%s]:%s", static_cast<int>(end - text), text, module, function);
-        end = text;
+        TakeRecord(static_cast<std::size_t>(end - *text));
+        PrintOutput("%s]:%s", tag.data(), name.data());
+        end = *text = RecordRoom();
     } else {
         end = Append(end, tag);
         end = Append(end, "]:");
@@ -93,7 +90,7 @@ char* Begin(char* text, std::uint32_t level, const char* module, const char* fun
 
 void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint32_t level) {
     if (level > kLevelMax) {
-        std::puts("level is invalid");
+        PrintOutput("level is invalid\n");
         return;
     }
     g_settings = {.level = level, .enabled = enabled != 0, .timeStamps = timeStamps != 0};
@@ -112,14 +109,15 @@ void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* funct
     if (level > g_settings.level || !g_settings.enabled) {
         return;
     }
-    char text[kRecordSize];
-    char* const message = Begin(text, level, OrEmpty(module), OrEmpty(function), line);
+    char* text = RecordRoom();
+    char* const message = Begin(&text, level, OrEmpty(module), OrEmpty(function), line);
     const std::size_t prefix = static_cast<std::size_t>(message - text);
     const int length =
-        format == nullptr ? 0 : FormatPlain(message, sizeof text - prefix, format, args);
-    std::fwrite(text, 1, prefix + static_cast<std::size_t>(std::max(length, 0)), stdout);
+        format == nullptr ? 0 : FormatPlain(message, kRecordRoom - prefix, format, args);
+    TakeRecord(prefix + static_cast<std::size_t>(std::max(length, 0)));
     if (length < 0) {
         // Too long, or too special: libc writes the message.
+        FlushOutput();
         std::vprintf(format, args);
     }
 }

@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdio>
 
+#include "log/output.h"
 #include "log/own_message.h"
 #include "log/save_file.h"
 #include "log/wall_clock.h"
@@ -81,7 +82,7 @@ std::int32_t ZV_LOG_PrintfInfo(const char* module, std::int32_t level, const cha
     if (save != nullptr) {
         save(record, static_cast<std::size_t>(prefix) + static_cast<std::size_t>(message));
     }
-    std::printf("%s", record);
+    PrintOutput("%s", record);
     return 0;
 }
 
@@ -93,10 +94,11 @@ std::int32_t ZV_LOG_Printf(const char* module, std::int32_t level, const char* f
         return -1;
     }
     const WallClock now = ReadWallClock();
-    std::printf("[%02d:%02d:%02d:%03lld]", now.hour, now.minute, now.second, now.millisecond);
-    std::printf("[%s] ", module);
+    PrintOutput("[%02d:%02d:%02d:%03lld]", now.hour, now.minute, now.second, now.millisecond);
+    PrintOutput("[%s] ", module);
     std::va_list args;
     va_start(args, format);
+    FlushOutput();
     std::vprintf(format, args);
     va_end(args);
     return 0;

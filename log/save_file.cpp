@@ -5,6 +5,7 @@
 
 #include <cstdio>
 
+#include "log/output.h"
 #include "log/own_message.h"
 #include "safestr/safestr.h"
 
@@ -48,13 +49,13 @@ struct Record {
 
 void Lock() {
     if (pthread_mutex_lock(&g_save.lock) != 0) {
-        std::puts("volog lock fail");
+        PrintOutput("volog lock fail\n");
     }
 }
 
 void Unlock() {
     if (pthread_mutex_unlock(&g_save.lock) != 0) {
-        std::puts("volog unlock fail");
+        PrintOutput("volog unlock fail\n");
     }
 }
 
@@ -98,7 +99,7 @@ std::int32_t LOG_ReOpen(SaveFile* file, const Record& record) {
 std::int32_t LOG_WriteLog(SaveFile* file, const Record& record) {
     struct stat status = {};
     if (stat(file->path, &status) != 0) {
-        std::printf("[%s]%d: (%s) is delete \n", __func__, 292, file->path);
+        PrintOutput("[%s]%d: (%s) is delete \n", __func__, 292, file->path);
         const std::int32_t result = LOG_ReOpen(file, record);
         if (result != 0) {
             PrintOwnMessage(__func__, 294, "reopen filed");
@@ -206,7 +207,7 @@ std::int32_t LOG_CheckFileSize(std::FILE* handle, std::uint32_t* size) {
     }
     const std::int64_t position = std::fseek(handle, 0, SEEK_END) == 0 ? std::ftell(handle) : -1;
     if (position < 0 || position > kPositionMax) {
-        std::puts("ftell failed");
+        PrintOutput("ftell failed\n");
         return kSaveNoSize;
     }
     *size = static_cast<std::uint32_t>(position);
