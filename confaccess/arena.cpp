@@ -6,6 +6,18 @@
 #include <cstring>
 
 namespace paramgen {
+namespace {
+
+/// Pieces of this size and more are asked for in huge pages.
+constexpr std::size_t kHugePage = std::size_t{2} * 1024 * 1024;
+
+/// The size of a piece behind which the next one is aligned.
+std::size_t Aligned(std::size_t size) {
+    constexpr std::size_t kAlignment = 8;
+    return (size + kAlignment - 1) / kAlignment * kAlignment;
+}
+
+}  // namespace
 
 Arena::~Arena() {
     FreeChunksUpTo(nullptr);
@@ -43,6 +55,9 @@ char* Arena::NewChunk(std::uint64_t size, int flags) {
     if (memory == MAP_FAILED) {
         return nullptr;
     }
+    if (whole >= kHugePage) {
+        madvise(memory, whole, MADV_HUGEPAGE);
+    }
     Chunk* chunk = static_cast<Chunk*>(memory);
     *chunk = {.next = chunks_, .size = whole};
     chunks_ = chunk;
@@ -50,11 +65,11 @@ char* Arena::NewChunk(std::uint64_t size, int flags) {
 }
 
 void* Arena::Take(std::uint64_t size) {
-    if (size > kChunkSize / 4) {
+    last_ = nullptr;
+    if (size > left_ && size > kChunkSize / 4) {
         return NewChunk(size, 0);  // the rest of the present one serves smaller pieces
     }
-    const std::size_t taken =
-        (static_cast<std::size_t>(size) + alignof(Chunk) - 1) / alignof(Chunk) * alignof(Chunk);
+    const std::size_t taken = Aligned(static_cast<std::size_t>(size));
     if (taken > left_) {
         // With all of its pages at once: that costs less than each when it is touched first. Of a
         // large piece much may never be touched.
@@ -65,10 +80,18 @@ void* Arena::Take(std::uint64_t size) {
         at_ = chunk;
         left_ = kChunkSize;
     }
-    char* piece = at_;
+    last_ = at_;
     at_ += taken;
     left_ -= taken;
-    return piece;
+    return last_;
+}
+
+void Arena::KeepOfLast(const void* piece, std::size_t size) {
+    if (piece == last_) {
+        char* end = last_ + Aligned(size);
+        left_ += static_cast<std::size_t>(at_ - end);
+        at_ = end;
+    }
 }
 
 }  // namespace paramgen

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace paramgen {
 
@@ -14,6 +15,9 @@ namespace paramgen {
 class Arena {
 public:
     Arena() = default;
+    /// An arena whose first pieces are cut from `memory`, aligned for any number, as long as it
+    /// lasts. These are not zeros.
+    explicit Arena(std::span<char> memory) : at_(memory.data()), left_(memory.size() / 8 * 8) {}
     ~Arena();
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
@@ -21,6 +25,10 @@ public:
     /// A piece of `size` bytes, at least 1 (64 bits even where addresses have 32, so that no sum is
     /// too large), all of them 0, aligned for any number; null when memory runs out.
     void* Take(std::uint64_t size);
+
+    /// Takes back the end of `piece`, the last that was given out: all but `size` bytes. They are
+    /// zeros still.
+    void KeepOfLast(const void* piece, std::size_t size);
 
 private:
     /// The head of a piece of memory that the system gave.
@@ -50,6 +58,7 @@ private:
     Chunk* chunks_ = nullptr;
     char* at_ = nullptr;  ///< what is left of the chunk that pieces are cut from
     std::size_t left_ = 0;
+    char* last_ = nullptr;  ///< the last piece, if it was cut from there
 };
 
 }  // namespace paramgen

@@ -7,98 +7,146 @@
 
 namespace paramgen {
 
-/// Where a key and its value begin in the text. A section has neither name nor value.
-struct Dictionary::Entry {
-    std::uint32_t section;
-    std::uint32_t name;
-    std::uint32_t value;  ///< `kNoValue`: a section
-    std::uint16_t sectionLength;
+/// What a record begins with. Name, value and a NUL follow.
+struct Dictionary::Record {
+    std::uint32_t section;  ///< the place of its section's record: its own, if it is a section's
     std::uint16_t nameLength;
+    std::uint16_t valueLength : 15;
+    std::uint16_t isReplaced : 1;  ///< a later record has the same key
 
-    static constexpr std::uint32_t kNoValue = UINT32_MAX;
+    char* Name() { return reinterpret_cast<char*>(this + 1); }
+    char* Value() { return Name() + nameLength; }
+
+    std::uint32_t Size() const { return SizeOf(std::uint32_t{nameLength} + valueLength); }
+
+    static constexpr std::uint32_t SizeOf(std::uint32_t characters) {
+        const auto size = static_cast<std::uint32_t>(sizeof(Record)) + characters + 1;
+        return (size + kUnit - 1) / kUnit * kUnit;
+    }
+
+    static constexpr std::uint32_t kUnit = 4;  ///< places are multiples of it
 };
 
-bool Dictionary::Create(const Text& text, Arena* arena) {
-    text_ = text;
-    const std::size_t lines = 1 + CountCharacter(text.View(), '\n');
-    // At most three quarters of the slots are taken.
-    const std::size_t slots = std::bit_ceil(lines + lines / 3 + 1);
-    slotMask_ = static_cast<std::uint32_t>(slots - 1);
-    numberMask_ = static_cast<std::uint32_t>(std::bit_ceil(lines + 1) - 1);
-    slots_ = static_cast<Slot*>(arena->Take(std::uint64_t{slots} * sizeof(Slot)));
-    entries_ = static_cast<Entry*>(arena->Take(std::uint64_t{lines} * sizeof(Entry)));
-    return slots_ != nullptr && entries_ != nullptr;
-}
-
-Dictionary::Entry* Dictionary::EntryOf(Slot slot) const {
-    return entries_ + ((slot & numberMask_) - 1);
-}
-
-std::uint32_t Dictionary::PlaceOf(std::string_view part) const {
-    return static_cast<std::uint32_t>(part.data() - text_.bytes);
-}
-
-bool Dictionary::IsKeyOf(const Entry& entry, std::string_view key) const {
-    const char* section = text_.bytes + entry.section;
-    if (entry.value == Entry::kNoValue) {
-        return key.size() == entry.sectionLength && SameInAnyCase(key.data(), section, key.size());
+bool Dictionary::Create(std::string_view text, Arena* arena) {
+    // Each line takes at most what a record takes besides its characters, and so does the section
+    // before the first one, which has no line.
+    const std::size_t lines = 2 + CountCharacter(text, '\n');
+    records_ = static_cast<char*>(
+        arena->Take(std::uint64_t{lines} * Record::SizeOf(Record::kUnit - 1) + text.size()));
+    if (records_ == nullptr) {
+        return false;
     }
-    const std::size_t colon = entry.sectionLength;
-    return key.size() == colon + 1 + entry.nameLength && key[colon] == ':' &&
-           SameInAnyCase(key.data(), section, colon) &&
-           SameInAnyCase(key.data() + colon + 1, text_.bytes + entry.name, entry.nameLength);
+    end_ = RecordAt(0)->Size();
+    next_ = end_;
+    return true;
+}
+
+Dictionary::Record* Dictionary::RecordAt(std::uint32_t place) const {
+    return reinterpret_cast<Record*>(records_ + place);
+}
+
+std::uint32_t Dictionary::PlaceIn(Slot slot) const {
+    return (slot & placeMask_) * Record::kUnit;
+}
+
+Dictionary::Record* Dictionary::Add(std::string_view name, std::string_view value) {
+    Record* record = RecordAt(end_);
+    record->section = section_;
+    record->nameLength = static_cast<std::uint16_t>(name.size());
+    record->valueLength = static_cast<std::uint16_t>(value.size()) & 0x7FFFU;
+    CopyText(record->Name(), name.data(), name.size());
+    CopyText(record->Value(), value.data(), value.size());
+    end_ += record->Size();
+    ++recordCount_;
+    return record;
+}
+
+void Dictionary::AddSection(std::string_view name) {
+    section_ = end_;
+    Add(name, {});
+}
+
+void Dictionary::AddValue(std::string_view name, std::string_view value) {
+    Add(name, value);
+}
+
+bool Dictionary::IsKeyAt(std::uint32_t place, std::string_view key) const {
+    Record* record = RecordAt(place);
+    if (record->isReplaced) {
+        return false;
+    }
+    if (record->section == place) {
+        return key.size() == record->nameLength &&
+               SameInAnyCase(key.data(), record->Name(), key.size());
+    }
+    Record* section = RecordAt(record->section);
+    const std::size_t colon = section->nameLength;
+    return key.size() == colon + 1 + record->nameLength && key[colon] == ':' &&
+           SameInAnyCase(key.data() + colon + 1, record->Name(), record->nameLength) &&
+           SameInAnyCase(key.data(), section->Name(), colon);
 }
 
 /// The slot of `key`, or the free one that it would take.
 Dictionary::Slot* Dictionary::FindSlot(std::string_view key, std::uint32_t hash) const {
     for (std::uint32_t at = hash & slotMask_;; at = (at + 1) & slotMask_) {
         Slot* slot = slots_ + at;
-        if (*slot == 0 || (((*slot ^ hash) & ~numberMask_) == 0 && IsKeyOf(*EntryOf(*slot), key))) {
+        if (*slot == 0 || (((*slot ^ hash) & ~placeMask_) == 0 && IsKeyAt(PlaceIn(*slot), key))) {
             return slot;
         }
     }
 }
 
-/// Puts `entry` where the one of the same key is, or behind the last one.
-void Dictionary::Set(std::string_view key, const Entry& entry) {
+void Dictionary::Index(std::uint32_t place, std::string_view key) {
     const std::uint32_t hash = HashInAnyCase(key);
     Slot* slot = FindSlot(key, hash);
     if (*slot == 0) {
         ++count_;
-        *slot = (hash & ~numberMask_) | count_;
+    } else {
+        RecordAt(PlaceIn(*slot))->isReplaced = 1;
     }
-    *EntryOf(*slot) = entry;
+    *slot = (hash & ~placeMask_) | place / Record::kUnit;
 }
 
-void Dictionary::SetSection(std::string_view section) {
-    Set(section, {.section = PlaceOf(section),
-                  .name = 0,
-                  .value = Entry::kNoValue,
-                  .sectionLength = static_cast<std::uint16_t>(section.size()),
-                  .nameLength = 0});
-}
-
-void Dictionary::SetValue(std::string_view key, std::string_view section, std::string_view name,
-                          std::string_view value) {
-    Set(key, {.section = PlaceOf(section),
-              .name = PlaceOf(name),
-              .value = PlaceOf(value),
-              .sectionLength = static_cast<std::uint16_t>(section.size()),
-              .nameLength = static_cast<std::uint16_t>(name.size())});
-    text_.bytes[PlaceOf(value) + value.size()] = '\0';
+bool Dictionary::Finish(Arena* arena) {
+    arena->KeepOfLast(records_, end_);
+    // At most three quarters of the slots are taken.
+    const std::size_t slots = std::bit_ceil(std::size_t{recordCount_} + recordCount_ / 3 + 1);
+    slotMask_ = static_cast<std::uint32_t>(slots - 1);
+    placeMask_ = std::bit_ceil(end_ / Record::kUnit) - 1;
+    slots_ = static_cast<Slot*>(arena->Take(std::uint64_t{slots} * sizeof(Slot)));
+    if (slots_ == nullptr) {
+        return false;
+    }
+    char key[2 * kNameMax + 1];  // it begins with the present section and a colon
+    std::size_t begin = 1;
+    key[0] = ':';
+    for (std::uint32_t place = next_; place != end_; place += RecordAt(place)->Size()) {
+        Record* record = RecordAt(place);
+        if (record->section == place) {
+            Index(place, {record->Name(), record->nameLength});
+            CopyText(key, record->Name(), record->nameLength);
+            key[record->nameLength] = ':';
+            begin = record->nameLength + std::size_t{1};
+        } else {
+            CopyText(key + begin, record->Name(), record->nameLength);
+            Index(place, {key, begin + record->nameLength});
+        }
+    }
+    return true;
 }
 
 const char* Dictionary::Get(std::string_view key, const char* defaultValue) const {
-    if (next_ >= count_ || !IsKeyOf(entries_[next_], key)) {
+    if (next_ == end_ || !IsKeyAt(next_, key)) {
         const Slot slot = *FindSlot(key, HashInAnyCase(key));
         if (slot == 0) {
             return defaultValue;
         }
-        next_ = (slot & numberMask_) - 1;
+        next_ = PlaceIn(slot);
     }
-    const Entry& entry = entries_[next_];
-    ++next_;
-    return entry.value == Entry::kNoValue ? nullptr : text_.bytes + entry.value;
+    const std::uint32_t place = next_;
+    Record* record = RecordAt(place);
+    next_ += record->Size();
+    return record->section == place ? nullptr : record->Value();
 }
 
 std::uint32_t Dictionary::ProbesFor(std::string_view key) const {

@@ -8,24 +8,21 @@
 #include "confaccess/line_rules.h"
 #include "confaccess/number.h"
 #include "confaccess/text_file.h"
-#include "safestr/short_text.h"
 
 namespace paramgen {
 namespace {
 
-/// The most characters of a section name, and of a key name.
-constexpr std::size_t kNameMax = 1024;
-static_assert(LineReader::kPieceMax <= kNameMax, "what a line names fits");
+static_assert(LineReader::kPieceMax <= Dictionary::kNameMax, "what a line names fits");
+
+/// How large a file's text may be to be read without memory from the system.
+constexpr std::size_t kShortText = std::size_t{16} * 1024;
 
 IniError g_lastError = IniError::kNone;
 
 /// Puts the lines of one file into a dictionary.
 class Loader {
 public:
-    explicit Loader(Dictionary* dictionary)
-        : dictionary_(dictionary), section_(dictionary->TextView().data(), 0) {
-        key_[0] = ':';
-    }
+    explicit Loader(Dictionary* dictionary) : dictionary_(dictionary) {}
 
     /// Takes what a line has before its comment.
     void Take(std::string_view content) {
@@ -37,7 +34,7 @@ public:
                 OpenSection(line.name);
                 break;
             case IniLineKind::kValue:
-                StoreValue(line);
+                dictionary_->AddValue(line.name, line.value);
                 break;
             case IniLineKind::kSyntaxError:
                 g_lastError = IniError::kSyntax;
@@ -49,33 +46,24 @@ public:
     bool HasErrors() const { return hasErrors_; }
 
 private:
-    /// Names the current section: the beginning of every key up to the next section. Without a name
-    /// it stays what it was.
+    /// Begins a section. Without a name it stays what it was, a key already unless it is the one
+    /// before the first.
     void OpenSection(std::string_view name) {
-        if (name.data() != nullptr) {
-            section_ = name;
-            CopyText(key_, name.data(), name.size());
-            key_[name.size()] = ':';
+        if (name.data() != nullptr || !hasSection_) {
+            dictionary_->AddSection(name);
+            hasSection_ = true;
         }
-        dictionary_->SetSection(section_);
-    }
-
-    void StoreValue(const IniLine& line) {
-        const std::size_t begin = section_.size() + 1;
-        CopyText(key_ + begin, line.name.data(), line.name.size());
-        dictionary_->SetValue({key_, begin + line.name.size()}, section_, line.name, line.value);
     }
 
     Dictionary* dictionary_;
     bool hasErrors_ = false;
-    std::string_view section_;
-    char key_[2 * kNameMax + 1];  ///< it begins with the current section and a colon
+    bool hasSection_ = false;
 };
 
-/// Takes every line of the dictionary's text into it. Returns false when it is no INI file.
-bool TakeLines(Dictionary* dictionary) {
+/// Takes every line of `text` into the dictionary. Returns false when it is no INI file.
+bool TakeLines(std::string_view text, Dictionary* dictionary) {
     Loader loader(dictionary);
-    LineReader lines(dictionary->TextView());
+    LineReader lines(text);
     TextLine line;
     while (lines.Next(&line)) {
         if (IsTooShort(line)) {
@@ -93,22 +81,27 @@ bool TakeLines(Dictionary* dictionary) {
     return !loader.HasErrors();
 }
 
-/// Makes a dictionary for the text of the file at `path`. Returns null when it cannot be read.
-Dictionary* NewDictionary(const char* path, Arena* arena) {
-    void* memory = arena->Take(sizeof(Dictionary));
-    if (memory == nullptr) {
-        g_lastError = IniError::kNoDictionary;
-        return nullptr;
-    }
-    Dictionary* dictionary = new (memory) Dictionary;
+/// Fills `dictionary`, which lives in `arena`, from the file at `path`.
+bool Fill(const char* path, Arena* arena, Dictionary* dictionary) {
+    alignas(8) char bytes[kShortText];
+    Arena scratch(bytes);
     Text text;
-    const ReadResult result = ReadTextFile(path, arena, &text);
-    const bool isRead = result == ReadResult::kRead;
-    if (result == ReadResult::kNoMemory || (isRead && !dictionary->Create(text, arena))) {
-        g_lastError = IniError::kLoadNotInserted;
-        return nullptr;
+    const ReadResult result = ReadTextFile(path, &scratch, &text);
+    if (result == ReadResult::kUnreadable) {
+        return false;
     }
-    return isRead ? dictionary : nullptr;
+    if (result == ReadResult::kNoMemory || !dictionary->Create(text.View(), arena)) {
+        g_lastError = IniError::kLoadNotInserted;
+        return false;
+    }
+    if (!TakeLines(text.View(), dictionary)) {
+        return false;
+    }
+    if (!dictionary->Finish(arena)) {
+        g_lastError = IniError::kLoadNotInserted;
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -122,12 +115,17 @@ const Dictionary* LoadIniFile(const char* path, Arena* arena) {
         g_lastError = IniError::kNullArgument;
         return nullptr;
     }
-    Dictionary* dictionary = NewDictionary(path, arena);
-    return dictionary != nullptr && TakeLines(dictionary) ? dictionary : nullptr;
+    void* memory = arena->Take(sizeof(Dictionary));
+    if (memory == nullptr) {
+        g_lastError = IniError::kNoDictionary;
+        return nullptr;
+    }
+    Dictionary* dictionary = new (memory) Dictionary;
+    return Fill(path, arena, dictionary) ? dictionary : nullptr;
 }
 
 const char* FindText(const Dictionary& dictionary, std::string_view key, const char* defaultValue) {
-    return dictionary.Get({key.data(), std::min(key.size(), kNameMax)}, defaultValue);
+    return dictionary.Get({key.data(), std::min(key.size(), Dictionary::kNameMax)}, defaultValue);
 }
 
 std::int32_t FindInteger(const Dictionary& dictionary, const char* key, std::int32_t defaultValue) {

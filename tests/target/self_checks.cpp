@@ -203,17 +203,21 @@ void CheckBytesInLines() {
 }
 
 void CheckDictionary() {
-    char bytes[] =
-        "caf\xE9:GR\xF6\xDF"
-        "e=\xFE\xFF\n";
     const char key[] =
         "CAF\xE9:gr\xF6\xDF"
         "E";
     paramgen::Arena arena;
     Dictionary dictionary;
-    Check(dictionary.Create({.bytes = bytes, .size = sizeof bytes - 1}, &arena), "Dictionary",
-          "Create");
-    dictionary.SetValue({bytes, 10}, {bytes, 4}, {bytes + 5, 5}, {bytes + 11, 2});
+    Check(dictionary.Create("caf\xE9\nGR\xF6\xDF"
+                            "e=\xFE\xFF\n",
+                            &arena),
+          "Dictionary", "Create");
+    dictionary.AddSection("caf\xE9");
+    dictionary.AddValue(
+        "GR\xF6\xDF"
+        "e",
+        "\xFE\xFF");
+    Check(dictionary.Finish(&arena), "Dictionary", "Finish");
     CheckText(dictionary.Get(key, nullptr), "\xFE\xFF", "Dictionary");
     Check(dictionary.Get("caf\xC9:gr\xF6\xDF"
                          "e",

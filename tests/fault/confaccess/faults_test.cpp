@@ -201,17 +201,17 @@ TEST_F(RegistrationFaults, ModuleWithoutMemoryForItsFileIsLeftOut) {
     }
 }
 
-// Modules come until a chunk is full; the entry file's length decides at which piece of which that
+// Modules come until a chunk is full; what the entry file holds decides at which piece of which that
 // is. Whatever it is, its kind of failure follows.
 TEST_F(RegistrationFaults, ModuleNeedsMemory) {
     const Outcome noModule = {Code(0xA1418044U), "[time][QXCONFACCE] ZV_SafeMalloc failed\n" +
                                                      std::string(kModuleInfoFailed) +
                                                      AddCfgFailed("A1418044")};
-    constexpr int kModules = 400;
+    constexpr int kModules = 120;
     int noModules = 0;
     int leftOut = 0;
     for (std::size_t padding = 0; padding < 800; padding += 40) {
-        std::string entry = "#" + std::string(padding, '.') +
+        std::string entry = "padding = " + std::string(padding, '.') +
                             "\n[module]\nmodule_num = " + std::to_string(kModules) + "\n";
         for (int number = 1; number <= kModules; ++number) {
             const std::string name = std::to_string(number);

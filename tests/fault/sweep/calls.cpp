@@ -12,6 +12,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "log/output.h"
 #include "safestr/safestr.h"
 
 // The linker sends every call of NAME in the code linked in to __wrap_NAME, and every one of
@@ -431,6 +432,7 @@ int __wrap__ZN8paramgen9sprintf_sEPcmPKcz(char* dest, std::size_t destMax, const
 
 void FlushOutput() {
     if (g_state.inOutput == 0) {
+        paramgen::FlushOutput();
         __real_fflush(stdout);
     }
 }

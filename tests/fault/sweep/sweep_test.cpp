@@ -83,7 +83,7 @@ namespace {
 
 TEST_F(FaultSweep, Memory) {
     // So that each file needs memory of its own: for its text and, when it is closed again, for the
-    // entries of its lines.
+    // records of its lines.
     const std::string comment = "# " + std::string(1000, '.') + "\n";
     for (const std::string& path : Files()) {
         std::ofstream file(path, std::ios::app);

@@ -65,6 +65,36 @@ TEST(Arena, GivesNothingBeyondAllMemory) {
     ExpectMarked(TakeMarked(&arena, 100, 1));
 }
 
+TEST(Arena, CutsFromItsFirstMemoryAsLongAsThatLasts) {
+    alignas(8) char memory[1000] = {};
+    Arena arena(memory);
+    const Piece first = TakeMarked(&arena, 601, 1);
+    EXPECT_EQ(reinterpret_cast<char*>(first.bytes), memory);
+    const Piece large = TakeMarked(&arena, 100'000, 2);
+    const Piece second = TakeMarked(&arena, 392, 3);
+    EXPECT_EQ(reinterpret_cast<char*>(second.bytes), memory + 608);
+    const Piece third = TakeMarked(&arena, 1, 4);
+    for (const Piece& piece : {first, large, second, third}) {
+        ExpectMarked(piece);
+    }
+}
+
+TEST(Arena, KeepsTheBeginningOfTheLastPiece) {
+    for (const std::size_t size : {100U, 1000U, 100'000U}) {
+        Arena arena;
+        auto* piece = static_cast<unsigned char*>(arena.Take(size));
+        ASSERT_NE(piece, nullptr);
+        std::memset(piece, 1, 17);
+        arena.KeepOfLast(piece, 17);
+        const Piece next = TakeMarked(&arena, 500, 2);
+        EXPECT_TRUE(size > 10'000 || next.bytes == piece + 24) << size;
+        ExpectMarked({.bytes = piece, .size = 17, .mark = 1});
+        arena.KeepOfLast(piece, 1);  // not the last one any more
+        ExpectMarked(TakeMarked(&arena, 100, 3));
+        ExpectMarked(next);
+    }
+}
+
 TEST(Arena, TakesBackWhatCameAfterAMark) {
     // Small pieces, a large one, and as many small ones as begin another chunk; from an arena that
     // is empty, from one with a piece, and from one whose chunk is nearly full.

@@ -14,32 +14,36 @@
 namespace paramgen::testing {
 namespace {
 
-/// A dictionary for a text that grows line by line: "section", newline; or "section:name=value",
-/// newline.
+/// A dictionary of lines.
 class DictionaryTest : public ::testing::Test {
 protected:
-    /// Adds lines to the text. Then `Fill` makes the dictionary of it.
+    /// Adds a line, and one that begins its section where that is another. Then `Fill` makes the
+    /// dictionary of all.
     void Section(const std::string& section) {
-        lines_.push_back({.section{section}, .name{}, .value{}, .isSection = true});
+        lines_.push_back({.name{section}, .value{}, .isSection = true});
+        section_ = section;
     }
     void Value(const std::string& section, const std::string& name, const std::string& value) {
-        lines_.push_back({.section{section}, .name{name}, .value{value}, .isSection = false});
+        if (section != section_) {
+            Section(section);
+        }
+        lines_.push_back({.name{name}, .value{value}, .isSection = false});
     }
 
     void Fill() {
-        std::string all;
+        std::string text;
         for (const Line& line : lines_) {
-            all += line.section;
-            all += line.isSection ? "\n" : ":" + line.name + "=" + line.value + "\n";
+            text += line.name + line.value + "\n";
         }
-        // A heap block of its own: what is written or read behind it is noticed.
-        text_.assign(all.begin(), all.end());
-        text_.push_back('\0');
-        ASSERT_TRUE(dictionary_.Create({.bytes = text_.data(), .size = all.size()}, &arena_));
-        const char* at = text_.data();
+        ASSERT_TRUE(dictionary_.Create(text, &arena_));
         for (const Line& line : lines_) {
-            at = Put(line, at);
+            if (line.isSection) {
+                dictionary_.AddSection(line.name);
+            } else {
+                dictionary_.AddValue(line.name, line.value);
+            }
         }
+        ASSERT_TRUE(dictionary_.Finish(&arena_));
     }
 
     const char* Get(std::string_view key, const char* defaultValue) const {
@@ -66,29 +70,13 @@ protected:
 
 private:
     struct Line {
-        std::string section;
         std::string name;
         std::string value;
         bool isSection;
     };
 
-    /// Puts the line that begins at `at` into the dictionary. Returns where the next one begins.
-    const char* Put(const Line& line, const char* at) {
-        const std::string_view section(at, line.section.size());
-        at += section.size() + 1;
-        if (line.isSection) {
-            dictionary_.SetSection(section);
-            return at;
-        }
-        const std::string_view name(at, line.name.size());
-        at += name.size() + 1;
-        const std::string_view value(at, line.value.size());
-        dictionary_.SetValue(line.section + ":" + line.name, section, name, value);
-        return at + value.size() + 1;
-    }
-
     std::vector<Line> lines_;
-    std::vector<char> text_;
+    std::string section_;
     Arena arena_;
     Dictionary dictionary_;
 };
@@ -112,7 +100,7 @@ TEST_F(DictionaryTest, EmptyNamesAndValuesAreOrdinary) {
     EXPECT_STREQ(Get(":", nullptr), "value of nothing");
     EXPECT_STREQ(Get(":name", nullptr), "1");
     EXPECT_STREQ(Get("section:", "default"), "");
-    EXPECT_EQ(Count(), 4U);
+    EXPECT_EQ(Count(), 5U);
 }
 
 TEST_F(DictionaryTest, KeysDifferInOneCharacterOrInLength) {
@@ -129,7 +117,7 @@ TEST_F(DictionaryTest, KeysDifferInOneCharacterOrInLength) {
     EXPECT_STREQ(Get("one:key1", nullptr), "longer");
     EXPECT_EQ(Get("one:key2", nullptr), nullptr);
     EXPECT_EQ(Get("one.key", nullptr), nullptr);
-    EXPECT_EQ(Count(), 5U);
+    EXPECT_EQ(Count(), 7U);
 }
 
 TEST_F(DictionaryTest, KeysAreOneInAnyCase) {
@@ -137,7 +125,7 @@ TEST_F(DictionaryTest, KeysAreOneInAnyCase) {
     Value("section", "KEY", "second");
     Fill();
     EXPECT_STREQ(Get("sEcTiOn:kEy", nullptr), "second");
-    EXPECT_EQ(Count(), 1U);
+    EXPECT_EQ(Count(), 2U);
 }
 
 // A key is its text, wherever in it a section ends.
@@ -152,7 +140,7 @@ TEST_F(DictionaryTest, AKeyIsTheSameHoweverItIsMadeOfSectionAndName) {
     EXPECT_STREQ(Get("a:b:c", nullptr), "second");
     EXPECT_EQ(Get("x:y", "default"), nullptr);
     EXPECT_STREQ(Get("u:v", nullptr), "now with a value");
-    EXPECT_EQ(Count(), 3U);
+    EXPECT_EQ(Count(), 7U);
 }
 
 TEST_F(DictionaryTest, ASectionHidesTheDefault) {
@@ -179,7 +167,7 @@ TEST_F(DictionaryTest, EveryLineMayBeAKey) {
         Value("s", "key" + std::to_string(count), std::to_string(count));
     }
     Fill();
-    EXPECT_EQ(Count(), 200U);
+    EXPECT_EQ(Count(), 201U);
     EXPECT_EQ(Get("s:key200", nullptr), nullptr);
     for (std::size_t count = 0; count < 200; ++count) {
         EXPECT_EQ(Get("s:key" + std::to_string(count), ""), std::to_string(count));
@@ -218,12 +206,31 @@ TEST_F(DictionaryTest, TheKeyBehindTheOneThatWasFoundIsComparedWhole) {
     Value("one", "a", "1");
     Value("one", "b", "2");
     Fill();
-    for (const char* other : {"one.b", "onx:b", "one:c", "one:b ", "one:", "one"}) {
+    for (const char* other : {"one.b", "onx:b", "one:c", "one:b ", "one:", "on"}) {
         EXPECT_STREQ(Get("one:a", nullptr), "1");
         EXPECT_STREQ(Get(other, "default"), "default") << other;
     }
     EXPECT_STREQ(Get("one:b", nullptr), "2");
     EXPECT_STREQ(Get("one:c", "default"), "default");
+}
+
+TEST_F(DictionaryTest, AReplacedKeyIsNotFoundBehindTheOneBefore) {
+    Value("s", "a", "1");
+    Value("s", "b", "old");
+    Value("s", "c", "3");
+    Value("s", "B", "new");
+    Section("t");
+    Value("s", "d", "4");
+    Fill();
+    EXPECT_STREQ(Get("s:a", nullptr), "1");
+    EXPECT_STREQ(Get("s:b", nullptr), "new");
+    EXPECT_STREQ(Get("s:a", nullptr), "1");
+    EXPECT_STREQ(Get("s:c", nullptr), "3");
+    // The section that these keys stand in has begun anew, and is theirs still.
+    EXPECT_EQ(Get("s", "default"), nullptr);
+    EXPECT_STREQ(Get("s:d", nullptr), "4");
+    EXPECT_STREQ(Get("s:c", nullptr), "3");
+    EXPECT_EQ(Count(), 6U);
 }
 
 TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
@@ -325,7 +332,7 @@ TEST_F(DictionaryTest, HoldsAHundredThousandKeysInShortTime) {
         const std::string text = std::to_string(number);
         ASSERT_STREQ(Get("section:key" + text, nullptr), text.c_str());
     }
-    EXPECT_EQ(Count(), 100'000U);
+    EXPECT_EQ(Count(), 100'001U);
     // Scans from slot to slot would take minutes.
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
