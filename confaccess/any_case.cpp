@@ -58,9 +58,8 @@ Word Mix(Word hash, Word word) {
     return static_cast<Word>(product) ^ static_cast<Word>(product >> (8 * sizeof(Word)));
 }
 
-/// Hashes a text of which each word is folded first.
-template <typename Fold>
-std::uint32_t Hash(std::string_view text, Fold fold) {
+std::uint32_t Hash(std::string_view text, bool inAnyCase) {
+    const auto fold = [=](Word word) { return inAnyCase ? ToLower(word) : word; };
     const char* at = text.data();
     std::size_t left = text.size();
     Word hash = g_secret.start ^ left;
@@ -74,11 +73,11 @@ std::uint32_t Hash(std::string_view text, Fold fold) {
 }  // namespace
 
 std::uint32_t HashOf(std::string_view text) {
-    return Hash(text, [](Word word) { return word; });
+    return Hash(text, false);
 }
 
 std::uint32_t HashInAnyCase(std::string_view text) {
-    return Hash(text, ToLower);
+    return Hash(text, true);
 }
 
 bool SameInAnyCase(const char* a, const char* b, std::size_t count) {

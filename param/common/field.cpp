@@ -225,7 +225,7 @@ Status LoadRow(CallSite site, const ProductModule& module, std::string_view node
     const Load load = {.site = site,
                        .module = module,
                        .node = field.ownNode ? field.node : node,
-                       .item = field.isNumbered ? numbered.View() : field.key,
+                       .item = field.isNumbered ? numbered.View() : field.KeyView(),
                        .field = field,
                        .dest = field.isArray ? dest + std::size_t{index} * field.size : dest};
     WATCH_DESTINATION(load.dest, field.size);
@@ -272,7 +272,7 @@ int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t 
         return -1;
     }
     return key->Join(NodeView(field.ownNode ? field.node : node),
-                     field.isNumbered ? numbered.View() : field.key);
+                     field.isNumbered ? numbered.View() : field.KeyView());
 }
 
 }  // namespace paramgen

@@ -37,6 +37,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <type_traits>
 
 #include "param/common/field_notes.h"
@@ -65,6 +66,7 @@ void ARowOverlapsAnother();
 void TheRowsLeaveBytesOut();
 void NoSuchRowsInThisOrder();
 void TheKeyTakesMoreThanOneNumber();
+void TheKeyIsTooLong();
 void ThisKindHasNoDefault();
 void NoReaderStoresThisKind();
 void NoQueryStoresThisKind();
@@ -105,10 +107,11 @@ struct Field {
         const char* label;
         const char* module;
         NameLookup lookup;
-    };                     ///< see `extra`
-    std::uint16_t offset;  ///< of the first element, in bytes from the record's start
-    std::uint16_t size;    ///< of one element, in bytes
-    std::uint16_t count;   ///< number of elements, 1 when the member is no array
+    };                       ///< see `extra`
+    std::uint16_t offset;    ///< of the first element, in bytes from the record's start
+    std::uint16_t size;      ///< of one element, in bytes
+    std::uint8_t count;      ///< number of elements, 1 when the member is no array
+    std::uint8_t keyLength;  ///< of `key`, in characters: keys are joined by the thousand
     FieldKind kind : 4;
     FieldSource source : 4;
     FieldExtra extra : 4;
@@ -201,6 +204,10 @@ struct Field {
         return extra == FieldExtra::kNumber ? number : 0;
     }
 
+    constexpr std::string_view KeyView() const {
+        return {key, keyLength};
+    }
+
     bool HasModule() const {
         return extra == FieldExtra::kModule || extra == FieldExtra::kSearchedModule;
     }
@@ -260,6 +267,7 @@ constexpr Field Row(std::size_t offset, FieldKind kind, FieldSource source) {
     Field row = {};
     row.offset = static_cast<std::uint16_t>(offset);
     row.size = sizeof(typename Shape<Member>::Element);
+    static_assert(Shape<Member>::kCount <= UINT8_MAX);
     row.count = Shape<Member>::kCount;
     row.kind = kind;
     row.source = source;
@@ -297,6 +305,10 @@ constexpr Field KeyRow(FieldSource source, std::size_t offset, const char* key,
     }
     Field row = Row<Member>(offset, Traits::kKind, source);
     row.key = key;
+    row.keyLength = static_cast<std::uint8_t>(std::string_view(key).size());
+    if (row.KeyView() != key) {
+        TheKeyIsTooLong();
+    }
     row.isNumbered = CountNumbers(key) != 0;
     row.number = defaultValue;
     return Traits::kKind == FieldKind::kName ? row.NamesFrom(Traits::Lookup, Traits::kNames) : row;

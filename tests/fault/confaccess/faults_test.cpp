@@ -201,8 +201,8 @@ TEST_F(RegistrationFaults, ModuleWithoutMemoryForItsFileIsLeftOut) {
     }
 }
 
-// Modules come until a chunk is full; what the entry file holds decides at which piece of which that
-// is. Whatever it is, its kind of failure follows.
+// Modules come until a chunk is full; what the entry file holds decides at which piece of which
+// that is. Whatever it is, its kind of failure follows.
 TEST_F(RegistrationFaults, ModuleNeedsMemory) {
     const Outcome noModule = {Code(0xA1418044U), "[time][QXCONFACCE] ZV_SafeMalloc failed\n" +
                                                      std::string(kModuleInfoFailed) +
