@@ -26,7 +26,7 @@ bool IsLong(std::string_view text, std::size_t size, const char* function, Check
             const char* argument, const char* kind) {
     const bool isLong = text.size() >= size;
     if (isLong) {
-        std::printf(
+        PrintOutput(
             "func:%s,line:%d,expr[strnlen(%s, QX_CONFACCESS_%s_MAX_LEN) < "
             "QX_CONFACCESS_%s_MAX_LEN] false\n",
             function, line, argument, kind, kind);
