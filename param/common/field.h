@@ -244,9 +244,23 @@ struct RecordTable {
     const char* node;               ///< template of the record's node; null: the prefix it is given
     std::span<const Field> fields;  ///< in reading order
     std::uint32_t size;             ///< of the record, in bytes
+#if defined(PARAMGEN_DESCRIBED)
+    std::string_view type;  ///< "GsensorCfg"
+#endif
 };
 
 namespace field_detail {
+
+#if defined(PARAMGEN_DESCRIBED)
+/// The name of a type, with its namespaces.
+template <typename Record>
+consteval std::string_view NameOfType() {
+    constexpr std::string_view kBefore = "Record = ";
+    std::string_view name = __PRETTY_FUNCTION__;  // "...Record = paramgen::GsensorCfg]", or ";"
+    name.remove_prefix(name.find(kBefore) + kBefore.size());
+    return name.substr(0, name.find_first_of(";]"));
+}
+#endif
 
 /// A member element by element; a text is one element.
 template <typename Member>
@@ -335,8 +349,14 @@ struct TableOf : RecordTable {
     using Record = RecordType;
 
     constexpr TableOf(const char* nodeTemplate, std::span<const Field> rows)
-        : RecordTable{.node = nodeTemplate, .fields = rows, .size = sizeof(Record)} {
+        : RecordTable{} {
+        node = nodeTemplate;
+        fields = rows;
+        size = sizeof(Record);
         static_assert(std::is_standard_layout_v<Record> && std::is_trivially_copyable_v<Record>);
+#if defined(PARAMGEN_DESCRIBED)
+        type = NameOfType<Record>();
+#endif
         std::uint32_t covered = 0;
         for (const Field& row : rows) {
             covered += std::uint32_t{row.size} * row.count;
@@ -368,7 +388,9 @@ struct TableOf : RecordTable {
     }
 
 private:
-    static constexpr int End(const Field& row) { return row.offset + row.size * row.count; }
+    static constexpr int End(const Field& row) {
+        return row.offset + row.size * row.count;
+    }
 };
 
 template <typename Member>
