@@ -5,19 +5,12 @@
 #include "report/markup.h"
 #include "report/page.h"
 #include "report/page_data.h"
+#include "report/policy.h"
 #include "report/sections.h"
-#include "report/sha256.h"
 #include "report/template.h"
 
 namespace paramgen::report {
 namespace {
-
-/// Only the page's own script and style run, and nothing is loaded.
-std::string Policy() {
-    return "default-src 'none'; script-src 'sha256-" + Base64(Sha256(kPageScript)) +
-           "'; style-src 'sha256-" + Base64(Sha256(kPageStyle)) +
-           "'; base-uri 'none'; form-action 'none'";
-}
 
 std::string Title(const Page& page) {
     const std::string name = page.model.empty() ? page.input : page.model;
@@ -27,7 +20,7 @@ std::string Title(const Page& page) {
 }  // namespace
 
 std::string Render(const Page& page) {
-    return Fill(kPageHtml, {{"policy", Policy()},
+    return Fill(kPageHtml, {{"policy", Policy(kPageScript, kPageStyle)},
                             {"title", EscapeHtml(Title(page))},
                             {"style", std::string(kPageStyle)},
                             {"model", EscapeHtml(page.model.empty() ? page.input : page.model)},
