@@ -22,6 +22,8 @@ using AddCommand = void (*)(CLI::App& app, int* status);
 const std::vector<AddCommand>& Commands();
 
 void AddCheck(CLI::App& app, int* status);
+void AddReference(CLI::App& app, int* status);
+void AddLayout(CLI::App& app, int* status);
 void AddCompletion(CLI::App& app, int* status);
 
 // For programs only: help does not list them.

@@ -5,6 +5,8 @@ namespace paramgen::paramtool {
 const std::vector<AddCommand>& Commands() {
     static const std::vector<AddCommand> kCommands = {
         AddCheck,
+        AddReference,
+        AddLayout,
         AddCompletion,
         AddComplete,
         AddManual,
