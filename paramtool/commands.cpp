@@ -4,12 +4,7 @@ namespace paramgen::paramtool {
 
 const std::vector<AddCommand>& Commands() {
     static const std::vector<AddCommand> kCommands = {
-        AddCheck,
-        AddReference,
-        AddLayout,
-        AddCompletion,
-        AddComplete,
-        AddManual,
+        AddCheck, AddReference, AddLayout, AddCompletion, AddComplete, AddManual,
     };
     return kCommands;
 }

@@ -348,8 +348,7 @@ template <typename RecordType>
 struct TableOf : RecordTable {
     using Record = RecordType;
 
-    constexpr TableOf(const char* nodeTemplate, std::span<const Field> rows)
-        : RecordTable{} {
+    constexpr TableOf(const char* nodeTemplate, std::span<const Field> rows) : RecordTable{} {
         node = nodeTemplate;
         fields = rows;
         size = sizeof(Record);
