@@ -7,12 +7,6 @@
 
 namespace paramgen {
 
-constexpr char kCamModule[] = "cam%u_comm";
-constexpr char kRecordModule[] = "cam%u_comm_record";
-constexpr char kPhotoModule[] = "cam%u_comm_photo";
-constexpr char kPlaybackModule[] = "cam%u_comm_playback";
-constexpr char kMediaModeModule[] = "cam%u_mediamode%u";
-
 constexpr char kFuncNode[] = "camera";
 
 constexpr Field kCamFuncFields[] = {
@@ -27,11 +21,11 @@ constexpr TableOf<CamFuncAttr> kCamFuncTable{nullptr, kCamFuncFields};
 
 constexpr Field kCamMediaFields[] = {
     COMPUTED(CamMediaCfg, camIndex).About("Number of the camera"),
-    RECORD(CamMediaCfg, func, kCamFuncTable).From(kCamModule),
-    RECORD(CamMediaCfg, record, kCamMediaModeCommTable).From(kRecordModule),
-    RECORD(CamMediaCfg, photo, kCamMediaModeCommTable).From(kPhotoModule),
-    RECORD(CamMediaCfg, playback, kCamMediaModeCommTable).From(kPlaybackModule).Optional(),
-    RECORD(CamMediaCfg, mediaModes, kCamMediaModeSpecTable).From(kMediaModeModule).Optional(),
+    RECORD(CamMediaCfg, func, kCamFuncTable).From("cam%u_comm"),
+    RECORD(CamMediaCfg, record, kCamMediaModeCommTable).From("cam%u_comm_record"),
+    RECORD(CamMediaCfg, photo, kCamMediaModeCommTable).From("cam%u_comm_photo"),
+    RECORD(CamMediaCfg, playback, kCamMediaModeCommTable).From("cam%u_comm_playback").Optional(),
+    RECORD(CamMediaCfg, mediaModes, kCamMediaModeSpecTable).From("cam%u_mediamode%u").Optional(),
     RESERVED(CamMediaCfg, reserved).About("Brings the media modes to an 8-byte boundary"),
 };
 
@@ -52,20 +46,20 @@ Status PDT_INIPARAM_LoadCamMediaCfg(CamMediaCfg* cams, std::uint32_t count) {
         const char* module = key.c_str();
         std::int32_t isExist = 0;
 
-        FORMAT_OR_RETURN(key, "sprintf_s", kCamModule, c);
+        FILL_OR_RETURN(key, "sprintf_s", ROW(kCamMediaTable, func).module, c);
         cam.camIndex = c;
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamFuncAttr(module, &cam), "cam func attr");
 
         LOG_DEBUG("Cam[%u] Rec Media comm Configure:\n", c);
-        FORMAT_OR_RETURN(key, "sprintf_s", kRecordModule, c);
+        FILL_OR_RETURN(key, "sprintf_s", ROW(kCamMediaTable, record).module, c);
         CALL_OR_RETURN(PDT_INIPARAM_LoadMediaModeCommCfg(module, &cam.record), module);
 
         LOG_DEBUG("Cam[%u] Photo Media comm Configure:\n", c);
-        FORMAT_OR_RETURN(key, "sprintf_s", kPhotoModule, c);
+        FILL_OR_RETURN(key, "sprintf_s", ROW(kCamMediaTable, photo).module, c);
         CALL_OR_RETURN(PDT_INIPARAM_LoadMediaModeCommCfg(module, &cam.photo), module);
 
         LOG_DEBUG("Cam[%u] playback Media comm Configure:\n", c);
-        FORMAT_OR_RETURN(key, "sprintf_s", kPlaybackModule, c);
+        FILL_OR_RETURN(key, "sprintf_s", ROW(kCamMediaTable, playback).module, c);
         CALL_OR_RETURN(ZV_CONFACCESS_IsMoudleExist(kProductConfig, module, &isExist), module);
         if (isExist == 1) {
             CALL_OR_RETURN(PDT_INIPARAM_LoadMediaModeCommCfg(module, &cam.playback), module);
@@ -73,7 +67,7 @@ Status PDT_INIPARAM_LoadCamMediaCfg(CamMediaCfg* cams, std::uint32_t count) {
 
         for (std::uint32_t m = 0; m < kCamMediaModeSpecCount; ++m) {
             LOG_DEBUG("Cam[%u]  MediaMode[%u] Configure:\n", c, m);
-            FORMAT_OR_RETURN(key, "sprintf_s", kMediaModeModule, c, m);
+            FILL_OR_RETURN(key, "sprintf_s", ROW(kCamMediaTable, mediaModes).module, c, m);
             CALL_OR_RETURN(ZV_CONFACCESS_IsMoudleExist(kProductConfig, module, &isExist), module);
             if (isExist == 1) {
                 CALL_OR_RETURN(PDT_INIPARAM_LoadMediaModeSpecCfg(module, &cam.mediaModes[m]),

@@ -8,9 +8,6 @@
 
 namespace paramgen {
 
-constexpr char kV1Node[] = "LDCV1Attr";
-constexpr char kV3Node[] = "LDCV3Attr";
-
 constexpr Field kLdcV1Fields[] = {
     FIELD(LdcV1Attr, aspect, "aspect", 0)
         .About("The correction keeps the aspect ratio of the picture"),
@@ -64,16 +61,16 @@ constexpr Field kLdcV3Fields[] = {
         .Unit("1/100000"),
 };
 
-constexpr TableOf<LdcV1Attr> kLdcV1Table{kV1Node, kLdcV1Fields};
-constexpr TableOf<LdcV3Attr> kLdcV3Table{kV3Node, kLdcV3Fields};
+constexpr TableOf<LdcV1Attr> kLdcV1Table{"LDCV1Attr", kLdcV1Fields};
+constexpr TableOf<LdcV3Attr> kLdcV3Table{"LDCV3Attr", kLdcV3Fields};
 
 constexpr Field kVcapLDCFields[] = {
     FIELD(VcapLDCAttr, v1Enable, "enable", 0)
-        .Under(kV1Node)
+        .Under("LDCV1Attr")
         .About("Correction by the first model is on"),
     RECORD(VcapLDCAttr, v1, kLdcV1Table),
     FIELD(VcapLDCAttr, v3Enable, "enable", 0)
-        .Under(kV3Node)
+        .Under("LDCV3Attr")
         .About("Correction by the third model is on"),
     RECORD(VcapLDCAttr, v3, kLdcV3Table),
 };
@@ -82,36 +79,54 @@ constexpr TableOf<VcapLDCAttr> kVcapLDCTable{nullptr, kVcapLDCFields};
 
 namespace {
 
-constexpr std::uint32_t kLdcCamera = kLdcSearch.camera;
-constexpr std::uint32_t kLdcModuleCount = kLdcSearch.count;
+/// For what a module is looked for.
+enum class LdcUser : std::uint8_t { kChannel, kGroup };
 
-/// A search for the module that serves a media mode.
-struct LdcSearch {
-    MediaMode wanted;
-    MediaMode served = kMediaModeNone;  ///< a module that names no mode takes over the last one's
-    Key module = {};                    ///< the module looked at
-    const char* step = nullptr;         ///< the last step, as a failure is labelled
-    bool matches = false;               ///< the module serves the wanted mode
-};
-
-/// Looks at `search->module`. The caller labels a failure with `search->step`.
-Status LookAtLdcModule(LdcSearch* search) {
-    const char* module = search->module.c_str();
-    std::int32_t exists = 0;
-    search->step = module;
-    Status status = ZV_CONFACCESS_IsMoudleExist(kProductConfig, module, &exists);
-    if (status == kOk && exists != 0) {
-        search->step = kLdcSearch.key;
-        status = ReadModuleMode(module, kLdcSearch.key, &search->served);
+/// Looks for the module that serves `wanted`, for the loader at `site`. `module` is its name then;
+/// empty when there is none. A module that names no media mode serves the one that the module
+/// before it named.
+Status FindLdcModule(CallSite site, LdcUser user, MediaMode wanted, Key* module) {
+    MediaMode served = kMediaModeNone;
+    for (std::uint32_t i = 0; i < kLdcSearch.count; ++i) {
+        LogDebug(site.function, site.line,
+                 user == LdcUser::kChannel ? "Cam[%u]  MediaMode[%u] LDCDISConfigure:\n"
+                                           : "Cam[%u]  MediaMode[%u] LDCv1 v3Configure:\n",
+                 kLdcSearch.camera, i);
+        FILL_FOR_OR_RETURN(site, *module, kLdcSearch.modules, kLdcSearch.camera, i);
+        std::int32_t exists = 0;
+        CALL_FOR_OR_RETURN(site,
+                           ZV_CONFACCESS_IsMoudleExist(kProductConfig, module->c_str(), &exists),
+                           module->c_str());
+        if (exists == 0) {
+            continue;
+        }
+        Key modeKey;
+        FILL_FOR_OR_RETURN(site, modeKey, kLdcSearch.key);
+        CALL_FOR_OR_RETURN(site, ReadModuleMode(module->c_str(), modeKey.c_str(), &served),
+                           modeKey.c_str());
+        if (served == wanted) {
+            return kOk;
+        }
     }
-    search->matches = exists != 0 && search->served == search->wanted;
-    return status;
+    *module = Key();
+    return kOk;
+}
+
+/// Loads both models from `module`, for the loader at `site`.
+Status LoadBothModels(CallSite site, const char* module, VcapLDCAttr* attr) {
+    constexpr const Field& kV1Enable = ROW(kVcapLDCTable, v1Enable);
+    constexpr const Field& kV3Enable = ROW(kVcapLDCTable, v3Enable);
+    LOAD_FOR_OR_RETURN(site, module, kV1Enable.node, kV1Enable, 0, attr);
+    CALL_FOR_OR_RETURN(site, PDT_INIPARAM_LoadLDCV1Attr(module, &attr->v1), module);
+    LOAD_FOR_OR_RETURN(site, module, kV3Enable.node, kV3Enable, 0, attr);
+    CALL_FOR_OR_RETURN(site, PDT_INIPARAM_LoadLDCV3Attr(module, &attr->v3), module);
+    return kOk;
 }
 
 }  // namespace
 
 Status PDT_INIPARAM_LoadLDCV1Attr(const char* module, LdcV1Attr* attr) {
-    LOAD_OR_RETURN(module, kV1Node, kLdcV1Table, attr);
+    LOAD_AT_OR_RETURN(module, kLdcV1Table, attr);
     LOG_DEBUG("ldc attr,aspect[%d],xratio[%d],yratio[%d],xyratio[%d]\n", attr->aspect, attr->xRatio,
               attr->yRatio, attr->xyRatio);
     LOG_DEBUG("centeroffset x[%d] y[%d], distortionratio[%d] \n", attr->centerXOffset,
@@ -121,16 +136,18 @@ Status PDT_INIPARAM_LoadLDCV1Attr(const char* module, LdcV1Attr* attr) {
 
 Status PDT_INIPARAM_LoadCamLDCV3MatrixCfg(const char* module, LdcV3Attr* attr) {
     for (std::uint32_t i = 0; i < kLdcCalibrationCount; ++i) {
-        LOAD_ELEMENT_OR_RETURN(module, kV3Node, ROW(kLdcV3Table, srcCalibrationRatioNext), i, attr);
+        LOAD_ELEMENT_OR_RETURN(module, kLdcV3Table.node, ROW(kLdcV3Table, srcCalibrationRatioNext),
+                               i, attr);
         LOG_DEBUG("src_calibration_ratio_next%d = %d\n", i, attr->srcCalibrationRatioNext[i]);
-        LOAD_ELEMENT_OR_RETURN(module, kV3Node, ROW(kLdcV3Table, srcCalibrationRatio), i, attr);
+        LOAD_ELEMENT_OR_RETURN(module, kLdcV3Table.node, ROW(kLdcV3Table, srcCalibrationRatio), i,
+                               attr);
         LOG_DEBUG("src_calibration_ratio%d = %d\n", i, attr->srcCalibrationRatio[i]);
     }
     return kOk;
 }
 
 Status PDT_INIPARAM_LoadLDCV3Attr(const char* module, LdcV3Attr* attr) {
-    LOAD_OR_RETURN(module, kV3Node, ROWS(kLdcV3Table, aspect, coefIntpRatio), attr);
+    LOAD_AT_OR_RETURN(module, ROWS(kLdcV3Table, aspect, coefIntpRatio), attr);
     LOG_DEBUG("ldcV3 attr,aspect[%d],xratio[%d],yratio[%d],xyratio[%d]\n", attr->aspect,
               attr->xRatio, attr->yRatio, attr->xyRatio);
     LOG_DEBUG(
@@ -144,46 +161,35 @@ Status PDT_INIPARAM_LoadLDCV3Attr(const char* module, LdcV3Attr* attr) {
 }
 
 Status PDT_INITPARAM_LoadVcapLDCAttr(const char* module, VcapLDCAttr* attr) {
-    LOAD_OR_RETURN(module, kV1Node, ROW(kVcapLDCTable, v1Enable), attr);
-    CALL_OR_RETURN(PDT_INIPARAM_LoadLDCV1Attr(module, &attr->v1), module);
-    LOAD_OR_RETURN(module, kV3Node, ROW(kVcapLDCTable, v3Enable), attr);
-    CALL_OR_RETURN(PDT_INIPARAM_LoadLDCV3Attr(module, &attr->v3), module);
-    LOG_DEBUG(" v1 enable[%d] v3 enable[%d]\n", attr->v1Enable, attr->v3Enable);
-    return kOk;
+    const Status status = LoadBothModels({__func__, __LINE__}, module, attr);
+    if (status == kOk) {
+        LOG_DEBUG(" v1 enable[%d] v3 enable[%d]\n", attr->v1Enable, attr->v3Enable);
+    }
+    return status;
 }
 
 Status PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(MediaMode mode, VcapLDCAttr* attr) {
     REQUIRE_RECORD_OR_RETURN(attr);
-    LdcSearch search = {.wanted = mode};
-    for (std::uint32_t i = 0; i < kLdcModuleCount && !search.matches; ++i) {
-        LOG_DEBUG("Cam[%u]  MediaMode[%u] LDCDISConfigure:\n", kLdcCamera, i);
-        FORMAT_OR_RETURN(search.module, "sprintf_s", kLdcModule, kLdcCamera, i);
-        CALL_OR_RETURN(LookAtLdcModule(&search), search.step);
+    Key module;
+    const Status status = FindLdcModule({__func__, __LINE__}, LdcUser::kChannel, mode, &module);
+    if (status != kOk || module.View().empty()) {
+        return status;
     }
-    if (search.matches) {
-        // The label is an earlier name of the loader; whoever reads the log knows it by that name.
-        CALL_OR_RETURN(PDT_INITPARAM_LoadVcapLDCAttr(search.module.c_str(), attr),
-                       "PDT_INITPARAM_LoadVcapPipeChnLDCAttr");
-    }
+    // The label is an earlier name of the loader, and the one that the log has always had.
+    CALL_OR_RETURN(PDT_INITPARAM_LoadVcapLDCAttr(module.c_str(), attr),
+                   "PDT_INITPARAM_LoadVcapPipeChnLDCAttr");
     return kOk;
 }
 
 Status PDT_INIPARAM_LoadCamVportSpecLDCCfg(MediaMode mode, VcapLDCAttr* attr) {
     REQUIRE_RECORD_OR_RETURN(attr);
-    LdcSearch search = {.wanted = mode};
-    for (std::uint32_t i = 0; i < kLdcModuleCount && !search.matches; ++i) {
-        LOG_DEBUG("Cam[%u]  MediaMode[%u] LDCv1 v3Configure:\n", kLdcCamera, i);
-        FORMAT_OR_RETURN(search.module, "sprintf_s", kLdcModule, kLdcCamera, i);
-        CALL_OR_RETURN(LookAtLdcModule(&search), search.step);
+    const CallSite site = {__func__, __LINE__};
+    Key module;
+    const Status status = FindLdcModule(site, LdcUser::kGroup, mode, &module);
+    if (status != kOk || module.View().empty()) {
+        return status;
     }
-    if (search.matches) {
-        const char* module = search.module.c_str();
-        LOAD_OR_RETURN(module, kV1Node, ROW(kVcapLDCTable, v1Enable), attr);
-        CALL_OR_RETURN(PDT_INIPARAM_LoadLDCV1Attr(module, &attr->v1), module);
-        LOAD_OR_RETURN(module, kV3Node, ROW(kVcapLDCTable, v3Enable), attr);
-        CALL_OR_RETURN(PDT_INIPARAM_LoadLDCV3Attr(module, &attr->v3), module);
-    }
-    return kOk;
+    return LoadBothModels(site, module.c_str(), attr);
 }
 
 }  // namespace paramgen

@@ -6,8 +6,6 @@
 
 namespace paramgen {
 
-constexpr char kVcapPipeModeNode[] = "common.vcap.pipe.%d";
-
 constexpr Field kVcapPipeModeFields[] = {
     QUERY(VcapPipeModeCfg, vcapPipeHdl, "vcappipe_hdl", 0)
         .About("Handle of the capture pipe; -1 for none"),
@@ -15,7 +13,7 @@ constexpr Field kVcapPipeModeFields[] = {
         .About("How the pipe hands its picture to video processing"),
 };
 
-constexpr TableOf<VcapPipeModeCfg> kVcapPipeModeTable{kVcapPipeModeNode, kVcapPipeModeFields};
+constexpr TableOf<VcapPipeModeCfg> kVcapPipeModeTable{"common.vcap.pipe.%d", kVcapPipeModeFields};
 
 constexpr Field kCamMediaModeSpecFields[] = {
     LOADED(CamMediaModeSpecCfg, mediaMode, "mediamode")
@@ -35,13 +33,12 @@ constexpr TableOf<CamMediaModeSpecCfg> kCamMediaModeSpecTable{nullptr, kCamMedia
 Status PDT_INIPARAM_LoadMediaModeSpecCfg(const char* module, CamMediaModeSpecCfg* cfg) {
     REQUIRE_RECORD_OR_RETURN(cfg);
     Key modeKey;
-    FORMAT_KEY_OR_RETURN(modeKey, nullptr, ROW(kCamMediaModeSpecTable, mediaMode), 0);
+    constexpr const Field& kMode = ROW(kCamMediaModeSpecTable, mediaMode);
+    FILL_OR_RETURN(modeKey, "sprintf_s", "%s:%s", kMode.node, static_cast<const char*>(kMode.key));
     CALL_OR_RETURN(ReadModuleMode(module, modeKey.c_str(), &cfg->mediaMode), modeKey.c_str());
     for (std::uint32_t i = 0; i < kVcapPipeSpecCount; ++i) {
         VcapPipeModeCfg& pipe = cfg->vcapPipes[i];
-        Key node;
-        FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeModeNode, i);
-        LOAD_OR_RETURN(module, node.c_str(), kVcapPipeModeTable, &pipe);
+        LOAD_AT_OR_RETURN(module, kVcapPipeModeTable, &pipe, i);
         LOG_DEBUG("vcap.pipe[%d] vivpssmode, vcappipe_hdl[%d], vivpssmode[%d] \n", i,
                   pipe.vcapPipeHdl, pipe.viVpssMode);
     }

@@ -5,16 +5,13 @@
 
 namespace paramgen {
 
-constexpr char kVBNode[] = "vb";
-constexpr char kVBPoolNode[] = "%s.pool.%u";
-
 constexpr Field kVBPoolFields[] = {
     QUERY(VBPoolCfg, blkSize, "blk_size", 0).About("Size of each block").Unit("bytes"),
     QUERY(VBPoolCfg, blkCount, "blk_count", 0).About("Number of blocks"),
     RESERVED(VBPoolCfg, reserved).About("Reserved"),
 };
 
-constexpr TableOf<VBPoolCfg> kVBPoolTable{kVBPoolNode, kVBPoolFields};
+constexpr TableOf<VBPoolCfg> kVBPoolTable{"%s.pool.%u", kVBPoolFields};
 
 constexpr Field kVBSpecFields[] = {
     FIELD(VBSpecCfg, maxPoolCnt, "max_poolcnt", 0)
@@ -25,10 +22,10 @@ constexpr Field kVBSpecFields[] = {
         .CountedBy(offsetof(VBSpecCfg, maxPoolCnt), CountBeyond::kRefused),
 };
 
-constexpr TableOf<VBSpecCfg> kVBSpecTable{kVBNode, kVBSpecFields};
+constexpr TableOf<VBSpecCfg> kVBSpecTable{"vb", kVBSpecFields};
 
 Status PDT_INIPARAM_LoadCamVBSpecCfg(const char* module, VBSpecCfg* cfg) {
-    LOAD_OR_RETURN(module, kVBNode, ROW(kVBSpecTable, maxPoolCnt), cfg);
+    LOAD_OR_RETURN(module, kVBSpecTable.node, ROW(kVBSpecTable, maxPoolCnt), cfg);
     if (cfg->maxPoolCnt > kVBPoolCount) {
         LOG_ERROR("Invalid VB MaxPoolCnt[%u beyond %u]\n", cfg->maxPoolCnt, kVBPoolCount);
         return kFailed;
@@ -36,8 +33,8 @@ Status PDT_INIPARAM_LoadCamVBSpecCfg(const char* module, VBSpecCfg* cfg) {
     for (std::uint32_t i = 0; i < cfg->maxPoolCnt; ++i) {
         VBPoolCfg& pool = cfg->pools[i];
         Key node;
-        FORMAT_OR_RETURN(node, "sprintf_s", kVBPoolNode, kVBNode, i);
-        LOAD_OR_RETURN(module, node.c_str(), kVBPoolTable, &pool);
+        FILL_OR_RETURN(node, "sprintf_s", kVBPoolTable, kVBSpecTable.node, i);
+        LOAD_OR_RETURN(module, node, kVBPoolTable, &pool);
         LOG_DEBUG("Pool[%u] BlkSize[%lluBytes] Count[%u]\n", i,
                   static_cast<unsigned long long>(pool.blkSize), pool.blkCount);
     }

@@ -1,12 +1,9 @@
 #include "param/camera/vcap_comm.h"
 
-#include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
 
 namespace paramgen {
-
-constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chn.%d";
 
 constexpr Field kVcapPipeChnCommFields[] = {
     FIELD(VcapPipeChnCommCfg, enable, "enable", 0).About("The channel is in use"),
@@ -33,7 +30,7 @@ constexpr Field kVcapPipeChnCommFields[] = {
         .About("Lens correction is done in the capture channel"),
 };
 
-constexpr TableOf<VcapPipeChnCommCfg> kVcapPipeChnCommTable{kVcapPipeChnNode,
+constexpr TableOf<VcapPipeChnCommCfg> kVcapPipeChnCommTable{"vcap.pipe.%d.chn.%d",
                                                             kVcapPipeChnCommFields};
 
 constexpr Field kVcapPipeCommFields[] = {
@@ -57,8 +54,10 @@ constexpr Field kVcapAibnrFields[] = {
         .About("File of the model for noise reduction; no key fills it yet"),
 };
 
-constexpr TableOf<VcapPipeCommCfg> kVcapPipeCommTable{kVcapPipeNode, kVcapPipeCommFields};
+constexpr TableOf<VcapPipeCommCfg> kVcapPipeCommTable{"vcap.pipe.%d", kVcapPipeCommFields};
 constexpr TableOf<VcapAibnrAttr> kVcapAibnrTable{nullptr, kVcapAibnrFields};
+
+constexpr char kVcapDevNode[] = "vcap.dev";
 
 constexpr Field kVcapCommFields[] = {
     FIELD(VcapCommCfg, enable, "enable", 0).At(kVcapDevNode).About("The capture device is in use"),
@@ -86,9 +85,7 @@ constexpr TableOf<VcapCommCfg> kVcapCommTable{nullptr, kVcapCommFields};
 
 Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne(const char* module, std::int32_t pipe,
                                                   std::int32_t chn, VcapPipeChnCommCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeChnNode, pipe, chn);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeChnCommTable, enable, saturation), cfg);
+    LOAD_AT_OR_RETURN(module, ROWS(kVcapPipeChnCommTable, enable, saturation), cfg, pipe, chn);
     LOG_DEBUG(
         "pipe[%d]  chn[%d] comm attr, enable[%d], pipechnhdl[%d], "
         "pixelformat[%d, 0-yuv420,1-yuv422] \n",
@@ -100,10 +97,8 @@ Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne(const char* module, std::int32
 
 Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo(const char* module, std::int32_t pipe,
                                                   std::int32_t chn, VcapPipeChnCommCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeChnNode, pipe, chn);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeChnCommTable, lowDelayEnable, ldcEnable),
-                   cfg);
+    LOAD_AT_OR_RETURN(module, ROWS(kVcapPipeChnCommTable, lowDelayEnable, ldcEnable), cfg, pipe,
+                      chn);
     LOG_DEBUG("lowdelayenable[%d] lowdelayline[%d] isLdcV1[%d] ldcEnable[%d]\n",
               cfg->lowDelayEnable, cfg->lowDelayLine, cfg->isLdcV1, cfg->ldcEnable);
     return kOk;
@@ -121,9 +116,7 @@ Status PDT_INIPARAM_LoadCamVcapPipeChnCommCfg(const char* module, std::int32_t p
 
 Status PDT_INIPARAM_LoadCamVcapPipeCommCfg(const char* module, std::int32_t pipe,
                                            VcapPipeCommCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeCommTable, handle, lowDelayLine), cfg);
+    LOAD_AT_OR_RETURN(module, ROWS(kVcapPipeCommTable, handle, lowDelayLine), cfg, pipe);
     LOG_DEBUG(
         "pipe[%d] comm attr, vcappipehdl[%d], pipetype[%d], lowdelayenable[%d], "
         "lowdelayline[%d]\n",

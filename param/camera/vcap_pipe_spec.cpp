@@ -1,13 +1,9 @@
 #include "param/camera/vcap_pipe_spec.h"
 
-#include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
 
 namespace paramgen {
-
-// Not the node of what is common to all media modes, which spells it "chn".
-constexpr char kVcapPipeChnNode[] = "vcap.pipe.%d.chl.%d";
 
 constexpr Field kVcapFrameRateFields[] = {
     FIELD(VcapFrameRateCfg, src, "src_framerate", 0)
@@ -56,9 +52,10 @@ constexpr Field kVcapPipeChnSpecFields[] = {
     CONSTANT(VcapPipeChnSpecCfg, zero, 0).About("Always 0"),
 };
 
-constexpr TableOf<VcapFrameRateCfg> kVcapFrameRateTable{kVcapPipeNode, kVcapFrameRateFields};
+constexpr TableOf<VcapFrameRateCfg> kVcapFrameRateTable{"vcap.pipe.%d", kVcapFrameRateFields};
 constexpr TableOf<VcapIspPubAttr> kVcapIspPubTable{nullptr, kVcapIspPubFields};
-constexpr TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable{kVcapPipeChnNode,
+// "chl": what is common to all media modes stands under "chn".
+constexpr TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable{"vcap.pipe.%d.chl.%d",
                                                             kVcapPipeChnSpecFields};
 
 constexpr Field kVcapPipeSpecFields[] = {
@@ -86,13 +83,11 @@ constexpr Field kVcapPipeSpecFields[] = {
     RECORD(VcapPipeSpecCfg, chn, kVcapPipeChnSpecTable),
 };
 
-constexpr TableOf<VcapPipeSpecCfg> kVcapPipeSpecTable{kVcapPipeNode, kVcapPipeSpecFields};
+constexpr TableOf<VcapPipeSpecCfg> kVcapPipeSpecTable{"vcap.pipe.%d", kVcapPipeSpecFields};
 
 Status PDT_INIPARAM_LoadCamVcapPipeFrameRateCfg(const char* module, std::uint32_t pipe,
                                                 VcapFrameRateCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
-    LOAD_OR_RETURN(module, node.c_str(), kVcapFrameRateTable, cfg);
+    LOAD_AT_OR_RETURN(module, kVcapFrameRateTable, cfg, pipe);
     return kOk;
 }
 
@@ -106,10 +101,7 @@ Status PDT_INIPARAM_LoadCamVcapIspPubAttr(const char* module, const char* node,
 
 Status PDT_INIPARAM_LoadCamVcapSingleValue(const char* module, std::uint32_t pipe,
                                            VcapPipeSpecCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
-    LOAD_OR_RETURN(module, node.c_str(),
-                   ROWS(kVcapPipeSpecTable, frameInterruptType, sceneParamIdx), cfg);
+    LOAD_AT_OR_RETURN(module, ROWS(kVcapPipeSpecTable, frameInterruptType, zero), cfg, pipe);
     return kOk;
 }
 
@@ -117,36 +109,35 @@ Status PDT_INIPARAM_LoadCamVcapPipeChnSpecCfg(const char* module, std::uint32_t 
                                               std::uint32_t chn, MediaMode mode,
                                               VcapPipeChnSpecCfg* cfg) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeChnNode, pipe, chn);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeChnSpecTable, dstWidth, dstHeight), cfg);
+    FILL_OR_RETURN(node, "sprintf_s", kVcapPipeChnSpecTable, pipe, chn);
+    LOAD_OR_RETURN(module, node, ROWS(kVcapPipeChnSpecTable, dstWidth, dstHeight), cfg);
     LOG_DEBUG("pipe[%d] chn[%d] dest resolution , dst_width[%d],dst_height[%d] \n", pipe, chn,
               cfg->dstWidth, cfg->dstHeight);
-    LOAD_OR_RETURN(module, node.c_str(),
-                   ROWS(kVcapPipeChnSpecTable, srcFrameRate, motionDenoiseIsoThresh), cfg);
+    LOAD_OR_RETURN(module, node, ROWS(kVcapPipeChnSpecTable, srcFrameRate, motionDenoiseIsoThresh),
+                   cfg);
     LOG_DEBUG(
         "pipe[%d] chn[%d] src_framerate[%d],dst_framerate[%d] motionDenoiseEnable[%d] "
         "isotresh[%d\n",
         pipe, chn, cfg->srcFrameRate, cfg->dstFrameRate, cfg->motionDenoise,
         cfg->motionDenoiseIsoThresh);
     CALL_OR_RETURN(PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(mode, &cfg->ldc), "LDC total attr");
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kVcapPipeChnSpecTable, zero), cfg);
+    LOAD_OR_RETURN(module, node, ROW(kVcapPipeChnSpecTable, zero), cfg);
     return kOk;
 }
 
 Status PDT_INIPARAM_LoadCamVcapPipeSpecCfg(const char* module, std::uint32_t pipe, MediaMode mode,
                                            VcapPipeSpecCfg* cfg) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVcapPipeNode, pipe);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kVcapPipeSpecTable, enable), cfg);
+    FILL_OR_RETURN(node, "sprintf_s", kVcapPipeSpecTable, pipe);
+    LOAD_OR_RETURN(module, node, ROW(kVcapPipeSpecTable, enable), cfg);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapPipeFrameRateCfg(module, pipe, &cfg->frameRate),
                    "framerate");
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVcapPipeSpecTable, ispBypass, bypassMode), cfg);
+    LOAD_OR_RETURN(module, node, ROWS(kVcapPipeSpecTable, ispBypass, bypassMode), cfg);
     LOG_DEBUG("vcap pipe[%d] ,enable[%d],src_framerate[%d], dst_framerate[%d], isp_Bypass[%d] \n",
               pipe, cfg->enable, cfg->frameRate.src, cfg->frameRate.dst, cfg->ispBypass);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapIspPubAttr(module, node.c_str(), &cfg->ispPub),
                    "IspPubAttr");
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVcapSingleValue(module, pipe, cfg), "Vcap Single value");
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kVcapPipeSpecTable, zero), cfg);
     LOG_DEBUG("vcap pipe[%d] , sceneParamIdx[%d] \n", pipe, cfg->sceneParamIdx);
     for (std::uint32_t chn = 0; chn < kVcapPipeSpecChnCount; ++chn) {
         CALL_OR_RETURN(

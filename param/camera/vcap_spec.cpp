@@ -2,12 +2,13 @@
 
 #include "confaccess/number.h"
 #include "confaccess/watch.h"
-#include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
 
 namespace paramgen {
+
+constexpr char kVcapDevNode[] = "vcap.dev";
 
 constexpr Field kVcapSnsFields[] = {
     FIELD(VcapSnsAttr, sensorType, "sensor_type", 0).At(kVcapDevNode).About("Type of the sensor"),
@@ -75,7 +76,7 @@ Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapS
               cfg->basHeight, cfg->wdrMode);
     for (std::uint32_t i = 0; i < kVcapComponentMaskCount; ++i) {
         Key item;
-        FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kVcapSpecTable, componentMask), i);
+        FORMAT_KEY_OR_RETURN(item, {}, ROW(kVcapSpecTable, componentMask), i);
         const char* text = nullptr;
         WATCH_DESTINATION(&cfg->componentMask[i], sizeof cfg->componentMask[i]);
         const Status status = FindText(module, item.c_str(), &text);

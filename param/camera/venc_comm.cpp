@@ -1,14 +1,11 @@
 #include "param/camera/venc_comm.h"
 
 #include "confaccess/confaccess.h"
-#include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
 
 namespace paramgen {
-
-constexpr char kIntraRefreshNode[] = "venc.%d.intraRefresh";
 
 constexpr Field kVencBindSrcFields[] = {
     FIELD(VencBindSrcAttr, module, "bindedmod", 0)
@@ -34,8 +31,8 @@ constexpr Field kVencIntraRefreshFields[] = {
         .About("Quantisation parameter of a requested I frame"),
 };
 
-constexpr TableOf<VencBindSrcAttr> kVencBindSrcTable{kVencNode, kVencBindSrcFields};
-constexpr TableOf<VencIntraRefreshCfg> kVencIntraRefreshTable{kIntraRefreshNode,
+constexpr TableOf<VencBindSrcAttr> kVencBindSrcTable{"venc.%d", kVencBindSrcFields};
+constexpr TableOf<VencIntraRefreshCfg> kVencIntraRefreshTable{"venc.%d.intraRefresh",
                                                               kVencIntraRefreshFields};
 
 constexpr Field kVencCommAttrFields[] = {
@@ -54,7 +51,7 @@ constexpr Field kVencCommAttrFields[] = {
     RECORD(VencCommAttr, intraRefresh, kVencIntraRefreshTable),
 };
 
-constexpr TableOf<VencCommAttr> kVencCommAttrTable{kVencNode, kVencCommAttrFields};
+constexpr TableOf<VencCommAttr> kVencCommAttrTable{"venc.%d", kVencCommAttrFields};
 
 constexpr Field kCamVencCommFields[] = {
     COMPUTED(CamVencCommCfg, count).About("Number of leading encoders that have an enable key"),
@@ -67,21 +64,19 @@ constexpr TableOf<CamVencCommCfg> kCamVencCommTable{nullptr, kCamVencCommFields}
 Status PDT_PARAM_LoadCamVencBindSrcAttr(const char* module, std::int32_t venc,
                                         VencBindSrcAttr* cfg) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVencBindSrcTable, module, count), cfg);
+    FILL_OR_RETURN(node, "sprintf_s", kVencBindSrcTable, venc);
+    LOAD_OR_RETURN(module, node, ROWS(kVencBindSrcTable, module, count), cfg);
     LOG_DEBUG("bindMod[%d] bindCnt[%d]\n", cfg->module, cfg->count);
     for (std::uint32_t i = 0; i < cfg->count && i < kVencBindCount; ++i) {
-        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kVencBindSrcTable, moduleHandles), i, cfg);
-        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kVencBindSrcTable, chnHandles), i, cfg);
+        LOAD_ELEMENT_OR_RETURN(module, node, ROW(kVencBindSrcTable, moduleHandles), i, cfg);
+        LOAD_ELEMENT_OR_RETURN(module, node, ROW(kVencBindSrcTable, chnHandles), i, cfg);
     }
     return kOk;
 }
 
 Status PDT_INIPARAM_LoadVencChnIntraFreshCfg(const char* module, std::int32_t venc,
                                              VencIntraRefreshCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kIntraRefreshNode, venc);
-    LOAD_OR_RETURN(module, node.c_str(), kVencIntraRefreshTable, cfg);
+    LOAD_AT_OR_RETURN(module, kVencIntraRefreshTable, cfg, venc);
     LOG_DEBUG(
         "venc[%d] intraRefresh attr, refreshEnable[%d],intraRefreshMode[%d,0-row,1-col],"
         "refreshNum[%d],reqIQp[%d] \n",
@@ -93,14 +88,14 @@ Status PDT_INIPARAM_LoadCamVencCommAttr(const char* module, std::int32_t venc, V
                                         std::int32_t* isExist) {
     REQUIRE_RECORD_OR_RETURN(cfg);
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
+    FILL_OR_RETURN(node, "sprintf_s", kVencCommAttrTable, venc);
     Key enable;
-    FORMAT_KEY_OR_RETURN(enable, node.c_str(), ROW(kVencCommAttrTable, enable), 0);
+    FORMAT_KEY_OR_RETURN(enable, node, ROW(kVencCommAttrTable, enable), 0);
     CALL_OR_RETURN(ZV_CONFACCESS_IsConfItemExist(kProductConfig, module, enable.c_str(), isExist),
                    enable.c_str());
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVencCommAttrTable, enable, handle), cfg);
+    LOAD_OR_RETURN(module, node, ROWS(kVencCommAttrTable, enable, handle), cfg);
     CALL_OR_RETURN(PDT_PARAM_LoadCamVencBindSrcAttr(module, venc, &cfg->bindSrc), "bindSrc");
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVencCommAttrTable, payload, type), cfg);
+    LOAD_OR_RETURN(module, node, ROWS(kVencCommAttrTable, payload, type), cfg);
     LOG_DEBUG("venc[%d] attr, enable[%d],venchdl[%d]\n", venc, cfg->enable, cfg->handle);
     LOG_DEBUG("payload[%d,0-h264,1-h265,2-mjpeg,3-jpeg,4-aac] \n", cfg->payload);
     LOG_DEBUG("rcmode[%d,0-cbr,1-vbr] \n", cfg->rcMode);

@@ -1,7 +1,6 @@
 #include "param/camera/venc_spec.h"
 
 #include "confaccess/confaccess.h"
-#include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
@@ -28,7 +27,7 @@ constexpr Field kVencSpecAttrFields[] = {
         .Unit("s"),
 };
 
-constexpr TableOf<VencSpecAttr> kVencSpecAttrTable{kVencNode, kVencSpecAttrFields};
+constexpr TableOf<VencSpecAttr> kVencSpecAttrTable{"venc.%d", kVencSpecAttrFields};
 
 constexpr Field kVencSpecFields[] = {
     RECORD(VencSpecCfg, vencs, kVencSpecAttrTable)
@@ -43,12 +42,12 @@ Status PDT_INIPARAM_LoadCamVencSpecAttr(const char* module, std::uint32_t venc, 
                                         std::int32_t* exists) {
     REQUIRE_RECORD_OR_RETURN(attr);
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVencNode, venc);
+    FILL_OR_RETURN(node, "sprintf_s", kVencSpecAttrTable, venc);
     Key width;
-    FORMAT_KEY_OR_RETURN(width, node.c_str(), ROW(kVencSpecAttrTable, resWidth), 0);
+    FORMAT_KEY_OR_RETURN(width, node, ROW(kVencSpecAttrTable, resWidth), 0);
     CALL_OR_RETURN(ZV_CONFACCESS_IsConfItemExist(kProductConfig, module, width.c_str(), exists),
                    width.c_str());
-    LOAD_OR_RETURN(module, node.c_str(), kVencSpecAttrTable, attr);
+    LOAD_OR_RETURN(module, node, kVencSpecAttrTable, attr);
     LOG_DEBUG("venc[%d] spec attr, res_width[%u],res_height[%u],bufsize[%u]\n", venc,
               attr->resWidth, attr->resHeight, attr->bufSize);
     LOG_DEBUG(

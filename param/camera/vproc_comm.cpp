@@ -1,6 +1,5 @@
 #include "param/camera/vproc_comm.h"
 
-#include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
 
@@ -42,9 +41,9 @@ constexpr Field kExtVportCommFields[] = {
         .Unit("lines"),
 };
 
-constexpr TableOf<VprocNrAttr> kVprocNrTable{kVpssNode, kVprocNrFields};
-constexpr TableOf<VportLowDelayInfo> kVportLowDelayTable{kVportNode, kVportLowDelayFields};
-constexpr TableOf<ExtVportCommCfg> kExtVportCommTable{kExtVportNode, kExtVportCommFields};
+constexpr TableOf<VprocNrAttr> kVprocNrTable{"vpss.%d", kVprocNrFields};
+constexpr TableOf<VportLowDelayInfo> kVportLowDelayTable{"vpss.%d.vport.%d", kVportLowDelayFields};
+constexpr TableOf<ExtVportCommCfg> kExtVportCommTable{"vpss.%d.extvport.%d", kExtVportCommFields};
 
 constexpr Field kVportCommFields[] = {
     FIELD(VportCommCfg, enable, "enable", 0).About("The port is in use"),
@@ -70,7 +69,7 @@ constexpr Field kVportCommFields[] = {
     RECORD(VportCommCfg, lowDelay, kVportLowDelayTable),
 };
 
-constexpr TableOf<VportCommCfg> kVportCommTable{kVportNode, kVportCommFields};
+constexpr TableOf<VportCommCfg> kVportCommTable{"vpss.%d.vport.%d", kVportCommFields};
 
 constexpr Field kVprocCommFields[] = {
     FIELD(VprocCommCfg, enable, "enable", 0).About("The processing group is in use"),
@@ -95,12 +94,10 @@ constexpr Field kVprocCommFields[] = {
     RESERVED(VprocCommCfg, reserved).About("Reserved"),
 };
 
-constexpr TableOf<VprocCommCfg> kVprocCommTable{kVpssNode, kVprocCommFields};
+constexpr TableOf<VprocCommCfg> kVprocCommTable{"vpss.%d", kVprocCommFields};
 
 Status PDT_INIPARAM_LoadCamVprocNrAttr(const char* module, std::int32_t group, VprocNrAttr* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVpssNode, group);
-    LOAD_OR_RETURN(module, node.c_str(), kVprocNrTable, cfg);
+    LOAD_AT_OR_RETURN(module, kVprocNrTable, cfg, group);
     LOG_DEBUG("nr attr, nrmotionmode[%d],nrcompressmode[%d],nrType[%d] \n", cfg->motionMode,
               cfg->compressMode, cfg->type);
     return kOk;
@@ -108,17 +105,13 @@ Status PDT_INIPARAM_LoadCamVprocNrAttr(const char* module, std::int32_t group, V
 
 Status PDT_INIPARAM_LoadCamVportLowDelayInfo(const char* module, std::int32_t group,
                                              std::int32_t port, VportLowDelayInfo* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVportNode, group, port);
-    LOAD_OR_RETURN(module, node.c_str(), kVportLowDelayTable, cfg);
+    LOAD_AT_OR_RETURN(module, kVportLowDelayTable, cfg, group, port);
     return kOk;
 }
 
 Status PDT_INIPARAM_LoadCamVportCommCfg(const char* module, std::int32_t group, std::int32_t port,
                                         VportCommCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVportNode, group, port);
-    LOAD_OR_RETURN(module, node.c_str(), kVportCommTable, cfg);
+    LOAD_AT_OR_RETURN(module, kVportCommTable, cfg, group, port);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportLowDelayInfo(module, group, port, &cfg->lowDelay),
                    "lowdelayinfo");
     LOG_DEBUG("vpss[%d]vport[%d] attr,enable[%d],vporthdl[%d],rotate[%d],isMirror[%d]\n", group,
@@ -134,17 +127,15 @@ Status PDT_INIPARAM_LoadCamVportCommCfg(const char* module, std::int32_t group, 
 Status PDT_INIPARAM_LoadExtVportCommCfg(const char* module, std::int32_t group, std::int32_t port,
                                         ExtVportCommCfg* cfg) {
     Key node;
-    FORMAT_OR_RETURN(node, "snprintf_s", kExtVportNode, group, port);
-    LOAD_OR_RETURN(module, node.c_str(), kExtVportCommTable, cfg);
+    FILL_OR_RETURN(node, "snprintf_s", kExtVportCommTable, group, port);
+    LOAD_OR_RETURN(module, node, kExtVportCommTable, cfg);
     LOG_DEBUG("vpss[%d]vport[%d] attr,enable[%d],vporthdl[%d],bindvporthdl[%d], cropenable[%d]\n",
               group, port, cfg->enable, cfg->handle, cfg->bindHandle, cfg->cropEnable);
     return kOk;
 }
 
 Status PDT_INIPARAM_LoadCamVprocCommArg(const char* module, std::int32_t group, VprocCommCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVpssNode, group);
-    LOAD_OR_RETURN(module, node.c_str(), kVprocCommTable, cfg);
+    LOAD_AT_OR_RETURN(module, kVprocCommTable, cfg, group);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVprocNrAttr(module, group, &cfg->nr), "VprocNrAttr");
     LOG_DEBUG(
         "vpss[%d] attr, enable[%d],vpsshdl[%d],vcappipehdl[%d],pipeChnHdl[%d],pixelformat[%d] "
@@ -156,6 +147,8 @@ Status PDT_INIPARAM_LoadCamVprocCommArg(const char* module, std::int32_t group, 
 
 Status PDT_INIPARAM_LoadCamVprocCommCfg(const char* module, std::int32_t group, VprocCommCfg* cfg) {
     REQUIRE_RECORD_OR_RETURN(cfg);
+    Key node;
+    FILL_OR_RETURN(node, "sprintf_s", kVprocCommTable, group);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVprocCommArg(module, group, cfg), "VprocCommArg");
     for (std::int32_t port = 0; port < kVportCount; ++port) {
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportCommCfg(module, group, port, &cfg->vports[port]),

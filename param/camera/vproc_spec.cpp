@@ -1,6 +1,5 @@
 #include "param/camera/vproc_spec.h"
 
-#include "param/camera/nodes.h"
 #include "param/common/key.h"
 #include "param/common/propagate.h"
 
@@ -60,11 +59,11 @@ constexpr Field kVpssSpecFields[] = {
         .About("Height of the part of the picture that is used")
         .Unit("px"),
     RECORD(VpssSpecAttr, ldc, kVcapLDCTable).FromMatching(kLdcSearch),
-    RECORD(VpssSpecAttr, vports, kVportSpecTable).Under(kVportNode),
-    RECORD(VpssSpecAttr, extVports, kVportSpecTable).Under(kExtVportNode),
+    RECORD(VpssSpecAttr, vports, kVportSpecTable).Under("vpss.%d.vport.%d"),
+    RECORD(VpssSpecAttr, extVports, kVportSpecTable).Under("vpss.%d.extvport.%d"),
 };
 
-constexpr TableOf<VpssSpecAttr> kVpssSpecTable{kVpssNode, kVpssSpecFields};
+constexpr TableOf<VpssSpecAttr> kVpssSpecTable{"vpss.%d", kVpssSpecFields};
 
 Status PDT_INIPARAM_LoadCamVportSpecCfg(const char* module, const char* node, VportSpecCfg* cfg) {
     LOAD_OR_RETURN(module, node, kVportSpecTable, cfg);
@@ -81,8 +80,8 @@ Status PDT_INIPARAM_LoadCamVportSpecCfg(const char* module, const char* node, Vp
 Status PDT_INIPARAM_LoadCamVpssSpecAttr(const char* module, std::uint32_t group, MediaMode mode,
                                         VpssSpecAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVpssNode, group);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVpssSpecTable, maxWidth, cropHeight), attr);
+    FILL_OR_RETURN(node, "sprintf_s", kVpssSpecTable, group);
+    LOAD_OR_RETURN(module, node, ROWS(kVpssSpecTable, maxWidth, cropHeight), attr);
     LOG_DEBUG(
         "vpss[%d] spec attr, max_width[%u],max_height[%u],src_framerate[%d],dst_framerate[%d] \n",
         group, attr->maxWidth, attr->maxHeight, attr->srcFrameRate, attr->dstFrameRate);
@@ -90,12 +89,12 @@ Status PDT_INIPARAM_LoadCamVpssSpecAttr(const char* module, std::uint32_t group,
               node.c_str(), attr->cropStartX, attr->cropStartY, attr->cropWidth, attr->cropHeight);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportSpecLDCCfg(mode, &attr->ldc), "ldcV1 ldcV3 CFG");
     for (std::uint32_t i = 0; i < kVportSpecCount; ++i) {
-        FORMAT_OR_RETURN(node, "snprintf_s", kVportNode, group, i);
+        FILL_OR_RETURN(node, "snprintf_s", ROW(kVpssSpecTable, vports), group, i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportSpecCfg(module, node.c_str(), &attr->vports[i]),
                        "vport spec config");
     }
     for (std::uint32_t i = 0; i < kExtVportSpecCount; ++i) {
-        FORMAT_OR_RETURN(node, "snprintf_s", kExtVportNode, group, i);
+        FILL_OR_RETURN(node, "snprintf_s", ROW(kVpssSpecTable, extVports), group, i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamVportSpecCfg(module, node.c_str(), &attr->extVports[i]),
                        "ext vport spec config");
     }

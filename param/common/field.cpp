@@ -6,6 +6,7 @@
 #include "confaccess/confaccess.h"
 #include "confaccess/watch.h"
 #include "param/common/key.h"
+#include "param/common/node_template.h"
 #include "param/common/param_log.h"
 #include "param/common/product_module.h"
 
@@ -191,15 +192,6 @@ Status LoadThroughQuery(const Load& load) {
                          : LogFailed(load.site.function, load.site.line, fullKey.c_str(), status);
 }
 
-/// Puts an element's number into a key template.
-int FormatItem(Key* item, const char* key, std::uint32_t index) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    // A row's template takes one number at most, which the row's construction checks.
-    return item->Format(key, index);
-#pragma GCC diagnostic pop
-}
-
 /// Loads one row, as `LoadField` does.
 Status LoadRow(CallSite site, const ProductModule& module, std::string_view node,
                const Field& field, std::uint32_t index, void* record) {
@@ -219,7 +211,7 @@ Status LoadRow(CallSite site, const ProductModule& module, std::string_view node
             return kOk;
     }
     Key numbered;
-    if (field.isNumbered && FormatItem(&numbered, field.key, index) == -1) {
+    if (field.isNumbered && FillChecked(&numbered, field.key, index) == -1) {
         return LogNotFormatted(site);
     }
     const Load load = {.site = site,
@@ -238,15 +230,14 @@ std::string_view NodeView(const char* node) {
 }
 
 /// Loads each of `fields`, of arrays the element `index`.
-Status LoadRows(CallSite site, const char* module, const char* node, std::span<const Field> fields,
-                std::uint32_t index, void* record) {
+Status LoadRows(CallSite site, const char* module, std::string_view node,
+                std::span<const Field> fields, std::uint32_t index, void* record) {
     if (record == nullptr) {
         return LogNullRecord(site.function, site.line);
     }
     const ProductModule productModule(module);
-    const std::string_view nodeView = NodeView(node);
     for (const Field& field : fields) {
-        const Status status = LoadRow(site, productModule, nodeView, field, index, record);
+        const Status status = LoadRow(site, productModule, node, field, index, record);
         if (status != kOk) {
             return status;
         }
@@ -256,22 +247,41 @@ Status LoadRows(CallSite site, const char* module, const char* node, std::span<c
 
 }  // namespace
 
-Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
+Status LoadField(CallSite site, const char* module, std::string_view node, const Field& field,
                  std::uint32_t index, void* record) {
     return LoadRows(site, module, node, std::span(&field, 1), index, record);
 }
 
-Status LoadFields(CallSite site, const char* module, const char* node,
+Status LoadField(CallSite site, const char* module, const char* node, const Field& field,
+                 std::uint32_t index, void* record) {
+    return LoadRows(site, module, NodeView(node), std::span(&field, 1), index, record);
+}
+
+Status LoadFields(CallSite site, const char* module, std::string_view node,
                   std::span<const Field> fields, void* record) {
     return LoadRows(site, module, node, fields, 0, record);
 }
 
-int FormatFullKey(Key* key, const char* node, const Field& field, std::uint32_t index) {
+Status LoadFields(CallSite site, const char* module, const char* node,
+                  std::span<const Field> fields, void* record) {
+    return LoadRows(site, module, NodeView(node), fields, 0, record);
+}
+
+Status LoadFieldsAt(CallSite site, const char* module, NodeRows rows, std::uint32_t first,
+                    std::uint32_t second, void* record) {
+    Key node;
+    if (FillChecked(&node, rows.node, first, second) == -1) {
+        return LogNotFormatted(site);
+    }
+    return LoadRows(site, module, node.View(), rows.fields, 0, record);
+}
+
+int FormatFullKey(Key* key, std::string_view node, const Field& field, std::uint32_t index) {
     Key numbered;
-    if (field.isNumbered && FormatItem(&numbered, field.key, index) == -1) {
+    if (field.isNumbered && FillChecked(&numbered, field.key, index) == -1) {
         return -1;
     }
-    return key->Join(NodeView(field.ownNode ? field.node : node),
+    return key->Join(field.ownNode ? field.node : node,
                      field.isNumbered ? numbered.View() : field.KeyView());
 }
 

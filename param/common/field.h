@@ -247,6 +247,24 @@ struct RecordTable {
 #if defined(PARAMGEN_DESCRIBED)
     std::string_view type;  ///< "GsensorCfg"
 #endif
+
+    /// Template of the node that `row`, one of these, is read under, or the record that it is.
+    constexpr const char* NodeOf(const Field& row) const {
+        const bool isOfTable = row.source == FieldSource::kTable && row.table->node != nullptr;
+        return row.node != nullptr ? row.node : isOfTable ? row.table->node : node;
+    }
+};
+
+/// Rows of a table that stand side by side.
+struct TableRows {
+    const RecordTable* table;
+    std::span<const Field> fields;
+};
+
+/// Rows to load, and the template of the node that they stand under.
+struct NodeRows {
+    const char* node;
+    std::span<const Field> fields;
 };
 
 namespace field_detail {
@@ -371,7 +389,7 @@ struct TableOf : RecordTable {
     }
 
     /// The rows from the one of the member at offset `first` through the one of that at `last`.
-    consteval std::span<const Field> Rows(std::size_t first, std::size_t last) const {
+    consteval TableRows Rows(std::size_t first, std::size_t last) const {
         std::size_t from = 0;
         while (from < fields.size() && fields[from].offset != first) {
             ++from;
@@ -383,7 +401,7 @@ struct TableOf : RecordTable {
         if (to == fields.size()) {
             NoSuchRowsInThisOrder();
         }
-        return fields.subspan(from, to - from + 1);
+        return {.table = this, .fields = fields.subspan(from, to - from + 1)};
     }
 
 private:
@@ -420,25 +438,41 @@ struct CallSite {
 /// itself are passed over. Returns -1, logging so, when `record` is null.
 [[nodiscard]] Status LoadField(CallSite site, const char* module, const char* node,
                                const Field& field, std::uint32_t index, void* record);
+[[nodiscard]] Status LoadField(CallSite site, const char* module, std::string_view node,
+                               const Field& field, std::uint32_t index, void* record);
 
 /// Loads each of `fields` in turn, up to the first failure; of arrays the element 0. `node` may be
 /// null when every row has its own. Returns -1, logging so, when `record` is null.
 [[nodiscard]] Status LoadFields(CallSite site, const char* module, const char* node,
                                 std::span<const Field> fields, void* record);
+[[nodiscard]] Status LoadFields(CallSite site, const char* module, std::string_view node,
+                                std::span<const Field> fields, void* record);
 
-/// The same for one row, and for all rows of a table.
-[[nodiscard]] inline Status LoadFields(CallSite site, const char* module, const char* node,
-                                       const Field& field, void* record) {
+/// The same for one row, for rows that stand side by side, and for all rows of a table.
+template <typename Node>
+[[nodiscard]] Status LoadFields(CallSite site, const char* module, const Node& node,
+                                const Field& field, void* record) {
     return LoadField(site, module, node, field, 0, record);
 }
-[[nodiscard]] inline Status LoadFields(CallSite site, const char* module, const char* node,
-                                       const RecordTable& table, void* record) {
+template <typename Node>
+[[nodiscard]] Status LoadFields(CallSite site, const char* module, const Node& node,
+                                const TableRows& rows, void* record) {
+    return LoadFields(site, module, node, rows.fields, record);
+}
+template <typename Node>
+[[nodiscard]] Status LoadFields(CallSite site, const char* module, const Node& node,
+                                const RecordTable& table, void* record) {
     return LoadFields(site, module, node, table.fields, record);
 }
 
+/// The same under the node of `rows`, of whose two numbers the template takes as many as it has
+/// places for. When it does not fit, logs "sprintf_s" and returns -1.
+[[nodiscard]] Status LoadFieldsAt(CallSite site, const char* module, NodeRows rows,
+                                  std::uint32_t first, std::uint32_t second, void* record);
+
 /// Formats the full key, "node:item", of `field` for element `index`. Returns the number of
 /// characters, or -1 when they do not fit.
-[[nodiscard]] int FormatFullKey(Key* key, const char* node, const Field& field,
+[[nodiscard]] int FormatFullKey(Key* key, std::string_view node, const Field& field,
                                 std::uint32_t index);
 
 }  // namespace paramgen
@@ -449,7 +483,7 @@ struct CallSite {
 #define ROWS(table, first, last) \
     (table).Rows(offsetof(decltype(table)::Record, first), offsetof(decltype(table)::Record, last))
 
-#define ROW(table, member) (ROWS(table, member, member).front())
+#define ROW(table, member) (ROWS(table, member, member).fields.front())
 
 // Rows. `Record` is the record's type, `member` its member. Keys may be followed by the default of
 // an absent key, which is 0 when not given; texts and names have none.

@@ -23,6 +23,7 @@ public:
     /// The text, valid as long as the key.
     const char* c_str() const { return text_; }
     std::string_view View() const { return {text_, length_}; }
+    operator std::string_view() const { return View(); }
 
 private:
     int Take(int length);

@@ -11,6 +11,9 @@ namespace paramgen {
 /// The module tag of every record of the generator.
 inline constexpr char kParamTag[] = "PARAM";
 
+/// What is logged of a count that leads beyond its section: the count's key, and the count.
+inline constexpr char kCountBeyondSection[] = "[%s] count[%u] is beyond the section\n";
+
 /// One record at ERROR, or at DEBUG. Few arguments, since loaders call these hundreds of times.
 [[gnu::format(printf, 3, 4)]] void LogError(const char* function, std::uint32_t line,
                                             const char* format, ...);

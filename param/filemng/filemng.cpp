@@ -101,7 +101,7 @@ Status PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(const char* module, DtcfCfg* cfg)
     REQUIRE_RECORD_OR_RETURN(cfg);
     for (std::uint32_t i = 0; i < kDirNameCount; ++i) {
         Key item;
-        FORMAT_KEY_OR_RETURN(item, nullptr, ROW(kDtcfTable, dirNames), i);
+        FORMAT_KEY_OR_RETURN(item, {}, ROW(kDtcfTable, dirNames), i);
         const char* value = nullptr;
         WATCH_DESTINATION(cfg->dirNames[i], sizeof cfg->dirNames[i]);
         CALL_OR_RETURN(FindText(module, item.c_str(), &value), item.c_str());

@@ -4,10 +4,6 @@
 
 namespace paramgen {
 
-constexpr char kAcapNode[] = "acapture.%d";
-constexpr char kAcapAacNode[] = "acapture.%d.aac";
-constexpr char kAcapChnNode[] = "acapture.%d.chnl.%d";
-
 constexpr Field kAcapAttrFields[] = {
     FIELD(AcapAttr, sampleRate, "sample_rate", 0).About("Sample rate").Unit("Hz"),
     FIELD(AcapAttr, bitWidth, "bit_width", 0)
@@ -25,7 +21,7 @@ constexpr Field kAcapAttrFields[] = {
         .About("Sample rate that is handed on to the encoder")
         .Unit("Hz"),
     FIELD(AcapAttr, pointsPerFrame, "ptnum_per_frm", 0)
-        .Under(kAcapAacNode)
+        .Under("acapture.%d.aac")
         .About("Samples of a frame")
         .Unit("samples"),
     CONSTANT(AcapAttr, fixed0, 0).About("Always 0"),
@@ -45,10 +41,10 @@ constexpr Field kAcapFields[] = {
     FIELD(AcapCfg, handle, "handle", 0).About("Handle of the capture device"),
     FIELD(AcapCfg, audioGain, "audiogain", 0).About("Gain of the microphone amplifier"),
     RECORD(AcapCfg, attr, kAcapAttrTable),
-    RECORD(AcapCfg, chn, kAcapChnTable).Under(kAcapChnNode),
+    RECORD(AcapCfg, chn, kAcapChnTable).Under("acapture.%d.chnl.%d"),
 };
 
-constexpr TableOf<AcapCfg> kAcapTable{kAcapNode, kAcapFields};
+constexpr TableOf<AcapCfg> kAcapTable{"acapture.%d", kAcapFields};
 
 Status PDT_INIPARAM_LoadMediaCommAcapAttr(const char* module, const char* prefix, AcapAttr* attr) {
     LOAD_OR_RETURN(module, prefix, ROWS(kAcapAttrTable, sampleRate, resampleRate), attr);
@@ -63,16 +59,15 @@ Status PDT_INIPARAM_LoadMediaCommAcapChnAttr(const char* module, const char* pre
 
 Status PDT_INIPARAM_LoadMediaCommAcapCfg(const char* module, std::int32_t index, AcapCfg* cfg) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kAcapNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), kAcapTable, cfg);
+    FILL_OR_RETURN(node, "sprintf_s", kAcapTable, index);
+    LOAD_OR_RETURN(module, node, kAcapTable, cfg);
     LOG_DEBUG("Acap[%d] enable[%d] hdl[%d] audio gain[%d]\n", index, cfg->enable, cfg->handle,
               cfg->audioGain);
     AcapAttr& attr = cfg->attr;
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAcapAttr(module, node.c_str(), &attr), "acap attr");
-    FORMAT_OR_RETURN(node, "sprintf_s", kAcapAacNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kAcapAttrTable, pointsPerFrame), &attr);
+    LOAD_AT_OR_RETURN(module, ROW(kAcapAttrTable, pointsPerFrame), &attr, index);
     for (std::int32_t i = 0; i < kAcapChnCount; ++i) {
-        FORMAT_OR_RETURN(node, "sprintf_s", kAcapChnNode, index, i);
+        FILL_OR_RETURN(node, "sprintf_s", ROW(kAcapTable, chn), index, i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAcapChnAttr(module, node.c_str(), &cfg->chn[i]),
                        "acap chn");
     }

@@ -4,10 +4,6 @@
 
 namespace paramgen {
 
-constexpr char kAencNode[] = "aenc.%d";
-constexpr char kAacNode[] = "aenc.%d.aac";
-constexpr char kMp3Node[] = "aenc.%d.mp3";
-
 constexpr Field kAencAacFields[] = {
     FIELD(AencAacAttr, aacType, "aac_type", 0).About("Type of AAC").Numbers("0 AAC-LC"),
     FIELD(AencAacAttr, bitRate, "bit_rate", 0).About("Bit rate").Unit("bit/s"),
@@ -35,8 +31,8 @@ constexpr Field kAencMp3Fields[] = {
     FIELD(AencMp3Attr, quality, "quality", 0).About("Quality of the encoder"),
 };
 
-constexpr TableOf<AencAacAttr> kAencAacTable{kAacNode, kAencAacFields};
-constexpr TableOf<AencMp3Attr> kAencMp3Table{kMp3Node, kAencMp3Fields};
+constexpr TableOf<AencAacAttr> kAencAacTable{"aenc.%d.aac", kAencAacFields};
+constexpr TableOf<AencMp3Attr> kAencMp3Table{"aenc.%d.mp3", kAencMp3Fields};
 
 constexpr Field kAencFields[] = {
     FIELD(AencCfg, enable, "enable", 0).About("The encoder is in use"),
@@ -45,19 +41,17 @@ constexpr Field kAencFields[] = {
     FIELD(AencCfg, acapChnHandle, "acapchdl", 0).About("Handle of the channel of that device"),
     CONSTANT(AencCfg, format, kAencFormatAac).About("Format of the sound; always 0 (AAC)"),
     FIELD(AencCfg, pointsPerFrame, "ptnum_per_frm", 0)
-        .Under(kAacNode)
+        .Under("aenc.%d.aac")
         .About("Samples of a frame")
         .Unit("samples"),
     RECORD(AencCfg, aac, kAencAacTable),
 };
 
-constexpr TableOf<AencCfg> kAencTable{kAencNode, kAencFields};
+constexpr TableOf<AencCfg> kAencTable{"aenc.%d", kAencFields};
 
 Status PDT_INIPARAM_LoadMediaCommAencAacCfg(const char* module, std::int32_t index,
                                             AencAacAttr* attr) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kAacNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), kAencAacTable, attr);
+    LOAD_AT_OR_RETURN(module, kAencAacTable, attr, index);
     LOG_DEBUG("    AAC Type[%d:0-AACLC],bitrate[%d],samplerate[%d]\n", attr->aacType, attr->bitRate,
               attr->sampleRate);
     LOG_DEBUG("    bitWidth[%d:0-8,1-16,2-24],soundMode[%d:0-mono,1-stereo] bandwidth[%d]\n",
@@ -68,9 +62,7 @@ Status PDT_INIPARAM_LoadMediaCommAencAacCfg(const char* module, std::int32_t ind
 
 Status PDT_INIPARAM_LoadMediaCommAencMp3Cfg(const char* module, std::int32_t index,
                                             AencMp3Attr* attr) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kMp3Node, index);
-    LOAD_OR_RETURN(module, node.c_str(), kAencMp3Table, attr);
+    LOAD_AT_OR_RETURN(module, kAencMp3Table, attr, index);
     LOG_DEBUG("    bitrate[%d],samplerate[%d]\n", attr->bitRate, attr->sampleRate);
     LOG_DEBUG("    bitWidth[%d:0-8,1-16,2-24], soundMode[%d:0-mono,1-stereo] quality[%d]\n",
               attr->bitWidth, attr->soundMode, attr->quality);
@@ -78,11 +70,8 @@ Status PDT_INIPARAM_LoadMediaCommAencMp3Cfg(const char* module, std::int32_t ind
 }
 
 Status PDT_INIPARAM_LoadMediaCommAencCfg(const char* module, std::int32_t index, AencCfg* cfg) {
-    Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kAencNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kAencTable, enable, format), cfg);
-    FORMAT_OR_RETURN(node, "sprintf_s", kAacNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kAencTable, pointsPerFrame), cfg);
+    LOAD_AT_OR_RETURN(module, ROWS(kAencTable, enable, format), cfg, index);
+    LOAD_AT_OR_RETURN(module, ROW(kAencTable, pointsPerFrame), cfg, index);
     LOG_DEBUG(
         "Aenc[%d] enable[%d] aenchdl[%d] acaphdl[%d] acapchdl[%d]  format[%d:0-aac,1-opus] "
         "pointNumPerFrame[%u]\n",

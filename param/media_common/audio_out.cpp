@@ -4,10 +4,6 @@
 
 namespace paramgen {
 
-constexpr char kAoNode[] = "ao.%d";
-constexpr char kAoAacNode[] = "ao.%d.aac";
-constexpr char kAoChnNode[] = "ao.%d.chnl.%d";
-
 constexpr Field kAoAttrFields[] = {
     FIELD(AoAttr, sampleRate, "sample_rate", 0).About("Sample rate").Unit("Hz"),
     COPY(AoAttr, inSampleRate, sampleRate).About("Sample rate of the input; the same").Unit("Hz"),
@@ -21,7 +17,7 @@ constexpr Field kAoAttrFields[] = {
     FIELD(AoAttr, workMode, "work_mode", 6).About("Work mode of the audio interface"),
     FIELD(AoAttr, i2cType, "ao_i2c_type", 0).About("I2C type of the codec"),
     FIELD(AoAttr, pointsPerFrame, "ptnum_per_frm", 0)
-        .Under(kAoAacNode)
+        .Under("ao.%d.aac")
         .About("Samples of a frame")
         .Unit("samples"),
 };
@@ -39,10 +35,10 @@ constexpr Field kAoFields[] = {
     FIELD(AoCfg, handle, "handle", 0).About("Handle of the output"),
     FIELD(AoCfg, volume, "volume", 0).About("Volume of the loudspeaker"),
     RECORD(AoCfg, attr, kAoAttrTable),
-    RECORD(AoCfg, chn, kAoChnTable).Under(kAoChnNode),
+    RECORD(AoCfg, chn, kAoChnTable).Under("ao.%d.chnl.%d"),
 };
 
-constexpr TableOf<AoCfg> kAoTable{kAoNode, kAoFields};
+constexpr TableOf<AoCfg> kAoTable{"ao.%d", kAoFields};
 
 Status PDT_INIPARAM_LoadMediaCommAoAttr(const char* module, const char* prefix, AoAttr* attr) {
     LOAD_OR_RETURN(module, prefix, ROWS(kAoAttrTable, sampleRate, soundMode), attr);
@@ -56,16 +52,15 @@ Status PDT_INIPARAM_LoadMediaCommAoAttr(const char* module, const char* prefix, 
 
 Status PDT_INIPARAM_LoadMediaCommAoCfg(const char* module, std::int32_t index, AoCfg* cfg) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kAoNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), kAoTable, cfg);
+    FILL_OR_RETURN(node, "sprintf_s", kAoTable, index);
+    LOAD_OR_RETURN(module, node, kAoTable, cfg);
     LOG_DEBUG("Ao[%d] enable[%d] hdl[%d]\n", index, cfg->enable, cfg->handle);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommAoAttr(module, node.c_str(), &cfg->attr), "ao attr");
-    FORMAT_OR_RETURN(node, "sprintf_s", kAoAacNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kAoAttrTable, pointsPerFrame), &cfg->attr);
+    LOAD_AT_OR_RETURN(module, ROW(kAoAttrTable, pointsPerFrame), &cfg->attr, index);
     for (std::int32_t i = 0; i < kAoChnCount; ++i) {
         AoChnAttr& chn = cfg->chn[i];
-        FORMAT_OR_RETURN(node, "sprintf_s", kAoChnNode, index, i);
-        LOAD_OR_RETURN(module, node.c_str(), kAoChnTable, &chn);
+        FILL_OR_RETURN(node, "sprintf_s", ROW(kAoTable, chn), index, i);
+        LOAD_OR_RETURN(module, node, kAoChnTable, &chn);
         LOG_DEBUG("chn[%d],aoChnHdl[%d],enable[%d]\n", i, chn.handle, chn.enable);
     }
     return kOk;

@@ -4,13 +4,8 @@
 
 namespace paramgen {
 
-constexpr char kDispNode[] = "disp.%d";
-constexpr char kCscNode[] = "disp.%d.csc";
-constexpr char kSourceNode[] = "disp.%d.SRC.%d";
+/// Node of an ordinary window, of which none is read.
 constexpr char kWndNode[] = "disp.%d.window.%d";
-constexpr char kPlaybackWndNode[] = "disp.%d.playbackwindow.0";
-constexpr char kAspectNode[] = "%s.aspectratio";
-constexpr char kWndAttrNode[] = "%s.wndattr";
 
 constexpr Field kDispCscFields[] = {
     QUERY(DispCscAttr, matrix, "cscmatrix").About("Matrix of the colour-space conversion"),
@@ -58,8 +53,8 @@ constexpr Field kDispWndFields[] = {
     FIELD(DispWndCfg, rotate, "rotate", 0)
         .About("Rotation of the picture")
         .Numbers("0 none, 1 90 degrees, 2 180 degrees, 3 270 degrees"),
-    RECORD(DispWndCfg, aspect, kDispAspectTable).Under(kAspectNode),
-    RECORD(DispWndCfg, rect, kDispWndAttrTable).Under(kWndAttrNode),
+    RECORD(DispWndCfg, aspect, kDispAspectTable).Under("%s.aspectratio"),
+    RECORD(DispWndCfg, rect, kDispWndAttrTable).Under("%s.wndattr"),
 };
 
 constexpr TableOf<DispWndCfg> kDispWndTable{nullptr, kDispWndFields};
@@ -71,16 +66,16 @@ constexpr Field kDispFields[] = {
         .About("Background colour: red * 65536 + green * 256 + blue"),
     FIELD(DispCfg, windowCount, "windowcnt", 0).About("Number of windows; no window is read by it"),
     FIELD(DispCfg, enableCsc, "enable", 0)
-        .Under(kCscNode)
+        .Under("disp.%d.csc")
         .Label("csc enable")
         .About("Colour-space conversion is on"),
-    RECORD(DispCfg, csc, kDispCscTable).Under(kCscNode),
-    RECORD(DispCfg, source, kVideoModTable).Under(kSourceNode),
-    RECORD(DispCfg, playbackWnd, kDispWndTable).Under(kPlaybackWndNode),
+    RECORD(DispCfg, csc, kDispCscTable).Under("disp.%d.csc"),
+    RECORD(DispCfg, source, kVideoModTable).Under("disp.%d.SRC.%d"),
+    RECORD(DispCfg, playbackWnd, kDispWndTable).Under("disp.%d.playbackwindow.0"),
     RESERVED(DispCfg, reserved).About("Reserved"),
 };
 
-constexpr TableOf<DispCfg> kDispTable{kDispNode, kDispFields};
+constexpr TableOf<DispCfg> kDispTable{"disp.%d", kDispFields};
 
 Status PDT_INIPARAM_LoadMediaCommDispCSCAttr(const char* module, const char* prefix,
                                              DispCscAttr* attr) {
@@ -114,10 +109,10 @@ Status PDT_INIPARAM_LoadMediaCommDispWndCfg(const char* module, const char* pref
     LOAD_OR_RETURN(module, prefix, ROW(kDispWndTable, rotate), cfg);
     LOG_DEBUG("    Rotate[%d, 0:0, 1:90, 2:180, 3:270]\n", cfg->rotate);
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kAspectNode, prefix);
+    FILL_OR_RETURN(node, "sprintf_s", ROW(kDispWndTable, aspect), prefix);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispAspectAttr(module, node.c_str(), &cfg->aspect),
                    "AspectAttr");
-    FORMAT_OR_RETURN(node, "sprintf_s", kWndAttrNode, prefix);
+    FILL_OR_RETURN(node, "sprintf_s", ROW(kDispWndTable, rect), prefix);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispWndAttr(module, node.c_str(), &cfg->rect),
                    "WndAttr");
     return kOk;
@@ -125,30 +120,30 @@ Status PDT_INIPARAM_LoadMediaCommDispWndCfg(const char* module, const char* pref
 
 Status PDT_INIPARAM_LoadMediaCommDispCfg(const char* module, std::int32_t index, DispCfg* cfg) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kDispNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kDispTable, enable, handle), cfg);
+    FILL_OR_RETURN(node, "sprintf_s", kDispTable, index);
+    LOAD_OR_RETURN(module, node, ROWS(kDispTable, enable, handle), cfg);
     LOG_DEBUG("Display[%d]: enable[%d] disphdl[%d]\n", index, cfg->enable, cfg->handle);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kDispTable, bgColor), cfg);
+    LOAD_OR_RETURN(module, node, ROW(kDispTable, bgColor), cfg);
     LOG_DEBUG(" bg color[%08x]\n", cfg->bgColor);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kDispTable, windowCount), cfg);
+    LOAD_OR_RETURN(module, node, ROW(kDispTable, windowCount), cfg);
     LOG_DEBUG("Display[%d]: windowcnt[%d]\n", index, cfg->windowCount);
-    FORMAT_OR_RETURN(node, "sprintf_s", kCscNode, index);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kDispTable, enableCsc), cfg);
+    FILL_OR_RETURN(node, "sprintf_s", ROWS(kDispTable, enableCsc, csc), index);
+    LOAD_OR_RETURN(module, node, ROW(kDispTable, enableCsc), cfg);
     LOG_DEBUG("    CSCEnable[%d]\n", cfg->enableCsc);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispCSCAttr(module, node.c_str(), &cfg->csc),
                    "CSCAttr");
     for (std::int32_t i = 0; i < kDispSourceCount; ++i) {
-        FORMAT_OR_RETURN(node, "sprintf_s", kSourceNode, index, i);
+        FILL_OR_RETURN(node, "sprintf_s", ROW(kDispTable, source), index, i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadVideoModCfg(module, node.c_str(), &cfg->source[i]),
                        "disp src");
     }
     for (std::int32_t i = 0; i < kDispWndCount; ++i) {
-        FORMAT_OR_RETURN(node, "sprintf_s", kWndNode, index, i);
+        FILL_OR_RETURN(node, "sprintf_s", kWndNode, index, i);
         CALL_OR_RETURN(
             PDT_INIPARAM_LoadMediaCommDispWndCfg(module, node.c_str(), &cfg->playbackWnd + i),
             "WndCfg");
     }
-    FORMAT_OR_RETURN(node, "sprintf_s", kPlaybackWndNode, index);
+    FILL_OR_RETURN(node, "sprintf_s", ROW(kDispTable, playbackWnd), index);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommDispWndCfg(module, node.c_str(), &cfg->playbackWnd),
                    "playback WndCfg");
     return kOk;

@@ -4,8 +4,6 @@
 
 namespace paramgen {
 
-constexpr char kHierarchicalQpNode[] = "venc.hierarchical.qp";
-
 constexpr Field kHierarchicalQpFields[] = {
     FIELD(HierarchicalQpAttr, enable, "enable", 0).About("Hierarchical quantisation is on"),
     QUERY(HierarchicalQpAttr, qpDelta, "qp_delta%u", 0)
@@ -13,11 +11,13 @@ constexpr Field kHierarchicalQpFields[] = {
     QUERY(HierarchicalQpAttr, frameNum, "frame_num%u", 0).About("Frames of a layer").Unit("frames"),
 };
 
-constexpr TableOf<HierarchicalQpAttr> kHierarchicalQpTable{kHierarchicalQpNode,
+constexpr TableOf<HierarchicalQpAttr> kHierarchicalQpTable{"venc.hierarchical.qp",
                                                            kHierarchicalQpFields};
 
 Status PDT_INIPARAM_LoadMediaCommVencHierarchicalQp(const char* module, HierarchicalQpAttr* attr) {
-    const char* node = kHierarchicalQpNode;
+    Key prefix;
+    FILL_OR_RETURN(prefix, "sprintf_s", kHierarchicalQpTable);
+    const char* node = prefix.c_str();
     LOG_DEBUG("NodePrefix[%s]\n", node);
     LOAD_OR_RETURN(module, node, ROW(kHierarchicalQpTable, enable), attr);
     LOG_DEBUG("  hierarchical.qp.enable[%d]\n", attr->enable);

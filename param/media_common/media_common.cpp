@@ -4,17 +4,11 @@
 
 namespace paramgen {
 
-constexpr char kMainStream[] = "main";
-constexpr char kSubStream[] = "sub";
-constexpr char kSingleSnap[] = "single";
-constexpr char kSubSnap[] = "sub";
-constexpr char kLiveSourceNode[] = "venc.live.src.%d";
-
 constexpr Field kVencCommFields[] = {
-    RECORD(VencCommCfg, mainVideo, kVideoEncTable).Under(kMainStream),
-    RECORD(VencCommCfg, subVideo, kVideoEncTable).Under(kSubStream),
-    RECORD(VencCommCfg, singleSnap, kSnapEncTable).Under(kSingleSnap),
-    RECORD(VencCommCfg, subSnap, kSnapEncTable).Under(kSubSnap),
+    RECORD(VencCommCfg, mainVideo, kVideoEncTable).Under("main"),
+    RECORD(VencCommCfg, subVideo, kVideoEncTable).Under("sub"),
+    RECORD(VencCommCfg, singleSnap, kSnapEncTable).Under("single"),
+    RECORD(VencCommCfg, subSnap, kSnapEncTable).Under("sub"),
     RECORD(VencCommCfg, hierarchicalQp, kHierarchicalQpTable),
 };
 
@@ -22,7 +16,7 @@ constexpr TableOf<VencCommCfg> kVencCommTable{nullptr, kVencCommFields};
 
 constexpr Field kMediaCommFields[] = {
     RECORD(MediaCommCfg, venc, kVencCommTable),
-    RECORD(MediaCommCfg, liveSource, kVideoModTable).Under(kLiveSourceNode),
+    RECORD(MediaCommCfg, liveSource, kVideoModTable).Under("venc.live.src.%d"),
     RECORD(MediaCommCfg, disp, kDispTable),
     RECORD(MediaCommCfg, acap, kAcapTable),
     RECORD(MediaCommCfg, aenc, kAencTable),
@@ -33,13 +27,17 @@ constexpr TableOf<MediaCommCfg> kMediaCommTable{nullptr, kMediaCommFields};
 
 Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* cfg) {
     REQUIRE_RECORD_OR_RETURN(cfg);
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kMainStream, &cfg->mainVideo),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(
+                       module, ROW(kVencCommTable, mainVideo).node, &cfg->mainVideo),
                    "MainVideoEnc");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(module, kSubStream, &cfg->subVideo),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVideoEncAttr(
+                       module, ROW(kVencCommTable, subVideo).node, &cfg->subVideo),
                    "SubVideoEnc");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, kSingleSnap, &cfg->singleSnap),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(
+                       module, ROW(kVencCommTable, singleSnap).node, &cfg->singleSnap),
                    "SingSnapAttr");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, kSubSnap, &cfg->subSnap),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommSnapEncAttr(module, ROW(kVencCommTable, subSnap).node,
+                                                         &cfg->subSnap),
                    "SubSnapAttr");
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencHierarchicalQp(module, &cfg->hierarchicalQp),
                    "HierarchicalQp");
@@ -53,7 +51,7 @@ Status PDT_INIPARAM_LoadMediaCommConf(MediaCommCfg* section) {
                    "LoadMediaCommVencCommConf");
     for (std::int32_t i = 0; i < kLiveSourceCount; ++i) {
         Key node;
-        FORMAT_OR_RETURN(node, "sprintf_s", kLiveSourceNode, i);
+        FILL_OR_RETURN(node, "sprintf_s", ROW(kMediaCommTable, liveSource), i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadVideoModCfg(module, node.c_str(), &section->liveSource[i]),
                        node.c_str());
     }

@@ -4,8 +4,6 @@
 
 namespace paramgen {
 
-constexpr char kSnapEncNode[] = "venc.snap.%s";
-
 constexpr Field kLargeThumbnailFields[] = {
     QUERY(LargeThumbnail, width, "largethumbnail%d_width", 0)
         .About("Width of a large thumbnail")
@@ -32,14 +30,14 @@ constexpr Field kSnapEncFields[] = {
     RESERVED(SnapEncAttr, reserved).About("Reserved"),
 };
 
-constexpr TableOf<SnapEncAttr> kSnapEncTable{kSnapEncNode, kSnapEncFields};
+constexpr TableOf<SnapEncAttr> kSnapEncTable{"venc.snap.%s", kSnapEncFields};
 
 Status PDT_INIPARAM_LoadMediaCommSnapEncAttr(const char* module, const char* name,
                                              SnapEncAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kSnapEncNode, name);
+    FILL_OR_RETURN(node, "sprintf_s", kSnapEncTable, name);
     LOG_DEBUG("NodePrefix[%s]\n", node.c_str());
-    LOAD_OR_RETURN(module, node.c_str(), kSnapEncTable, attr);
+    LOAD_OR_RETURN(module, node, kSnapEncTable, attr);
     LOG_DEBUG(
         "[%s] DCF[%d], QualityFactor[%u], Receivemode[%u], Encode_mode[%u], "
         "LargeThumbNailNum[%d]\n",
@@ -47,10 +45,8 @@ Status PDT_INIPARAM_LoadMediaCommSnapEncAttr(const char* module, const char* nam
         attr->largeThumbnailNum);
     for (std::uint32_t i = 0; i < kLargeThumbnailCount; ++i) {
         LargeThumbnail& thumbnail = attr->largeThumbnails[i];
-        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kLargeThumbnailTable, width), i,
-                               &thumbnail);
-        LOAD_ELEMENT_OR_RETURN(module, node.c_str(), ROW(kLargeThumbnailTable, height), i,
-                               &thumbnail);
+        LOAD_ELEMENT_OR_RETURN(module, node, ROW(kLargeThumbnailTable, width), i, &thumbnail);
+        LOAD_ELEMENT_OR_RETURN(module, node, ROW(kLargeThumbnailTable, height), i, &thumbnail);
         LOG_DEBUG("[%s] largethumbnail%d_width[%d],largethumbnail%d_height[%u] \n", node.c_str(), i,
                   thumbnail.width, i, thumbnail.height);
     }

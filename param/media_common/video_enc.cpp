@@ -4,13 +4,6 @@
 
 namespace paramgen {
 
-constexpr char kVideoEncNode[] = "venc.video.%s";
-constexpr char kH264Node[] = "%s.h264";
-constexpr char kH265Node[] = "%s.h265";
-constexpr char kCbrNode[] = "%s.cbr";
-constexpr char kVbrNode[] = "%s.vbr";
-constexpr char kQvbrNode[] = "%s.qvbr";
-
 /// What every rate control method echoes.
 constexpr char kQpEcho[] = "    [%s]: MaxQP[%u] MinQP[%u] MaxIQP[%u] MinIQP[%u]\n";
 
@@ -42,9 +35,9 @@ constexpr Field kH26xQvbrFields[] = {
 constexpr TableOf<H26xQvbrAttr> kH26xQvbrTable{nullptr, kH26xQvbrFields};
 
 constexpr Field kH26xRateControlFields[] = {
-    RECORD(H26xRateControl, cbr, kH26xRcQpTable).Under(kCbrNode),
-    RECORD(H26xRateControl, vbr, kH26xRcQpTable).Under(kVbrNode),
-    RECORD(H26xRateControl, qvbr, kH26xQvbrTable).Under(kQvbrNode),
+    RECORD(H26xRateControl, cbr, kH26xRcQpTable).Under("%s.cbr"),
+    RECORD(H26xRateControl, vbr, kH26xRcQpTable).Under("%s.vbr"),
+    RECORD(H26xRateControl, qvbr, kH26xQvbrTable).Under("%s.qvbr"),
 };
 
 constexpr TableOf<H26xRateControl> kH26xRateControlTable{nullptr, kH26xRateControlFields};
@@ -54,26 +47,26 @@ constexpr Field kVideoEncFields[] = {
         .About("Scene that rate control is tuned for")
         .Numbers("0 normal, 1 dv, 2 car"),
     FIELD(VideoEncAttr, h264Profile, "profile", 0)
-        .Under(kH264Node)
+        .Under("%s.h264")
         .About("H.264 profile")
         .Numbers("0 baseline, 1 main, 2 high"),
-    RECORD(VideoEncAttr, h264, kH26xRateControlTable).Under(kH264Node),
+    RECORD(VideoEncAttr, h264, kH26xRateControlTable).Under("%s.h264"),
     FIELD(VideoEncAttr, h265Profile, "profile", 0)
-        .Under(kH265Node)
+        .Under("%s.h265")
         .About("H.265 profile")
         .Numbers("0 main"),
-    RECORD(VideoEncAttr, h265, kH26xRateControlTable).Under(kH265Node),
+    RECORD(VideoEncAttr, h265, kH26xRateControlTable).Under("%s.h265"),
     CONSTANT(VideoEncAttr, fixed75, 75).About("Always 75"),
     CONSTANT(VideoEncAttr, fixed85, 85).About("Always 85"),
 };
 
-constexpr TableOf<VideoEncAttr> kVideoEncTable{kVideoEncNode, kVideoEncFields};
+constexpr TableOf<VideoEncAttr> kVideoEncTable{"venc.video.%s", kVideoEncFields};
 
 Status PDT_INIPARAM_LoadMediaCommH26xCbrAttr(const char* module, const char* codecPrefix,
                                              H26xRcQpAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kCbrNode, codecPrefix);
-    LOAD_OR_RETURN(module, node.c_str(), kH26xRcQpTable, attr);
+    FILL_OR_RETURN(node, "sprintf_s", ROW(kH26xRateControlTable, cbr), codecPrefix);
+    LOAD_OR_RETURN(module, node, kH26xRcQpTable, attr);
     LOG_DEBUG(kQpEcho, node.c_str(), attr->maxQp, attr->minQp, attr->maxIqp, attr->minIqp);
     return kOk;
 }
@@ -81,8 +74,8 @@ Status PDT_INIPARAM_LoadMediaCommH26xCbrAttr(const char* module, const char* cod
 Status PDT_INIPARAM_LoadMediaCommH26xVbrAttr(const char* module, const char* codecPrefix,
                                              H26xRcQpAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVbrNode, codecPrefix);
-    LOAD_OR_RETURN(module, node.c_str(), kH26xRcQpTable, attr);
+    FILL_OR_RETURN(node, "sprintf_s", ROW(kH26xRateControlTable, vbr), codecPrefix);
+    LOAD_OR_RETURN(module, node, kH26xRcQpTable, attr);
     LOG_DEBUG(kQpEcho, node.c_str(), attr->maxQp, attr->minQp, attr->maxIqp, attr->minIqp);
     return kOk;
 }
@@ -91,11 +84,11 @@ Status PDT_INIPARAM_LoadMediaCommH26xQvbrAttr(const char* module, const char* co
                                               H26xQvbrAttr* attr) {
     REQUIRE_RECORD_OR_RETURN(attr);
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kQvbrNode, codecPrefix);
-    LOAD_OR_RETURN(module, node.c_str(), kH26xRcQpTable, &attr->qp);
+    FILL_OR_RETURN(node, "sprintf_s", ROW(kH26xRateControlTable, qvbr), codecPrefix);
+    LOAD_OR_RETURN(module, node, kH26xRcQpTable, &attr->qp);
     LOG_DEBUG(kQpEcho, node.c_str(), attr->qp.maxQp, attr->qp.minQp, attr->qp.maxIqp,
               attr->qp.minIqp);
-    LOAD_OR_RETURN(module, node.c_str(), kH26xQvbrTable, attr);
+    LOAD_OR_RETURN(module, node, kH26xQvbrTable, attr);
     LOG_DEBUG("       BitPercentUL[%d] BitPercentLL[%d] PsnrFluctuateUL[%d] PsnrFluctuateLL[%d]\n",
               attr->bitPercentUpper, attr->bitPercentLower, attr->psnrFluctuateUpper,
               attr->psnrFluctuateLower);
@@ -105,8 +98,8 @@ Status PDT_INIPARAM_LoadMediaCommH26xQvbrAttr(const char* module, const char* co
 Status PDT_INIPARAM_LoadMediaCommVencH264Attr(const char* module, const char* streamPrefix,
                                               VideoEncAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kH264Node, streamPrefix);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kVideoEncTable, h264Profile), attr);
+    FILL_OR_RETURN(node, "sprintf_s", ROWS(kVideoEncTable, h264Profile, h264), streamPrefix);
+    LOAD_OR_RETURN(module, node, ROW(kVideoEncTable, h264Profile), attr);
     LOG_DEBUG("    profile[%u:0-baseline,1-main,2-high]\n", attr->h264Profile);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xCbrAttr(module, node.c_str(), &attr->h264.cbr),
                    "H264CBRAttr");
@@ -120,8 +113,8 @@ Status PDT_INIPARAM_LoadMediaCommVencH264Attr(const char* module, const char* st
 Status PDT_INIPARAM_LoadMediaCommVencH265Attr(const char* module, const char* streamPrefix,
                                               VideoEncAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kH265Node, streamPrefix);
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kVideoEncTable, h265Profile), attr);
+    FILL_OR_RETURN(node, "sprintf_s", ROWS(kVideoEncTable, h265Profile, h265), streamPrefix);
+    LOAD_OR_RETURN(module, node, ROW(kVideoEncTable, h265Profile), attr);
     LOG_DEBUG("    profile[%u:0-main]\n", attr->h265Profile);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xCbrAttr(module, node.c_str(), &attr->h265.cbr),
                    "H265CBRAttr");
@@ -136,13 +129,13 @@ Status PDT_INIPARAM_LoadMediaCommVencH265Attr(const char* module, const char* st
 Status PDT_INIPARAM_LoadMediaCommVideoEncAttr(const char* module, const char* name,
                                               VideoEncAttr* attr) {
     Key node;
-    FORMAT_OR_RETURN(node, "sprintf_s", kVideoEncNode, name);
+    FILL_OR_RETURN(node, "sprintf_s", kVideoEncTable, name);
     LOG_DEBUG("NodePrefix[%s]\n", node.c_str());
-    LOAD_OR_RETURN(module, node.c_str(), ROW(kVideoEncTable, sceneMode), attr);
+    LOAD_OR_RETURN(module, node, ROW(kVideoEncTable, sceneMode), attr);
     LOG_DEBUG("[%s] scene[%d:0-normal,1-dv,2-car]\n", node.c_str(), attr->sceneMode);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencH264Attr(module, node.c_str(), attr), "H264Attr");
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencH265Attr(module, node.c_str(), attr), "H265Attr");
-    LOAD_OR_RETURN(module, node.c_str(), ROWS(kVideoEncTable, fixed75, fixed85), attr);
+    LOAD_OR_RETURN(module, node, ROWS(kVideoEncTable, fixed75, fixed85), attr);
     return kOk;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "confaccess/watch.h"
 #include "param/common/propagate.h"
@@ -80,48 +81,82 @@ void ValueSetView::SetValue(std::uint32_t index, std::uint32_t value) const {
                 sizeof value);
 }
 
-Status PDT_INIPARAM_LoadCommItemValues(const char* module, const char* item, ValueSetView set) {
+namespace {
+
+/// A kind of value set: its rows, and how it is echoed.
+struct ItemKind {
+    const Field& count;
+    const Field& description;
+    const Field& value;
+    bool isMediaMode;
+};
+
+constexpr ItemKind kNumbers = {.count = ROW(kNumberSetTable, count),
+                               .description = ROW(kNumberItemTable, description),
+                               .value = ROW(kNumberItemTable, value),
+                               .isMediaMode = false};
+constexpr ItemKind kMediaModes = {.count = ROW(kMediaModeSetTable, count),
+                                  .description = ROW(kMediaModeItemTable, description),
+                                  .value = ROW(kMediaModeItemTable, value),
+                                  .isMediaMode = true};
+
+/// Loads choice `k` of a set, for the loader at `site`.
+Status LoadChoice(CallSite site, const char* module, std::string_view item, const ItemKind& kind,
+                  ValueSetView set, std::uint32_t k) {
+    const std::span<char> text = set.Description(k);
     Key key;
-    LOAD_OR_RETURN(module, item, ROW(kNumberSetTable, count), set.Record());
-    FORMAT_KEY_OR_RETURN(key, item, ROW(kNumberSetTable, count), 0);
-    REQUIRE_COUNT_OR_RETURN(key.c_str(), set.Count(), set.MaxCount());
-    LOG_DEBUG("CommItem[%s] Support ValueCnt[%u]\n", item, set.Count());
-    for (std::uint32_t k = 0; k < set.Count(); ++k) {
-        const std::span<char> text = set.Description(k);
-        FORMAT_KEY_OR_RETURN(key, item, ROW(kNumberItemTable, description), k);
-        WATCH_DESTINATION(text.data(), sizeof(MediaModeItem::description));
-        CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(module, key.c_str(), text,
-                                                    sizeof(NumberItem::description)),
-                       key.c_str());
-        LOAD_ELEMENT_OR_RETURN(module, item, ROW(kNumberItemTable, value), k, set.Item(k).data());
-        LOG_DEBUG("      [%d] Description[%.*s] Value[%u]\n", k, static_cast<int>(text.size()),
-                  text.data(), set.Value(k));
-    }
-    LOG_DEBUG("\n\n");
+    FORMAT_KEY_FOR_OR_RETURN(site, key, item, kind.description, k);
+    WATCH_DESTINATION(text.data(), kind.description.size);
+    CALL_FOR_OR_RETURN(
+        site, PDT_INIPARAM_LoadStringValue(module, key.c_str(), text, kind.description.size),
+        key.c_str());
+    LOAD_FOR_OR_RETURN(site, module, item, kind.value, k, set.Item(k).data());
+    LogDebug(site.function, site.line,
+             kind.isMediaMode ? "      [%u] Description[%.*s] Value[%d]\n"
+                              : "      [%u] Description[%.*s] Value[%u]\n",
+             k, static_cast<int>(text.size()), text.data(), set.Value(k));
     return kOk;
+}
+
+/// Logs that a set has more choices than its section has room for. Returns -1.
+Status LogTooMany(CallSite site, const char* item, const ItemKind& kind, ValueSetView set) {
+    Key key;
+    FORMAT_KEY_FOR_OR_RETURN(site, key, item, kind.count, 0);
+    LogError(site.function, site.line, kCountBeyondSection, key.c_str(), set.Count());
+    return kFailed;
+}
+
+/// Loads a set, for the loader at `site`.
+Status LoadSet(CallSite site, const char* module, const char* item, const ItemKind& kind,
+               ValueSetView set) {
+    const std::string_view node = item;
+    LOAD_FOR_OR_RETURN(site, module, node, kind.count, 0, set.Record());
+    if (set.Count() > set.MaxCount()) {
+        return LogTooMany(site, item, kind, set);
+    }
+    LogDebug(site.function, site.line,
+             kind.isMediaMode ? "MediaModeItem[%s] Support ValueCnt[%u]\n"
+                              : "CommItem[%s] Support ValueCnt[%u]\n",
+             item, set.Count());
+    for (std::uint32_t k = 0; k < set.Count(); ++k) {
+        const Status status = LoadChoice(site, module, node, kind, set, k);
+        if (status != kOk) {
+            return status;
+        }
+    }
+    LogDebug(site.function, site.line, "\n\n");
+    return kOk;
+}
+
+}  // namespace
+
+Status PDT_INIPARAM_LoadCommItemValues(const char* module, const char* item, ValueSetView set) {
+    return LoadSet({__func__, __LINE__}, module, item, kNumbers, set);
 }
 
 Status PDT_INIPARAM_LoadMediaModeItemValues(const char* module, const char* item,
                                             ValueSetView set) {
-    Key key;
-    LOAD_OR_RETURN(module, item, ROW(kMediaModeSetTable, count), set.Record());
-    FORMAT_KEY_OR_RETURN(key, item, ROW(kMediaModeSetTable, count), 0);
-    REQUIRE_COUNT_OR_RETURN(key.c_str(), set.Count(), set.MaxCount());
-    LOG_DEBUG("MediaModeItem[%s] Support ValueCnt[%u]\n", item, set.Count());
-    for (std::uint32_t k = 0; k < set.Count(); ++k) {
-        const std::span<char> text = set.Description(k);
-        FORMAT_KEY_OR_RETURN(key, item, ROW(kMediaModeItemTable, description), k);
-        WATCH_DESTINATION(text.data(), sizeof(MediaModeItem::description));
-        CALL_OR_RETURN(PDT_INIPARAM_LoadStringValue(module, key.c_str(), text,
-                                                    sizeof(MediaModeItem::description)),
-                       key.c_str());
-        LOAD_ELEMENT_OR_RETURN(module, item, ROW(kMediaModeItemTable, value), k,
-                               set.Item(k).data());
-        LOG_DEBUG("      [%u] Description[%.*s] Value[%d]\n", k, static_cast<int>(text.size()),
-                  text.data(), set.Value(k));
-    }
-    LOG_DEBUG("\n\n");
-    return kOk;
+    return LoadSet({__func__, __LINE__}, module, item, kMediaModes, set);
 }
 
 }  // namespace paramgen

@@ -92,6 +92,19 @@ constexpr Field kValueSetFields[] = {
 
 namespace {
 
+/// Whether the nodes of all these sets take the camera's number.
+consteval bool TakeTheCamera(std::span<const Field> slots) {
+    for (const Field& slot : slots) {
+        field_detail::Taking<std::uint32_t>(slot.node);
+    }
+    return true;
+}
+
+/// The node of a set that each camera has.
+ChosenTemplate NodeOf(const Field& slot) {
+    return {slot.node};
+}
+
 /// The set that lies `offset` bytes into the section.
 ValueSetView SetAt(ValueSetCfg* section, std::size_t offset) {
     return ValueSetView(std::as_writable_bytes(std::span(section, 1)).subspan(offset));
@@ -112,17 +125,15 @@ Status LoadItemValues(const char* module, const char* item, const Field& slot, V
 }  // namespace
 
 constexpr TableOf<ValueSetCfg> kValueSetTable{nullptr, kValueSetFields};
-
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-// The nodes of the tables above take the camera, and those of burst types the media mode.
+static_assert(TakeTheCamera(ROWS(kValueSetTable, payloadType, antiflicker).fields));
+static_assert(TakeTheCamera(ROWS(kValueSetTable, singlePhotoFormat, lapsePhotoInterval).fields));
 
 Status PDT_INIPARAM_LoadCamValueSetCfg(const char* module, ValueSetCfg* section) {
     REQUIRE_RECORD_OR_RETURN(section);
     for (std::uint32_t camera = 0; camera < kValueSetCamCount; ++camera) {
-        for (const Field& slot : ROWS(kValueSetTable, payloadType, antiflicker)) {
+        for (const Field& slot : ROWS(kValueSetTable, payloadType, antiflicker).fields) {
             Key item;
-            FORMAT_OR_RETURN(item, "sprintf_s", slot.node, camera);
+            FILL_OR_RETURN(item, "sprintf_s", NodeOf(slot), camera);
             CALL_OR_RETURN(LoadItemValues(module, item.c_str(), slot, SetOf(section, slot, camera)),
                            item.c_str());
         }
@@ -164,7 +175,7 @@ Status PDT_INIPARAM_LoadPhotoCfgValueSet(const char* module, ValueSetCfg* sectio
     for (std::uint32_t camera = 0; camera < kValueSetCamCount; ++camera) {
         Key item;
         for (const PhotoSlot& photo : kPhotoSlots) {
-            FORMAT_OR_RETURN(item, photo.notFormatted, photo.slot.node, camera);
+            FILL_OR_RETURN(item, photo.notFormatted, NodeOf(photo.slot), camera);
             CALL_OR_RETURN(LoadItemValues(module, item.c_str(), photo.slot,
                                           SetOf(section, photo.slot, camera)),
                            item.c_str());
@@ -173,10 +184,10 @@ Status PDT_INIPARAM_LoadPhotoCfgValueSet(const char* module, ValueSetCfg* sectio
             offsetof(ValueSetCfg, burst) + std::size_t{camera} * sizeof(BurstValueSets);
         const ValueSetView modes =
             SetAt(section, burst + kMediaModeSlot.offset).LimitedTo(kTypesSlot.count);
-        FORMAT_OR_RETURN(item, "sprintf_s", kMediaModeSlot.node, camera);
+        FILL_OR_RETURN(item, "sprintf_s", kMediaModeSlot, camera);
         CALL_OR_RETURN(LoadItemValues(module, item.c_str(), kMediaModeSlot, modes), item.c_str());
         for (std::uint32_t t = 0; t < modes.Count(); ++t) {
-            FORMAT_OR_RETURN(item, "sprintf_s", kTypesSlot.node, camera, t);
+            FILL_OR_RETURN(item, "sprintf_s", kTypesSlot, camera, t);
             const std::size_t type = burst + kTypesSlot.offset + std::size_t{t} * kTypesSlot.size;
             CALL_OR_RETURN(LoadItemValues(module, item.c_str(), kTypesSlot, SetAt(section, type)),
                            item.c_str());
@@ -185,8 +196,6 @@ Status PDT_INIPARAM_LoadPhotoCfgValueSet(const char* module, ValueSetCfg* sectio
     return kOk;
 }
 
-#pragma GCC diagnostic pop
-
 Status PDT_INIPARAM_LoadValueSetCfg(ValueSetCfg* section) {
     REQUIRE_RECORD_OR_RETURN(section);
     CALL_OR_RETURN(PDT_INIPARAM_LoadCamValueSetCfg(kValueSetModule, section), "camValueSetCfg");
@@ -194,7 +203,7 @@ Status PDT_INIPARAM_LoadValueSetCfg(ValueSetCfg* section) {
     CALL_OR_RETURN(
         PDT_INIPARAM_LoadDormantValueSetCfg(kValueSetModule, dormant.node, SetOf(section, dormant)),
         dormant.node);
-    for (const Field& slot : ROWS(kValueSetTable, brightness, photoType)) {
+    for (const Field& slot : ROWS(kValueSetTable, brightness, photoType).fields) {
         CALL_OR_RETURN(LoadItemValues(kValueSetModule, slot.node, slot, SetOf(section, slot)),
                        slot.node);
     }

@@ -8,9 +8,6 @@
 
 namespace paramgen {
 
-constexpr char kEntryNode[] = "%s.%u";
-constexpr char kDisplayNode[] = "%s.display.%u";  // below the entry's
-
 constexpr Field kOsdDisplayFields[] = {
     FIELD(OsdDisplayCfg, show, "show", 0).About("The overlay is drawn into this picture"),
     FIELD(OsdDisplayCfg, bindModule, "bind_module", 0)
@@ -30,7 +27,7 @@ constexpr Field kOsdDisplayFields[] = {
     RESERVED(OsdDisplayCfg, reserved36).About("Reserved"),
 };
 
-constexpr TableOf<OsdDisplayCfg> kOsdDisplayTable{kDisplayNode, kOsdDisplayFields};
+constexpr TableOf<OsdDisplayCfg> kOsdDisplayTable{"%s.display.%u", kOsdDisplayFields};
 
 constexpr Field kOsdEntryFields[] = {
     LOADED(OsdEntryCfg, type, "type", 4)
@@ -53,7 +50,7 @@ constexpr Field kOsdEntryFields[] = {
         .CountedBy(offsetof(OsdEntryCfg, displayCount), CountBeyond::kClamped),
 };
 
-constexpr TableOf<OsdEntryCfg> kOsdEntryTable{kEntryNode, kOsdEntryFields};
+constexpr TableOf<OsdEntryCfg> kOsdEntryTable{"%s.%u", kOsdEntryFields};
 
 constexpr Field kOsdFields[] = {
     FIELD(OsdCfg, count, "osdcnt", 0).About("Number of overlays, as read"),
@@ -82,7 +79,7 @@ Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg*
     for (std::uint32_t i = 0; i < UsedEntries(*cfg); ++i) {
         OsdEntryCfg* entry = &cfg->entries[i];
         Key entryNode;
-        FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
+        FILL_OR_RETURN(entryNode, "sprintf_s", kOsdEntryTable, node, i);
         const char* prefix = entryNode.c_str();
         constexpr const Field& type = ROW(kOsdEntryTable, type);
         WATCH_DESTINATION(&entry->type, sizeof entry->type);
@@ -109,10 +106,10 @@ Status PDT_INIPARAM_LoadOsdDispAttr(const char* module, const char* node, OsdCfg
         for (std::uint32_t j = 0; j < std::min(entry->displayCount, kOsdDisplayCountMax); ++j) {
             OsdDisplayCfg* display = &entry->displays[j];
             Key entryNode;
-            FORMAT_OR_RETURN(entryNode, "sprintf_s", kEntryNode, node, i);
+            FILL_OR_RETURN(entryNode, "sprintf_s", kOsdEntryTable, node, i);
             Key displayNode;
-            FORMAT_OR_RETURN(displayNode, "sprintf_s", kDisplayNode, entryNode.c_str(), j);
-            LOAD_OR_RETURN(module, displayNode.c_str(), kOsdDisplayTable, display);
+            FILL_OR_RETURN(displayNode, "sprintf_s", kOsdDisplayTable, entryNode.c_str(), j);
+            LOAD_OR_RETURN(module, displayNode, kOsdDisplayTable, display);
             LOG_DEBUG(
                 "osd.%u.display.%u:\n"
                 "show[%d] bind_mod[%d] mod[%u] chn[%u] (%d,%d) fg[%d] bg[%d] batch[%d]\n",

@@ -3,15 +3,8 @@
 #include <iterator>
 
 #include "param/common/propagate.h"
-#include "param/workmode/nodes.h"
 
 namespace paramgen {
-
-constexpr char kSourceNode[] = "photosource.%u";
-constexpr char kTypeNode[] = "phototype.%u";
-constexpr char kSingleNode[] = "phototype.%u.single";
-constexpr char kLapseNode[] = "phototype.%u.lapse";
-constexpr char kBurstNode[] = "phototype.%u.burst";
 
 /// Label of some texts that do not fit. Odd as it looks, it is what the log has always said.
 constexpr char kNotFormatted[] = "ret = ret = sprintf_s";
@@ -46,29 +39,29 @@ constexpr Field kPhotoTypeFields[] = {
         .About("Kind of photo that the mode starts with")
         .Numbers("0 single, 1 time lapse, 2 burst"),
     FIELD(PhotoTypeCfg, singleOutputFormat, "outputformat", 0)
-        .Under(kSingleNode)
+        .Under("phototype.%u.single")
         .About("Format of single photos")
         .Numbers("0 JPEG, 1 raw, 2 both"),
     FIELD(PhotoTypeCfg, lapseInterval, "interval_time", 0)
-        .Under(kLapseNode)
+        .Under("phototype.%u.lapse")
         .About("Time between two photos")
         .Unit("s"),
-    RECORD(PhotoTypeCfg, burst, kPhotoBurstTable).Under(kBurstNode),
+    RECORD(PhotoTypeCfg, burst, kPhotoBurstTable).Under("phototype.%u.burst"),
 };
 
-constexpr TableOf<PhotoTypeCfg> kPhotoTypeTable{kTypeNode, kPhotoTypeFields};
+constexpr TableOf<PhotoTypeCfg> kPhotoTypeTable{"phototype.%u", kPhotoTypeFields};
 
 constexpr Field kPhotoFields[] = {
-    RECORD(PhotoCfg, source, kPhotoSourceTable).Under(kSourceNode),
+    RECORD(PhotoCfg, source, kPhotoSourceTable).Under("photosource.%u"),
     RECORD(PhotoCfg, type, kPhotoTypeTable),
 };
 
 constexpr TableOf<PhotoCfg> kPhotoTable{nullptr, kPhotoFields};
 
 constexpr Field kPhotoWorkModeFields[] = {
-    RECORD(PhotoWorkModeCfg, mediaMode, kCamMediaModeTable).Under(kMediaModeConfigNode),
+    RECORD(PhotoWorkModeCfg, mediaMode, kCamMediaModeTable).Under("common.mediamode.config.%d"),
     RECORD(PhotoWorkModeCfg, photo, kPhotoTable),
-    RECORD(PhotoWorkModeCfg, osd, kOsdTable).Under(kOsdNode),
+    RECORD(PhotoWorkModeCfg, osd, kOsdTable).Under("osd"),
     RESERVED(PhotoWorkModeCfg, reserved).About("Reserved"),
 };
 
@@ -102,20 +95,19 @@ Status PDT_INIPARAM_LoadPhotoCfg(const char* module, PhotoCfg* cfg) {
     Key node;
     LOG_DEBUG("Photo PhotoSrc\n");
     for (std::uint32_t i = 0; i < std::size(cfg->source); ++i) {
-        FORMAT_OR_RETURN(node, "photosource sprintf_s", kSourceNode, i);
+        FILL_OR_RETURN(node, "photosource sprintf_s", ROW(kPhotoTable, source), i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoAttr(module, node.c_str(), &cfg->source[i]),
                        "PhotoSrc");
     }
     LOG_DEBUG("Photo type\n");
     for (std::uint32_t i = 0; i < std::size(cfg->type); ++i) {
         PhotoTypeCfg* type = &cfg->type[i];
-        FORMAT_OR_RETURN(node, "sprintf_s", kTypeNode, i);
-        LOAD_OR_RETURN(module, node.c_str(), ROW(kPhotoTypeTable, type), type);
-        FORMAT_OR_RETURN(node, "singlephoto sprintf_s", kSingleNode, i);
-        LOAD_OR_RETURN(module, node.c_str(), ROW(kPhotoTypeTable, singleOutputFormat), type);
-        FORMAT_OR_RETURN(node, "lapsephoto sprintf_s", kLapseNode, i);
-        LOAD_OR_RETURN(module, node.c_str(), ROW(kPhotoTypeTable, lapseInterval), type);
-        FORMAT_OR_RETURN(node, "burstphoto sprintf_s", kBurstNode, i);
+        LOAD_AT_OR_RETURN(module, ROWS(kPhotoTypeTable, type, type), type, i);
+        FILL_OR_RETURN(node, "singlephoto sprintf_s", ROW(kPhotoTypeTable, singleOutputFormat), i);
+        LOAD_OR_RETURN(module, node, ROW(kPhotoTypeTable, singleOutputFormat), type);
+        FILL_OR_RETURN(node, "lapsephoto sprintf_s", ROW(kPhotoTypeTable, lapseInterval), i);
+        LOAD_OR_RETURN(module, node, ROW(kPhotoTypeTable, lapseInterval), type);
+        FILL_OR_RETURN(node, "burstphoto sprintf_s", ROW(kPhotoTypeTable, burst), i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoBurstAttr(module, node.c_str(), &type->burst),
                        "LoadPhotoBurstAttr");
         // The next record goes on in the same line.
@@ -130,13 +122,15 @@ Status PDT_INIPARAM_LoadPhotoWorkModeCfg(const char* module, PhotoWorkModeCfg* c
     LOG_DEBUG("Photo mediamode Configure:\n");
     for (std::int32_t i = 0; i < std::ssize(cfg->mediaMode); ++i) {
         Key node;
-        FORMAT_OR_RETURN(node, kNotFormatted, kMediaModeConfigNode, i);
+        FILL_OR_RETURN(node, kNotFormatted, ROW(kPhotoWorkModeTable, mediaMode), i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamMediaModeCfg(module, node.c_str(), &cfg->mediaMode[i]),
                        node.c_str());
     }
     CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoCfg(module, &cfg->photo), "Photo cfg");
     LOG_DEBUG("Photo Osd\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadOsdCfg(module, kOsdNode, &cfg->osd), "Osd");
+    Key osdNode;
+    FILL_OR_RETURN(osdNode, kNotFormatted, ROW(kPhotoWorkModeTable, osd));
+    CALL_OR_RETURN(PDT_INIPARAM_LoadOsdCfg(module, osdNode.c_str(), &cfg->osd), "Osd");
     return kOk;
 }
 

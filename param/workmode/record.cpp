@@ -8,13 +8,8 @@
 #include "confaccess/watch.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
-#include "param/workmode/nodes.h"
 
 namespace paramgen {
-
-constexpr char kSourceNode[] = "photosource.%d";
-constexpr char kNormalNode[] = "normal.%d";
-constexpr char kFileNode[] = "%s.filenum.%u.fileattr";
 
 constexpr Field kRecCommFields[] = {
     CONSTANT(RecCommCfg, muxerType, 0)
@@ -56,7 +51,7 @@ constexpr Field kRecFileFields[] = {
 };
 
 constexpr TableOf<RecCommCfg> kRecCommTable{nullptr, kRecCommFields};
-constexpr TableOf<RecFileCfg> kRecFileTable{kFileNode, kRecFileFields};
+constexpr TableOf<RecFileCfg> kRecFileTable{"%s.filenum.%u.fileattr", kRecFileFields};
 
 constexpr Field kRecAttrFields[] = {
     FIELD(RecAttrCfg, enable, "enable", 0).About("Recording is on"),
@@ -86,7 +81,7 @@ constexpr Field kRecAttrFields[] = {
     RECORD(RecAttrCfg, files, kRecFileTable)
         .CountedBy(offsetof(RecAttrCfg, fileCount), CountBeyond::kClamped),
     QUERY(RecAttrCfg, receiveBufferSizes, "recvbuf_size", 0)
-        .Under(kFileNode)
+        .Under("%s.filenum.%u.fileattr")
         .CountedBy(offsetof(RecAttrCfg, fileCount), CountBeyond::kClamped)
         .About("Size of the buffer between the encoders and the file")
         .Unit("KB"),
@@ -98,11 +93,11 @@ constexpr Field kRecAttrFields[] = {
 constexpr TableOf<RecAttrCfg> kRecAttrTable{nullptr, kRecAttrFields};
 
 constexpr Field kRecWorkModeFields[] = {
-    RECORD(RecWorkModeCfg, mediaMode, kCamMediaModeTable).Under(kMediaModeConfigNode),
-    RECORD(RecWorkModeCfg, osd, kOsdTable).Under(kOsdNode),
+    RECORD(RecWorkModeCfg, mediaMode, kCamMediaModeTable).Under("common.mediamode.config.%d"),
+    RECORD(RecWorkModeCfg, osd, kOsdTable).Under("osd"),
     RECORD(RecWorkModeCfg, comm, kRecCommTable),
-    RECORD(RecWorkModeCfg, photoSource, kPhotoSourceTable).Under(kSourceNode),
-    RECORD(RecWorkModeCfg, normal, kRecAttrTable).Under(kNormalNode),
+    RECORD(RecWorkModeCfg, photoSource, kPhotoSourceTable).Under("photosource.%d"),
+    RECORD(RecWorkModeCfg, normal, kRecAttrTable).Under("normal.%d"),
     RESERVED(RecWorkModeCfg, reserved4332).About("Reserved"),
     RESERVED(RecWorkModeCfg, reserved4364).About("Reserved"),
 };
@@ -162,11 +157,11 @@ Status PDT_INIPARAM_LoadRecFilesAttr(const char* module, const char* node, RecAt
     }
     for (std::uint32_t k = 0; k < std::min(cfg->fileCount, kRecFileCountMax); ++k) {
         Key fileNode;
-        FORMAT_OR_RETURN(fileNode, "sprintf_s", kFileNode, node, k);
+        FILL_OR_RETURN(fileNode, "sprintf_s", ROWS(kRecAttrTable, files, receiveBufferSizes), node,
+                       k);
         CALL_OR_RETURN(PDT_INIPARAM_LoadRecFileAttr(module, fileNode.c_str(), &cfg->files[k]),
                        "fileattr");
-        LOAD_ELEMENT_OR_RETURN(module, fileNode.c_str(), ROW(kRecAttrTable, receiveBufferSizes), k,
-                               cfg);
+        LOAD_ELEMENT_OR_RETURN(module, fileNode, ROW(kRecAttrTable, receiveBufferSizes), k, cfg);
         LOG_DEBUG("recvbuf_size%u[%d] \n", k, cfg->receiveBufferSizes[k]);
     }
     return kOk;
@@ -191,12 +186,13 @@ Status PDT_INIPARAM_LoadRecMediaCfg(const char* module, RecWorkModeCfg* cfg) {
     LOG_DEBUG("Record mediamode Configure:\n");
     for (std::int32_t i = 0; i < std::ssize(cfg->mediaMode); ++i) {
         Key node;
-        FORMAT_OR_RETURN(node, "sprintf_s", kMediaModeConfigNode, i);
+        FILL_OR_RETURN(node, "sprintf_s", ROW(kRecWorkModeTable, mediaMode), i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadCamMediaModeCfg(module, node.c_str(), &cfg->mediaMode[i]),
                        node.c_str());
     }
     LOG_DEBUG("Rec Osd\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadOsdCfg(module, kOsdNode, &cfg->osd), "Osd");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadOsdCfg(module, ROW(kRecWorkModeTable, osd).node, &cfg->osd),
+                   "Osd");
     return kOk;
 }
 
@@ -218,13 +214,12 @@ Status PDT_INIPARAM_LoadRecWorkModeConf(RecWorkModeCfg* cfg, std::span<std::byte
     CALL_OR_RETURN(PDT_INIPARAM_LoadRecCommCfg(kWorkModeRecordModule, &cfg->comm), "RecComm");
     LOG_DEBUG("\n\n");
     for (std::size_t i = 0; i < std::size(cfg->normal); ++i) {
-        const std::int32_t number = static_cast<std::int32_t>(i);
         Key node;
-        FORMAT_OR_RETURN(node, "sprintf_s", kSourceNode, number);
+        FILL_OR_RETURN(node, "sprintf_s", ROW(kRecWorkModeTable, photoSource), i);
         CALL_OR_RETURN(
             PDT_INIPARAM_LoadPhotoAttr(kWorkModeRecordModule, node.c_str(), &cfg->photoSource[i]),
             "PhotoSrc");
-        FORMAT_OR_RETURN(node, "sprintf_s", kNormalNode, number);
+        FILL_OR_RETURN(node, "sprintf_s", ROW(kRecWorkModeTable, normal), i);
         CALL_OR_RETURN(
             PDT_INIPARAM_LoadRecAttr(kWorkModeRecordModule, node.c_str(), &cfg->normal[i],
                                      thumbnails.subspan(i * sizeof(RecAttrCfg))),
