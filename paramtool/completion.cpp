@@ -25,15 +25,16 @@ _paramtool() {
         line=${line#"$piece"}
     done
     local current=${words[-1]} answer
-    mapfile -t answer < <("${words[0]/#\~/$HOME}" complete -- "${words[@]:1}" 2>/dev/null)
+    mapfile -t answer <<<"$("${words[0]/#\~/$HOME}" complete -- "${words[@]:1}" 2>/dev/null)"
     COMPREPLY=("${answer[@]:1}")
     COMPREPLY=("${COMPREPLY[@]%%$'\t'*}")
     case ${answer[0]} in
     files | directories)
         compopt -o filenames 2>/dev/null
-        local kind=-f
+        local kind=-f paths
         [[ ${answer[0]} == files ]] || kind=-d
-        mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen "$kind" -- "${current#--*=}")
+        paths=$(compgen "$kind" -- "${current#--*=}") &&
+            mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY <<<"$paths"
         ;;
     esac
     [[ ${#COMPREPLY[@]} != 1 || ${COMPREPLY[0]} != *[/:=] ]] || compopt -o nospace 2>/dev/null

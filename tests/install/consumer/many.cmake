@@ -1,0 +1,7 @@
+cmake_minimum_required(VERSION 3.20)
+project(many LANGUAGES NONE)
+find_package(paramgen 1.0 REQUIRED)
+file(GLOB products RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" product*)
+foreach(product IN LISTS products)
+  paramgen_add_image(${product} TREE ${product})
+endforeach()
