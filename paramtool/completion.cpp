@@ -10,7 +10,7 @@ namespace {
 // what it knows. Its answer: "none", "files" or "directories", then a line for each word, with its
 // description behind a tab.
 
-constexpr char kBash[] = R"(# paramtool completion for bash
+constexpr char kBash[] = R"bash(# paramtool completion for bash
 _paramtool() {
     # Words as the program gets them: bash cuts them at ':' and '=' as well.
     local line=${COMP_LINE:0:COMP_POINT} words=() piece i
@@ -45,9 +45,9 @@ _paramtool() {
     fi
 }
 complete -F _paramtool paramtool
-)";
+)bash";
 
-constexpr char kZsh[] = R"(#compdef paramtool
+constexpr char kZsh[] = R"zsh(#compdef paramtool
 # paramtool completion for zsh
 _paramtool() {
     local -a answer full open shown openshown
@@ -75,9 +75,9 @@ if [[ $funcstack[1] == _paramtool ]]; then
 else
     compdef _paramtool paramtool
 fi
-)";
+)zsh";
 
-constexpr char kFish[] = R"(# paramtool completion for fish
+constexpr char kFish[] = R"fish(# paramtool completion for fish
 function __paramtool_complete
     set -l words (commandline -opc) (commandline -ct)
     set -l answer ($words[1] complete -- $words[2..-1] 2>/dev/null)
@@ -91,7 +91,7 @@ function __paramtool_complete
     string join \n -- $answer[2..-1]
 end
 complete -c paramtool -f -a '(__paramtool_complete)'
-)";
+)fish";
 
 void Answer(const CLI::App& app, const std::vector<std::string>& words) {
     static constexpr const char* kPaths[] = {"none", "files", "directories"};
