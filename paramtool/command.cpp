@@ -6,7 +6,9 @@
 #include <exception>
 #include <map>
 
+#include "manual/layout_data.h"
 #include "output/shown_text.h"
+#include "report/sha256.h"
 
 namespace paramgen::paramtool {
 
@@ -60,11 +62,18 @@ int TellParseResult(const CLI::App& app, const CLI::ParseError& error) {
     return kWrongUse;
 }
 
+/// The program's version, and an id of the image's layout: programs with the same one agree on
+/// where everything lies and what it means.
+std::string VersionText() {
+    const std::string digest = report::Hexadecimal(report::Sha256(manual::LayoutText()));
+    return "paramtool " PARAMGEN_VERSION "\nlayout " + digest.substr(0, 16);
+}
+
 int ParseAndRun(int argc, const char* const* argv) {
     CLI::App app("Checks, explains, compares and edits the settings of camera products.",
                  "paramtool");
     int status = kAllWell;
-    app.set_version_flag("--version", "paramtool " PARAMGEN_VERSION);
+    app.set_version_flag("--version", VersionText);
     app.require_subcommand(1);
     for (const AddCommand add : Commands()) {
         add(app, &status);

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
 #include <map>
 #include <string_view>
 
+#include "diagnostics/rule.h"
 #include "layout/layout.h"
 #include "paramtool/arguments.h"
 
@@ -140,6 +142,28 @@ void AddKeys(const std::string& end, Collector* found) {
     }
 }
 
+/// Kinds of findings, or their groups.
+void AddFindings(bool areGroups, Collector* found) {
+    if (areGroups) {
+        found->Add("all", "all findings");
+    }
+    for (const diagnostics::Rule& rule : diagnostics::Rules()) {
+        if (areGroups) {
+            found->Add(std::string(rule.group), "findings of this group");
+        } else {
+            found->Add(std::string(rule.name), std::string(rule.summary));
+        }
+    }
+}
+
+bool IsFile(const std::string& placeholder) {
+    static constexpr std::string_view kNames[] = {"IMAGE", "OLD", "NEW"};
+    return std::any_of(std::begin(kNames), std::end(kNames),
+                       [&](std::string_view name) { return BeginsWith(placeholder, name); }) ||
+           placeholder.find("FILE") != std::string::npos ||
+           placeholder.find(".json") != std::string::npos;
+}
+
 /// The parts of "A|B|C".
 std::vector<std::string> Alternatives(const std::string& placeholder) {
     std::vector<std::string> parts = {""};
@@ -162,8 +186,9 @@ void AddFor(const std::string& alternative, Collector* found, Paths* paths) {
         AddKeys(BeginsWith(alternative, "KEY=") ? "=" : "", found);
     } else if (BeginsWith(alternative, "TREE") || BeginsWith(alternative, "DIR")) {
         *paths = *paths == Paths::kNone ? Paths::kDirectories : *paths;
-    } else if (BeginsWith(alternative, "IMAGE") || alternative.find("FILE") != std::string::npos ||
-               alternative.find(".json") != std::string::npos) {
+    } else if (alternative == "ID" || BeginsWith(alternative, "GROUP")) {
+        AddFindings(alternative != "ID", found);
+    } else if (IsFile(alternative)) {
         *paths = Paths::kFiles;
     }
 }

@@ -71,7 +71,8 @@ When set, neither empty nor 0, results are coloured on whatever they go to.
 .SH SEE ALSO
 .BR paramgen (1),
 .BR paramgen\-tree (5),
-.BR paramgen\-image (5)
+.BR paramgen\-image (5),
+.BR paramgen\-keys (5)
 )";
 
 /// A text within a line.
@@ -136,8 +137,8 @@ std::string ArgumentEntry(const CLI::Option& argument) {
            Lines(argument.get_description());
 }
 
-std::string Usage(const CLI::App& command) {
-    std::string usage = ".B paramtool " + Escaped(command.get_name()) + "\n[\\fIOPTION\\fR...]";
+std::string Usage(const CLI::App& command, const std::string& name) {
+    std::string usage = ".B paramtool " + Escaped(name) + "\n[\\fIOPTION\\fR...]";
     for (const CLI::Option* argument : ArgumentsOf(command)) {
         const std::string shown =
             Placeholder(PlaceholderOf(*argument)) + (IsRepeated(*argument) ? "..." : "");
@@ -146,8 +147,9 @@ std::string Usage(const CLI::App& command) {
     return usage + "\n";
 }
 
-std::string CommandEntry(const CLI::App& command) {
-    std::string entry = ".SS " + Escaped(command.get_name()) + "\n" + Usage(command) + ".PP\n" +
+/// A command called `name`, and the commands below it.
+std::string CommandEntry(const CLI::App& command, const std::string& name) {
+    std::string entry = ".SS " + Escaped(name) + "\n" + Usage(command, name) + ".PP\n" +
                         Lines(command.get_description());
     for (const CLI::Option* argument : ArgumentsOf(command)) {
         entry += ArgumentEntry(*argument);
@@ -155,8 +157,13 @@ std::string CommandEntry(const CLI::App& command) {
     for (const CLI::Option* option : OptionsOf(command)) {
         entry += OptionEntry(*option);
     }
-    const std::string footer = command.get_footer();
-    return footer.empty() ? entry : entry + ".PP\n" + Lines(footer);
+    if (!command.get_footer().empty()) {
+        entry += ".PP\n" + Lines(command.get_footer());
+    }
+    for (const CLI::App* below : VisibleCommands(command)) {
+        entry += CommandEntry(*below, name + " " + below->get_name());
+    }
+    return entry;
 }
 
 std::string FirstLine(const std::string& text) {
@@ -189,7 +196,7 @@ std::string ManualPage(const CLI::App& app) {
     }
     page += ".SH COMMANDS\n";
     for (const CLI::App* command : VisibleCommands(app)) {
-        page += CommandEntry(*command);
+        page += CommandEntry(*command, command->get_name());
     }
     return page + kRest;
 }

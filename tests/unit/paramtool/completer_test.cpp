@@ -26,6 +26,7 @@ protected:
         look->add_option("-f,--format", text_, "form")->option_text("text|json");
         look->add_option("--only", list_, "these alone")->option_text("KEY");
         look->add_option("-o,--output", text_, "write to FILE")->option_text("FILE");
+        look->add_option("--error", list_, "findings")->option_text("ID|GROUP ...");
         look->add_flag("--all", flag_, "everything");
         look->add_option("KEY", text_, "which")->required();
         look->add_option("INPUT", text_, "in what")->option_text("IMAGE|TREE");
@@ -66,7 +67,7 @@ TEST_F(CompleterTest, TellsWhatACommandDoes) {
 TEST_F(CompleterTest, OffersOptionsBehindADash) {
     EXPECT_THAT(After({"--v"}), ElementsAre("--version"));
     EXPECT_THAT(After({"look", "--"}),
-                ElementsAre("--all", "--format", "--help", "--only", "--output"));
+                ElementsAre("--all", "--error", "--format", "--help", "--only", "--output"));
     EXPECT_THAT(After({"look", "--all", "-f"}), ElementsAre("-f"));
 }
 
@@ -119,6 +120,13 @@ TEST_F(CompleterTest, AKeyThatIsSetGoesOnWithItsValue) {
     EXPECT_THAT(After({"set", "devmng/gsensor:sens"}), ElementsAre("devmng/gsensor:sensitivity="));
     EXPECT_THAT(After({"look", "--only=devmng/gsensor:s"}),
                 ElementsAre("--only=devmng/gsensor:sensitivity"));
+}
+
+TEST_F(CompleterTest, OffersFindingsAndTheirGroups) {
+    EXPECT_THAT(After({"look", "--error", "unknown-"}),
+                ElementsAre("unknown-key", "unknown-name", "unknown-section"));
+    EXPECT_THAT(After({"look", "--error", "l"}), IsSupersetOf({"line-too-long", "lost"}));
+    EXPECT_THAT(After({"look", "--error", "al"}), ElementsAre("all"));
 }
 
 TEST_F(CompleterTest, NoWordsNoCandidates) {

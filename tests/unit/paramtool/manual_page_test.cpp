@@ -22,6 +22,7 @@ protected:
         look->add_option("KEY", text_, "which")->required();
         look->add_option("TREE", list_, "in what");
         look->footer("Example: look it's-me");
+        look->add_subcommand("twice", "look again")->add_option("KEY", text_, "at what");
         app_.add_subcommand("hidden", "for programs")->group("");
     }
 
@@ -51,6 +52,11 @@ TEST_F(ManualPageTest, DescribesOptionsAndArguments) {
 TEST_F(ManualPageTest, NoTextIsTakenForARequest) {
     EXPECT_THAT(Page(), HasSubstr("\\&show a key\n\\&.or two\n"));
     EXPECT_THAT(Page(), HasSubstr("\\&Example: look it\\(aqs\\-me\n"));
+}
+
+TEST_F(ManualPageTest, CommandsOfACommandHaveBothNames) {
+    EXPECT_THAT(Page(), HasSubstr(".SS look twice\n.B paramtool look twice\n[\\fIOPTION\\fR...] "
+                                  "[\\fIKEY\\fR]\n.PP\n\\&look again\n"));
 }
 
 TEST_F(ManualPageTest, LeavesOutWhatHelpLeavesOut) {
