@@ -31,11 +31,13 @@ bool Dictionary::Create(std::string_view text, Arena* arena) {
     // Each line takes at most what a record takes besides its characters, and so does the section
     // before the first one, which has no line.
     const std::size_t lines = 2 + CountCharacter(text, '\n');
-    records_ = static_cast<char*>(
-        arena->Take(std::uint64_t{lines} * Record::SizeOf(Record::kUnit - 1) + text.size()));
+    const std::uint64_t room =
+        std::uint64_t{lines} * Record::SizeOf(Record::kUnit - 1) + text.size();
+    records_ = static_cast<char*>(arena->Take(room));
     if (records_ == nullptr) {
         return false;
     }
+    room_ = static_cast<std::size_t>(room);
     end_ = RecordAt(0)->Size();
     next_ = end_;
     return true;
@@ -49,16 +51,23 @@ std::uint32_t Dictionary::PlaceIn(Slot slot) const {
     return (slot & placeMask_) * Record::kUnit;
 }
 
-Dictionary::Record* Dictionary::Add(std::string_view name, std::string_view value) {
+void Dictionary::Add(std::string_view name, std::string_view value) {
+    if (sizeof(Record) + name.size() + value.size() >= room_ - end_) {
+        isFull_ = true;
+        return;
+    }
+    const std::size_t room = room_ - end_ - sizeof(Record);
     Record* record = RecordAt(end_);
     record->section = section_;
     record->nameLength = static_cast<std::uint16_t>(name.size());
     record->valueLength = static_cast<std::uint16_t>(value.size()) & 0x7FFFU;
-    CopyText(record->Name(), name.data(), name.size());
-    CopyText(record->Value(), value.data(), value.size());
+    if (CopyText(record->Name(), room, name.data(), name.size()) != 0 ||
+        CopyText(record->Value(), room - name.size(), value.data(), value.size()) != 0) {
+        isFull_ = true;
+        return;
+    }
     end_ += record->Size();
     ++recordCount_;
-    return record;
 }
 
 void Dictionary::AddSection(std::string_view name) {
@@ -114,7 +123,7 @@ bool Dictionary::Finish(Arena* arena) {
     slotMask_ = static_cast<std::uint32_t>(slots - 1);
     placeMask_ = std::bit_ceil(end_ / Record::kUnit) - 1;
     slots_ = static_cast<Slot*>(arena->Take(std::uint64_t{slots} * sizeof(Slot)));
-    if (slots_ == nullptr) {
+    if (slots_ == nullptr || isFull_) {
         return false;
     }
     char key[2 * kNameMax + 1];  // it begins with the present section and a colon
@@ -124,11 +133,16 @@ bool Dictionary::Finish(Arena* arena) {
         Record* record = RecordAt(place);
         if (record->section == place) {
             Index(place, {record->Name(), record->nameLength});
-            CopyText(key, record->Name(), record->nameLength);
+            if (CopyText(key, sizeof key - 1, record->Name(), record->nameLength) != 0) {
+                return false;
+            }
             key[record->nameLength] = ':';
             begin = record->nameLength + std::size_t{1};
         } else {
-            CopyText(key + begin, record->Name(), record->nameLength);
+            if (CopyText(key + begin, sizeof key - begin, record->Name(), record->nameLength) !=
+                0) {
+                return false;
+            }
             Index(place, {key, begin + record->nameLength});
         }
     }

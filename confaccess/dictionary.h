@@ -35,7 +35,7 @@ public:
     void AddValue(std::string_view name, std::string_view value);
 
     /// Has keys found from now on. Where a key came twice, the last one counts. Returns what
-    /// `Create` does.
+    /// `Create` does, and false when there was no room for a line.
     [[nodiscard]] bool Finish(Arena* arena);
 
     /// The value of `key`, in any case; null for a section, and `defaultValue` when there is no
@@ -58,12 +58,14 @@ private:
 
     Record* RecordAt(std::uint32_t place) const;
     std::uint32_t PlaceIn(Slot slot) const;
-    Record* Add(std::string_view name, std::string_view value);
+    void Add(std::string_view name, std::string_view value);
     bool IsKeyAt(std::uint32_t place, std::string_view key) const;
     Slot* FindSlot(std::string_view key, std::uint32_t hash) const;
     void Index(std::uint32_t place, std::string_view key);
 
     char* records_ = nullptr;
+    std::size_t room_ = 0;  ///< for records, in bytes
+    bool isFull_ = false;   ///< a record did not fit
     Slot* slots_ = nullptr;
     std::uint32_t end_ = 0;      ///< of the records, in bytes, as all places are
     std::uint32_t section_ = 0;  ///< the place of the present section's record

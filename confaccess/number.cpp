@@ -34,6 +34,56 @@ int TakePrefix(const char** text) {
     return 8;
 }
 
+#ifdef __GLIBC__
+
+/// Whether `text`, an overflowing hexadecimal number behind its "0x", is out of the range that the
+/// target's libc reports: it looks at the exponent and the number of digits before the point alone.
+bool IsReportedOverflow(const char* text) {
+    constexpr std::int64_t kReportedAbove = 1106;
+    std::int64_t exponent = 0;
+    while (*text == '0') {
+        ++text;
+    }
+    for (; DigitOf(*text) < 16; ++text) {
+        exponent += 4;
+    }
+    if (*text == '.') {
+        const bool isBelowOne = exponent == 0;
+        for (++text; isBelowOne && *text == '0'; ++text) {
+            exponent -= 4;
+        }
+        while (DigitOf(*text) < 16) {
+            ++text;
+        }
+    }
+    if (*text == 'p' || *text == 'P') {
+        exponent += ParseInteger(text + 1, 10);
+    }
+    return exponent > kReportedAbove;
+}
+
+/// Makes `errno` what the target's libc leaves after the number at the beginning of `text`, which
+/// is `value`; `before` is what it was before. The two libcs agree but for hexadecimal numbers: the
+/// target's reports neither a small one that is rounded nor one that is just too large.
+void SetErrnoAsOnTheTarget(const char* text, double value, int before) {
+    while (*text == ' ' || (*text >= '\t' && *text <= '\r')) {
+        ++text;
+    }
+    if (*text == '-' || *text == '+') {
+        ++text;
+    }
+    const bool isHexadecimal = text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+    if (isHexadecimal && value != 0 && !(std::isinf(value) && IsReportedOverflow(text + 2))) {
+        errno = before;
+    }
+}
+
+#else
+
+void SetErrnoAsOnTheTarget(const char* /*text*/, double /*value*/, int /*before*/) {}
+
+#endif
+
 }  // namespace
 
 std::int32_t ParseInteger(const char* text, int base) {
@@ -66,8 +116,10 @@ std::int32_t ParseInteger(const char* text, int base) {
 }
 
 double ParseDouble(const char* text) {
+    const int before = errno;
     char* end = nullptr;
     const double value = std::strtod(text, &end);
+    SetErrnoAsOnTheTarget(text, value, before);
     if (end == text) {
         errno = EINVAL;
         return 0.0;

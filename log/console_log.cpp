@@ -44,46 +44,60 @@ constexpr std::size_t kNamesMax = 400;
 static_assert(sizeof "\033[m[hh:mm:ss:mmm \033[1;35mFATAL\033[m-]:[4294967295]:" + kNamesMax <
               kRecordRoom);
 
-/// Adds a text to a record that ends at `end`. Returns where the record ends then, as do the next.
-char* Append(char* end, std::string_view text) {
-    CopyText(end, text.data(), text.size());
-    return end + text.size();
+/// A record that is gathered: the next character goes to `at`, and the buffer ends at `limit`. What
+/// does not fit is left out.
+struct Gathered {
+    char* at;
+    char* limit;
+
+    std::size_t Room() const { return static_cast<std::size_t>(limit - at); }
+};
+
+void Append(Gathered* record, std::string_view text) {
+    if (CopyText(record->at, record->Room(), text.data(), text.size()) == 0) {
+        record->at += text.size();
+    }
 }
 
-char* AppendNumber(char* end, std::uint32_t number) {
-    end += CountDigits(number, 'u');
-    WriteDigits(end, 'u', number);
-    return end;
+void AppendNumber(Gathered* record, std::uint32_t number) {
+    const std::size_t length = CountDigits(number, 'u');
+    if (length <= record->Room()) {
+        record->at += length;
+        WriteDigits(record->at, 'u', number);
+    }
 }
 
-char* AppendTime(char* end) {
+void AppendTime(Gathered* record) {
     const WallClock now = ReadWallClock();
-    const int length = sprintf_s(end, sizeof "hh:mm:ss:mmm ", "%02d:%02d:%02d:%03lld ", now.hour,
+    const int length = sprintf_s(record->at, record->Room(), "%02d:%02d:%02d:%03lld ", now.hour,
                                  now.minute, now.second, now.millisecond);
-    return end + std::max(length, 0);
+    record->at += std::max(length, 0);
 }
 
 /// Begins a record in `*text`, a record's room, with its prefix. Returns where it ends. Names too
 /// long for it are printed, behind what stands before them; `*text` is then the room for the rest.
 char* Begin(char** text, std::uint32_t level, std::string_view tag, std::string_view name,
             std::uint32_t line) {
-    char* end = Append(*text, "\033[m[");
+    Gathered record = {.at = *text, .limit = *text + kRecordRoom};
+    Append(&record, "\033[m[");
     if (g_settings.timeStamps) {
-        end = AppendTime(end);
+        AppendTime(&record);
     }
-    end = Append(end, kLevelTexts[level]);
+    Append(&record, kLevelTexts[level]);
     if (tag.size() + name.size() > kNamesMax) {
-        TakeRecord(static_cast<std::size_t>(end - *text));
+        TakeRecord(static_cast<std::size_t>(record.at - *text));
         PrintOutput("%s]:%s", tag.data(), name.data());
-        end = *text = RecordRoom();
+        *text = RecordRoom();
+        record = {.at = *text, .limit = *text + kRecordRoom};
     } else {
-        end = Append(end, tag);
-        end = Append(end, "]:");
-        end = Append(end, name);
+        Append(&record, tag);
+        Append(&record, "]:");
+        Append(&record, name);
     }
-    end = Append(end, "[");
-    end = AppendNumber(end, line);
-    return Append(end, "]:");
+    Append(&record, "[");
+    AppendNumber(&record, line);
+    Append(&record, "]:");
+    return record.at;
 }
 
 }  // namespace

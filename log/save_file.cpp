@@ -25,17 +25,13 @@ struct SaveFile {
 /// State of the save path; `lock` guards all of it.
 struct SavePath {
     pthread_mutex_t lock;
-    SaveFile* current;  ///< the file written last
+    SaveFile* current;  ///< the file whose handle was written last; null when that is closed
     SaveFile first;
     SaveFile second;
-    std::uint32_t secondOpenCount;
 };
 
-SavePath g_save = {.lock = PTHREAD_MUTEX_INITIALIZER,
-                   .current = nullptr,
-                   .first = {},
-                   .second = {},
-                   .secondOpenCount = 0};
+SavePath g_save = {
+    .lock = PTHREAD_MUTEX_INITIALIZER, .current = nullptr, .first = {}, .second = {}};
 
 /// In bytes, of either file; guarded as well. It stands apart so that the rest, being zero, takes
 /// no room in the program's file.
@@ -59,11 +55,15 @@ void Unlock() {
     }
 }
 
-/// Closes a file's stream, if it has one. The stream is gone even when closing reports a failure.
-/// Returns whether a stream was there and was closed without one.
+/// Closes a file's stream, if it has one; it is then no longer the one written last. The stream is
+/// gone even when closing reports a failure. Returns whether a stream was there and was closed
+/// without one.
 bool CloseStream(SaveFile* file) {
     std::FILE* handle = file->handle;
     file->handle = nullptr;
+    if (g_save.current == file) {
+        g_save.current = nullptr;
+    }
     return handle != nullptr && std::fclose(handle) == 0;
 }
 
@@ -143,7 +143,6 @@ std::int32_t OpenSecond() {
     if (result == kSaveNotOpened) {
         std::perror("open file failed:\n");
     }
-    g_save.secondOpenCount += result == 0 ? 1 : 0;
     return result;
 }
 
@@ -176,7 +175,6 @@ void CloseFiles() {
     g_saveRecord.store(nullptr, std::memory_order_relaxed);
     CloseStream(&g_save.second);
     g_save.second.bytes = 0;
-    g_save.secondOpenCount = 0;
 }
 
 /// Names both files and opens the first to continue it; called under the lock.

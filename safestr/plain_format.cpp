@@ -87,10 +87,9 @@ std::uint64_t TakeBits(bool isSigned, unsigned longs, Arguments* args) {
 // What follows returns 0, `kDoesNotFit` or `kNotPlain`.
 
 int PutText(Output* out, std::string_view text) {
-    if (text.size() > RoomIn(*out)) {
+    if (CopyText(out->at, RoomIn(*out), text.data(), text.size()) != 0) {
         return kDoesNotFit;
     }
-    CopyText(out->at, text.data(), text.size());
     out->at += text.size();
     return 0;
 }

@@ -160,8 +160,13 @@ void CopyHalves(char* to, const char* from, std::size_t count) {
     std::memcpy(to + count - sizeof last, &last, sizeof last);
 }
 
-/// Copies `count` characters to where there is room for them; the two do not overlap.
-inline void CopyText(char* to, const char* from, std::size_t count) {
+/// Copies `count` characters from `from` to `to`, which has room for `room`; the two do not
+/// overlap. Returns 0; -1, writing nothing, when `count` exceeds `room` or a pointer is null
+/// (`from` may be when `count` is 0).
+[[nodiscard]] inline int CopyText(char* to, std::size_t room, const char* from, std::size_t count) {
+    if (count > room || to == nullptr || (from == nullptr && count != 0)) {
+        return -1;
+    }
     constexpr std::size_t kTwo = 2 * sizeof(Word);
     // Two words at a time: of one, compilers make a call of memcpy.
     for (; count > kTwo; count -= kTwo, to += kTwo, from += kTwo) {
@@ -177,6 +182,7 @@ inline void CopyText(char* to, const char* from, std::size_t count) {
             to[at] = from[at];
         }
     }
+    return 0;
 }
 
 }  // namespace paramgen

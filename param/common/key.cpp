@@ -23,12 +23,15 @@ int Key::Format(const char* format, ...) {
 }
 
 int Key::Join(std::string_view node, std::string_view item) {
-    if (node.size() >= sizeof text_ || item.size() >= sizeof text_ - 1 - node.size()) {
+    // There has to be room for the colon and for the terminator.
+    if (CopyText(text_, sizeof text_ - 2, node.data(), node.size()) != 0) {
         return Take(-1);
     }
-    CopyText(text_, node.data(), node.size());
-    text_[node.size()] = ':';
-    CopyText(text_ + node.size() + 1, item.data(), item.size());
+    char* const rest = text_ + node.size() + 1;
+    rest[-1] = ':';
+    if (CopyText(rest, sizeof text_ - node.size() - 2, item.data(), item.size()) != 0) {
+        return Take(-1);
+    }
     return Take(static_cast<int>(node.size() + 1 + item.size()));
 }
 

@@ -115,6 +115,18 @@ TEST(Failures, ModuleThatCannotBeReadIsMissedWhereItIsNeeded) {
     ExpectNoImages(directory);
 }
 
+TEST(Failures, ImageThatMayBeWrittenButNotReadIsNotOpened) {
+    const TempDir directory;
+    SmallTree().WriteTo(directory);
+    directory.Write("param.bin", "old");
+    std::filesystem::permissions(directory.path() / "param.bin", std::filesystem::perms(0222));
+    const ProgramRun run = RunProgram(directory.path(), Output::kCaptured, Rights::kNobody);
+    EXPECT_EQ(run.exitStatus, 255);
+    EXPECT_THAT(ErrorsOf(run.output), ElementsAre("main: open [./param.bin] failed\n"));
+    std::filesystem::permissions(directory.path() / "param.bin", std::filesystem::perms(0666));
+    EXPECT_EQ(ReadFile(directory.path() / "param.bin"), "old");
+}
+
 TEST(Failures, DirectoryWithoutRights) {
     const TempDir directory;
     SmallTree().WriteTo(directory);

@@ -101,6 +101,21 @@ struct DoubleCase {
 };
 
 constexpr DoubleCase kDoubles[] = {
+    {"0x1p1024", 0x7FF0000000000000U, kUntouched},
+    {"0x1p1102", 0x7FF0000000000000U, kUntouched},
+    {"0x1p1103", 0x7FF0000000000000U, ERANGE},
+    {"0x10p1098", 0x7FF0000000000000U, kUntouched},
+    {"0x10p1099", 0x7FF0000000000000U, ERANGE},
+    {"0x0010.01p1098", 0x7FF0000000000000U, kUntouched},
+    {"0x.1p1106", 0x7FF0000000000000U, kUntouched},
+    {"0x.1p1107", 0x7FF0000000000000U, ERANGE},
+    {"0x.001p1114", 0x7FF0000000000000U, kUntouched},
+    {"0x.001p1115", 0x7FF0000000000000U, ERANGE},
+    {"0x1p99999999999999999999", 0x7FF0000000000000U, ERANGE},
+    {"0x1.8p-1074", 2, kUntouched},
+    {"0x1.8p-1075", 1, kUntouched},
+    {"0x1p-1075", 0, ERANGE},
+    {"0x0p99999", 0, kUntouched},
     {"0", 0, kUntouched},
     {"-0", 0x8000000000000000U, kUntouched},
     {"0.1", 0x3FB999999999999AU, kUntouched},

@@ -81,6 +81,21 @@ private:
     Dictionary dictionary_;
 };
 
+TEST(DictionaryRoom, LineThatDoesNotFitIsRefused) {
+    Arena arena;
+    for (const bool isSection : {false, true}) {
+        Dictionary dictionary;
+        ASSERT_TRUE(dictionary.Create("k = v\n", &arena));
+        const std::string name(1000, 'k');
+        if (isSection) {
+            dictionary.AddSection(name);
+        } else {
+            dictionary.AddValue(name, "v");
+        }
+        EXPECT_FALSE(dictionary.Finish(&arena));
+    }
+}
+
 TEST_F(DictionaryTest, AbsentKeyGivesTheDefault) {
     Fill();
     const char* fallback = "default";

@@ -130,6 +130,27 @@ INSTANTIATE_TEST_SUITE_P(Hexadecimal, ParseDoubleText,
                                            DoubleCase{"0x", 0, kUntouched},
                                            DoubleCase{"0xg", 0, kUntouched}));
 
+constexpr std::uint64_t kInfinity = 0x7FF0000000000000U;
+
+// What is too large is reported from a certain exponent on; digits behind the point do not count.
+INSTANTIATE_TEST_SUITE_P(
+    HexadecimalLimits, ParseDoubleText,
+    ::testing::Values(
+        DoubleCase{"0x1p1023", 0x7FE0000000000000U, kUntouched},
+        DoubleCase{"0x1p1024", kInfinity, kUntouched},
+        DoubleCase{" \t-0X1P+1024", 0xFFF0000000000000U, kUntouched},
+        DoubleCase{"0x1p1102", kInfinity, kUntouched}, DoubleCase{"0x1p1103", kInfinity, ERANGE},
+        DoubleCase{"0x10p1098", kInfinity, kUntouched}, DoubleCase{"0x10p1099", kInfinity, ERANGE},
+        DoubleCase{"0x0010.01p1098", kInfinity, kUntouched},
+        DoubleCase{"0x.1p1106", kInfinity, kUntouched}, DoubleCase{"0x.1p1107", kInfinity, ERANGE},
+        DoubleCase{"0x.001p1114", kInfinity, kUntouched},
+        DoubleCase{"0x.001p1115", kInfinity, ERANGE},
+        DoubleCase{"0x1p99999999999999999999", kInfinity, ERANGE},
+        DoubleCase{"0x1.8p-1074", 2, kUntouched}, DoubleCase{"0x1p-1074", 1, kUntouched},
+        DoubleCase{"0x1.8p-1075", 1, kUntouched}, DoubleCase{"0x1p-1075", 0, ERANGE},
+        DoubleCase{"0x1p-99999999999999999999", 0, ERANGE},
+        DoubleCase{"0x0p99999", 0, kUntouched}));
+
 INSTANTIATE_TEST_SUITE_P(NoFiniteNumber, ParseDoubleText,
                          ::testing::Values(DoubleCase{"inf", 0x7FF0000000000000U, kUntouched},
                                            DoubleCase{"-INFinity", 0xFFF0000000000000U, kUntouched},

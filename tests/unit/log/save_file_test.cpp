@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <iterator>
 #include <string>
 
 #include "support/captured_output.h"
@@ -334,14 +336,40 @@ TEST_F(SaveFile, RecordAfterClosingIsNotWritten) {
     EXPECT_FALSE(std::filesystem::exists(File1()));
 }
 
-TEST_F(SaveFile, RecordAfterClosingGoesToTheSecondFileIfThatWasInUse) {
+std::ptrdiff_t OpenDescriptors() {
+    const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+    return std::distance(begin(descriptors), end(descriptors));
+}
+
+TEST_F(SaveFile, RecordAfterClosingIsNotWrittenToTheSecondFileEither) {
+    const std::ptrdiff_t before = OpenDescriptors();
     Write1("1234567890");
     ASSERT_EQ(Open(10), 0);
     Save("one");
     ZV_LOG_CloseSave();
-    EXPECT_EQ(Save("two"), "[LOG_SaveLog]332: log1 not open\n");
+    EXPECT_EQ(Save("two"),
+              "[LOG_SaveLog]332: log1 not open\n"
+              "[LOG_WriteLog]316: fwrite filed\n");
+    EXPECT_EQ(Text2(), "one");
+    EXPECT_EQ(OpenDescriptors(), before);
+}
+
+TEST_F(SaveFile, FailedMeasuringClosesWhatWasOpened) {
+    const std::ptrdiff_t before = OpenDescriptors();
+    Write1("");
+    std::filesystem::resize_file(File1(), 0x80000000);
+    std::int32_t status = 0;
+    EXPECT_EQ(CaptureStdout([&] { status = Open(10); }), "ftell failed\n");
+    EXPECT_EQ(static_cast<std::uint32_t>(status), 0xA11F8001U);
+    EXPECT_EQ(OpenDescriptors(), before);
+}
+
+TEST_F(SaveFile, FileOfOneByteIsContinued) {
+    Write1("1");
+    ASSERT_EQ(Open(10), 0);
+    EXPECT_EQ(Save("two"), "");
     ZV_LOG_CloseSave();
-    EXPECT_EQ(Text2(), "onetwo");
+    EXPECT_EQ(Text1(), "1two");
 }
 
 }  // namespace

@@ -118,10 +118,25 @@ TEST(ShortText, CopyTextCopiesThatManyAndNoMore) {
             from[at] = static_cast<char>('A' + at);
         }
         std::vector<char> to(count + 2, '#');
-        CopyText(to.data() + 1, from.data(), count);
+        EXPECT_EQ(CopyText(to.data() + 1, count, from.empty() ? "" : from.data(), count), 0);
         EXPECT_EQ(std::string(to.begin(), to.end()),
                   "#" + std::string(from.begin(), from.end()) + "#");
     }
+}
+
+TEST(ShortText, CopyTextRefusesWhatDoesNotFit) {
+    for (std::size_t count = 1; count < 40; ++count) {
+        const std::string from(count, 'A');
+        std::vector<char> to(count, '#');
+        EXPECT_EQ(CopyText(to.data(), count - 1, from.data(), count), -1);
+        EXPECT_EQ(std::string(to.begin(), to.end()), std::string(count, '#'));
+    }
+    char to[4] = "abc";
+    EXPECT_EQ(CopyText(to, sizeof to, nullptr, 2), -1);
+    EXPECT_STREQ(to, "abc");
+    EXPECT_EQ(CopyText(nullptr, sizeof to, "xyz", 2), -1);
+    EXPECT_EQ(CopyText(to, 0, "xyz", 0), 0);
+    EXPECT_STREQ(to, "abc");
 }
 
 }  // namespace
