@@ -88,7 +88,9 @@ endif()
 # The release program is optimised as a whole where the toolchain can: rooms are small libraries that
 # call each other thousands of times. (What is cross-compiled says so in its toolchain file.)
 set(PARAMGEN_WHOLE_PROGRAM OFF)
-if(NOT CMAKE_CROSSCOMPILING)
+# The C compiler links the objects of both languages, so that both have to be of one make.
+if(NOT CMAKE_CROSSCOMPILING AND CMAKE_C_COMPILER_ID STREQUAL CMAKE_CXX_COMPILER_ID
+   AND CMAKE_C_COMPILER_VERSION VERSION_EQUAL CMAKE_CXX_COMPILER_VERSION)
   include(CheckIPOSupported)
-  check_ipo_supported(RESULT PARAMGEN_WHOLE_PROGRAM OUTPUT ignored LANGUAGES CXX)
+  check_ipo_supported(RESULT PARAMGEN_WHOLE_PROGRAM OUTPUT ignored LANGUAGES C CXX)
 endif()

@@ -80,9 +80,13 @@ endfunction()
 function(paramgen_check_includes visible)
   foreach(file IN LISTS ARGN)
     set_property(DIRECTORY "${PROJECT_SOURCE_DIR}" APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${file}")
-    file(STRINGS "${file}" includes REGEX "^#include \"")
+    file(STRINGS "${file}" includes REGEX "^[ \t]*#[ \t]*include[ \t]*[\"<]")
     foreach(include IN LISTS includes)
-      string(REGEX REPLACE "^#include \"(.*)/[^/]*\".*" "\\1" room "${include}")
+      string(REGEX REPLACE "^[^\"<]*[\"<]([^\">]*)[\">].*" "\\1" header "${include}")
+      if(include MATCHES "<" AND NOT EXISTS "${PROJECT_SOURCE_DIR}/${header}")
+        continue()  # of the system
+      endif()
+      get_filename_component(room "${header}" DIRECTORY)
       if(NOT room IN_LIST visible)
         message(FATAL_ERROR "${file}: ${include}: not below this room (sees: ${visible})")
       endif()
@@ -103,7 +107,7 @@ function(paramgen_program name)
   target_link_options(${name} PRIVATE -Wl,--gc-sections -Wl,--as-needed)
   target_link_options(${name} PRIVATE
     $<$<BOOL:${PARAMGEN_STATIC}>:-static> $<$<BOOL:${PARAMGEN_STRIP}>:-s>
-    "-Wl,-Map=$<TARGET_FILE:${name}>.map")
+    "-Wl,-Map=$<TARGET_FILE:${name}>.map" -Wl,--cref)  # which object refers to what
   if(PARAMGEN_STRIP AND PARAMGEN_NOTE_SECTIONS AND CMAKE_OBJCOPY)
     list(TRANSFORM PARAMGEN_NOTE_SECTIONS PREPEND --remove-section= OUTPUT_VARIABLE removed)
     add_custom_command(TARGET ${name} POST_BUILD

@@ -10,13 +10,23 @@ need_packages() {
     [ "$architecture" = "$package" ] || architectures+=("$architecture")
   done
   [ ${#missing[@]} -eq 0 ] && return 0
-  local as_root=()
-  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  local as_root=() log status=0
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "missing packages: ${missing[*]} (installing them takes root or sudo)" >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
   for architecture in "${architectures[@]}"; do
     "${as_root[@]}" dpkg --add-architecture "$architecture"
   done
   echo "installing: ${missing[*]}" >&2
+  log=$(mktemp)
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c \
     'apt-get update -qq; apt-get install -y -qq --no-install-recommends "$@"' sh \
-    "${missing[@]}" >&2
+    "${missing[@]}" >"$log" 2>&1 || status=$?
+  [ "$status" -eq 0 ] || cat "$log" >&2
+  rm -f "$log"
+  return "$status"
 }

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
 
 #include "fuzz/fuzz.h"
@@ -13,13 +13,18 @@ namespace {
 
 int g_count = 0;
 
-void Replay(const std::filesystem::path& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    const std::string input = bytes.str();
+/// Replays a file. Returns false when it cannot be read.
+bool Replay(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    const std::string input{std::istreambuf_iterator<char>(stream), {}};
+    if (!stream) {
+        std::fprintf(stderr, "%s: cannot be read\n", file.c_str());
+        return false;
+    }
     std::fprintf(stderr, "%s\n", file.c_str());
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
     ++g_count;
+    return true;
 }
 
 }  // namespace
@@ -27,11 +32,15 @@ void Replay(const std::filesystem::path& file) {
 int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (!std::filesystem::is_directory(argv[i])) {
-            Replay(argv[i]);
+            if (!Replay(argv[i])) {
+                return 1;
+            }
             continue;
         }
         for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-            Replay(entry.path());
+            if (!Replay(entry.path())) {
+                return 1;
+            }
         }
     }
     std::fprintf(stderr, "%d inputs\n", g_count);

@@ -27,9 +27,19 @@ using independent::Kind;
 constexpr std::size_t kImageSize = 29928;
 constexpr const char* kImages[] = {"param.bin", "paramdef.bin"};
 
+/// The number in an environment variable. Anything else ends the tests: they would check nothing.
 std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
     const char* text = std::getenv(name);
-    return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
+    if (text == nullptr) {
+        return otherwise;
+    }
+    char* end = nullptr;
+    const std::uint64_t number = std::strtoull(text, &end, 10);
+    if (end == text || *end != '\0' || *text == '-') {
+        std::fprintf(stderr, "%s is no number: \"%s\"\n", name, text);
+        std::exit(2);
+    }
+    return number;
 }
 
 const std::vector<AskedKey>& Keys() {
@@ -54,6 +64,7 @@ Left RunIn(const TempDir& directory) {
 class Properties : public ::testing::Test {
 protected:
     Properties() {
+        EXPECT_GT(count_, 0U) << "PARAMGEN_TREES asks for no product";
         std::printf("PARAMGEN_SEED=%llu PARAMGEN_TREES=%llu\n",
                     static_cast<unsigned long long>(first_),
                     static_cast<unsigned long long>(count_));
