@@ -141,3 +141,49 @@ def print_growth(directory, short):
         if more in costs:
             print(f"{unit} at {more:,} keys / at {fewer:,}:"
                   f" {costs[more][column] / costs[fewer][column]:.2f}{target}", flush=True)
+
+
+def instructions_of_loading(entry, keys=0):
+    command = [str(tools.BUILT["host-static"] / "reader_paramgen"), str(entry), str(keys), "1", "1"]
+    return tools.count_instructions(command, entry.parent, only=("BenchLoad",))
+
+
+def many_modules(directory, count):
+    """The entry file of so many modules, all of one short file."""
+    (directory / "module.ini").write_text("[s]\nkey = 1\n")
+    lines = ["[module]", f"module_num = {count}"]
+    lines += [f"module{number} = m{number}" for number in range(1, count + 1)]
+    lines += [f"[m{number}]\ncfg_filename = module.ini" for number in range(1, count + 1)]
+    entry = directory / f"modules_{count}.ini"
+    entry.write_text("\n".join(lines) + "\n")
+    return entry
+
+
+def keys_of_two(directory, bits, zero, one):
+    """An entry file of keys whose names write their numbers with two characters."""
+    names = [f"{number:0{bits}b}".replace("0", zero).replace("1", one) for number in range(2**bits)]
+    (directory / "module.ini").write_text("[s]\nkey = 1\n")
+    entry = directory / "crafted.ini"
+    entry.write_text("[module]\nmodule_num = 1\nmodule1 = m\n[m]\ncfg_filename = module.ini\n[s]\n"
+                     + "".join(f"{name} = 1\n" for name in names))
+    return entry
+
+
+def print_hostile(directory, short):
+    """Many modules, and keys that were made for one hash, by instructions: times would tell the same."""
+    few, many = (10, 80) if short else (1000, 8000)
+    costs = {count: instructions_of_loading(many_modules(directory, count)) / count
+             for count in (few, many)}
+    tools.print_table("Instructions for a module, loading",
+                      ["modules", "instructions"], [[f"{count:,}", f"{cost:,.0f}"]
+                                                    for count, cost in costs.items()])
+    print(f"at {many:,} modules / at {few:,}: {costs[many] / costs[few]:.2f}, target 1.5")
+    bits = 8 if short else 16
+    pairs = {"0 and 1": ("0", "1"), "@ and `": ("@", "`"), "^ and ~": ("^", "~")}
+    loads = {what: instructions_of_loading(keys_of_two(directory, bits, *pair))
+             for what, pair in pairs.items()}
+    tools.print_table(f"Instructions for loading {2**bits:,} keys, names made of",
+                      ["two characters", "instructions", "/ 0 and 1"],
+                      [[what, f"{cost:,}", f"{cost / loads['0 and 1']:.2f}"]
+                       for what, cost in loads.items()])
+    print("target: 2 times", flush=True)
