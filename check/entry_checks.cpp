@@ -210,6 +210,8 @@ private:
         const std::string key = tree::LowerCase(ini_->TextOf(line.name));
         if (section == kModuleSection) {
             CheckModuleKey(line, key);
+        } else if (StopsAtEntry()) {
+            return;  // which modules are listed is not known to the end
         } else if (sections.contains(section)) {
             CheckPlaceKey(line, key);
         } else if (line.section == tree::kNoLine || told->insert(line.section).second) {
@@ -236,7 +238,7 @@ private:
 
     /// Modules beyond module_num are one finding. Where that is octal, it is the cause.
     void TellUncounted() {
-        if (uncounted_.empty() || isOctal_) {
+        if (uncounted_.empty() || isOctal_ || StopsAtEntry()) {
             return;
         }
         const Line& first = *uncounted_.front();
@@ -293,6 +295,9 @@ private:
         }
         const Line& header = ini_->lines()[line.section];
         const std::string name(ini_->TextOf(header.name));
+        if (AddToMissing(name, header)) {
+            return;
+        }
         Finding* finding = inspection_.Warn(RuleId::kUnknownSection, file_, header, header.name,
                                             "no module " + Quoted(name) + " is listed in [module]");
         std::vector<std::string> names = {std::string(kModuleSection)};
@@ -300,6 +305,18 @@ private:
             names.push_back(known);
         }
         Suggest(finding, name, names);
+    }
+
+    /// The section of a module that is missing in [module] belongs to that finding.
+    bool AddToMissing(const std::string& name, const Line& header) {
+        for (Finding& finding : inspection_.findings()) {
+            if (finding.id == RuleId::kModuleMissing && finding.module == name) {
+                finding.notes.push_back({.place = diagnostics::PlaceOf(file_, header, header.name),
+                                         .message = "it has a section here"});
+                return true;
+            }
+        }
+        return false;
     }
 
     /// Modules that nobody asks for.

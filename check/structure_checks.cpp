@@ -250,7 +250,9 @@ private:
 
     /// A section without keys of its own, when nobody knows its name.
     void CheckHeaderAlone(const Block& block) {
-        if (block.header == nullptr || block.header->isBare) {
+        const bool hidesKey = block.header != nullptr && block.header->former != tree::kNoLine &&
+                              FormerOf(*block.header).kind == LineKind::kValue;
+        if (block.header == nullptr || block.header->isBare || hidesKey) {
             return;
         }
         const std::string_view name = ini_.TextOf(block.header->name);
