@@ -51,6 +51,7 @@ void CheckAll(compile::Session* session, Inspection* inspection) {
         CheckStructure(inspection);
         CheckCounts(inspection);
         CheckReferences(inspection);
+        CheckMissing(inspection);
     }
 }
 

@@ -78,7 +78,9 @@ Finding* Inspection::Add(Finding finding, const tree::FoundFile& file) {
     const bool isNew =
         known_
             .emplace(finding.id, finding.place.file, finding.place.line, finding.place.column,
-                     finding.id == RuleId::kModuleMissing ? finding.module : "")
+                     finding.place.line == 0 || finding.id == RuleId::kModuleMissing
+                         ? finding.module + finding.section
+                         : "")
             .second;
     if (!isNew) {
         return nullptr;

@@ -100,5 +100,6 @@ void CheckValues(Inspection* inspection);
 void CheckStructure(Inspection* inspection);
 void CheckCounts(Inspection* inspection);
 void CheckReferences(Inspection* inspection);
+void CheckMissing(Inspection* inspection);
 
 }  // namespace paramgen::check
