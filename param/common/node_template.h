@@ -10,6 +10,7 @@
 
 #include "param/common/field.h"
 #include "param/common/key.h"
+#include "param/common/load_fields.h"
 
 namespace paramgen {
 

@@ -96,7 +96,7 @@ constexpr Field kRecWorkModeFields[] = {
     RECORD(RecWorkModeCfg, mediaMode, kCamMediaModeTable).Under("common.mediamode.config.%d"),
     RECORD(RecWorkModeCfg, osd, kOsdTable).Under("osd"),
     RECORD(RecWorkModeCfg, comm, kRecCommTable),
-    RECORD(RecWorkModeCfg, photoSource, kPhotoSourceTable).Under("photosource.%d"),
+    RECORD(RecWorkModeCfg, photoSource, kPhotoSourceTable).Under("photosource.%u"),
     RECORD(RecWorkModeCfg, normal, kRecAttrTable).Under("normal.%d"),
     RESERVED(RecWorkModeCfg, reserved4332).About("Reserved"),
     RESERVED(RecWorkModeCfg, reserved4364).About("Reserved"),

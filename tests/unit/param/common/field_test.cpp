@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "param/common/load_fields.h"
 #include "param/common/media_mode.h"
 #include "support/captured_output.h"
 #include "support/product_tree.h"

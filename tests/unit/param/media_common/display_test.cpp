@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "param/common/load_fields.h"
 #include "support/captured_output.h"
 #include "support/table_walk.h"
 #include "unit/param/media_common/section_load.h"

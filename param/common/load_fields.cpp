@@ -1,4 +1,4 @@
-#include "param/common/field.h"
+#include "param/common/load_fields.h"
 
 #include <cstring>
 #include <limits>

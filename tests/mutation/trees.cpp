@@ -1,0 +1,143 @@
+// Writes the products that a changed field table is tried with: every key set, none, and each count
+// at its limit. Prints the name of the directory, the module and the key of every key of the first.
+//
+// mutation_trees DIRECTORY
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <string>
+
+#include "layout/layout.h"
+
+namespace paramgen::layout {
+namespace {
+
+using Sections = std::map<std::string, std::map<std::string, std::string>>;
+using Product = std::map<std::string, Sections>;
+
+/// The limit of every count, by its offset.
+std::map<std::uint32_t, std::uint32_t> CountLimits() {
+    std::map<std::uint32_t, std::uint32_t> limits;
+    for (const Value& value : Values()) {
+        for (const Condition& condition : value.conditions) {
+            if (condition.kind == ConditionKind::kCounted) {
+                limits[condition.count] = condition.places;
+            }
+        }
+    }
+    return limits;
+}
+
+std::string NameOf(const NameTable& names, std::size_t index) {
+    return std::string(names.Prefix()) + names.Rest(index % names.Count());
+}
+
+/// A text for `value`, the `number`th, unlike its default and unlike its neighbours'.
+std::string TextFor(const Value& value, std::uint32_t number) {
+    switch (value.Kind()) {
+        case FieldKind::kBool:
+            return value.Default() == 0 ? "1" : "0";
+        case FieldKind::kUint8:
+            return std::to_string(1 + number % 200);
+        case FieldKind::kText:
+            return "t" + std::to_string(number);
+        case FieldKind::kName:
+            // Not the first: its number is 0, which an absent key leaves as well.
+            return NameOf(*value.field->notes.names, 1 + number % 40);
+        default:
+            return std::to_string(1000 + number);
+    }
+}
+
+bool ServesAMode(const Key& key) {
+    return key.role == KeyRole::kSearch;
+}
+
+/// Whether a key decides how much else is read.
+bool Decides(const Key& key, const std::map<std::uint32_t, std::uint32_t>& limits) {
+    return ServesAMode(key) || limits.count(key.values.front()->offset) != 0 ||
+           key.name.key == "enable" || key.name.key == "res_width";
+}
+
+void Write(const std::filesystem::path& directory, const Product& product) {
+    std::filesystem::create_directories(directory);
+    std::ofstream entry(directory / "config_cfgaccess_entry.ini");
+    entry << "[module]\nmodule_num = " << product.size() << "\n";
+    int number = 0;
+    for (const auto& [module, sections] : product) {
+        entry << "module" << ++number << " = " << module << "\n";
+    }
+    for (const auto& [module, sections] : product) {
+        entry << "[" << module << "]\ncfg_filename = " << module << ".ini\n";
+        std::ofstream file(directory / (module + ".ini"));
+        for (const auto& [section, keys] : sections) {
+            file << "[" << section << "]\n";
+            for (const auto& [key, text] : keys) {
+                file << key << " = " << text << "\n";
+            }
+        }
+    }
+}
+
+void WriteAll(const std::filesystem::path& directory) {
+    const std::map<std::uint32_t, std::uint32_t> limits = CountLimits();
+    Product set;
+    Product none;
+    Product counts;
+    std::map<std::string, std::uint32_t> modes;  // of the media modes' modules, in their order
+    std::uint32_t number = 0;
+    for (const Key& key : Keys()) {
+        none[key.name.module];
+        counts[key.name.module];
+        if (key.role == KeyRole::kSpill) {
+            continue;
+        }
+        ++number;
+        std::string text;
+        if (ServesAMode(key)) {
+            // The calibrations of the first two media modes.
+            const NameTable& names =
+                *Find(*KeyPattern::Parse("cam0_mediamode0/common:mediamode", &text))
+                     .front()
+                     ->field->notes.names;
+            text = NameOf(names, 1 + modes.size());
+            modes[key.name.module] = 0;
+        } else if (const auto limit = limits.find(key.values.front()->offset);
+                   limit != limits.end()) {
+            text = std::to_string(limit->second);
+        } else {
+            text = TextFor(*key.values.front(), number);
+        }
+        if (key.name.section == "common" && key.name.key == "mediamode" && !ServesAMode(key)) {
+            const NameTable& names = *key.values.front()->field->notes.names;
+            text = NameOf(names, 1 + static_cast<std::size_t>(key.name.module.back() - '0'));
+            counts[key.name.module][key.name.section][key.name.key] = text;
+        }
+        set[key.name.module][key.name.section][key.name.key] = text;
+        const bool isOtherSwitch = !key.values.empty() &&
+                                   key.values.front()->Kind() == FieldKind::kBool &&
+                                   number % 2 == 0;
+        if (Decides(key, limits) || isOtherSwitch) {
+            counts[key.name.module][key.name.section][key.name.key] = text;
+        }
+        std::cout << key.name.module << "\t" << key.name.section << "\t" << key.name.key << "\n";
+    }
+    Write(directory / "set", set);
+    Write(directory / "none", none);
+    Write(directory / "counts", counts);
+}
+
+}  // namespace
+}  // namespace paramgen::layout
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::cerr << "mutation_trees DIRECTORY\n";
+        return 2;
+    }
+    paramgen::layout::WriteAll(argv[1]);
+    return 0;
+}
