@@ -1,4 +1,4 @@
-/// Hashes of texts, and texts that are one in any case. ASCII letters alone have cases.
+/// Hashing and comparing texts, case-insensitively. Only ASCII letters have case.
 #pragma once
 
 #include <cstddef>
@@ -7,14 +7,14 @@
 
 namespace paramgen {
 
-/// A number for `text`, and another one in every process, so that nobody can prepare texts of one
-/// number. Nothing that outlives the process, or is seen outside of it, may depend on it.
+/// Returns a hash of `text`. It is seeded per process, so that nobody can prepare texts that
+/// collide. Nothing may depend on it that outlives the process or is visible outside.
 std::uint32_t HashOf(std::string_view text);
 
-/// The same, and texts that are one in any case have the same number.
+/// Returns a case-insensitive hash of `text`, seeded as well.
 std::uint32_t HashInAnyCase(std::string_view text);
 
-/// Whether `count` characters at `a` are those at `b`, in any case.
+/// Returns whether the `count` characters at `a` and `b` are equal, case-insensitively.
 bool SameInAnyCase(const char* a, const char* b, std::size_t count);
 
 }  // namespace paramgen

@@ -1,4 +1,4 @@
-/// Memory that is given back all at once.
+/// Arena: memory that is freed all at once.
 #pragma once
 
 #include <cstddef>
@@ -7,38 +7,36 @@
 
 namespace paramgen {
 
-/// Gives out pieces of memory that live as long as the arena, the last of them not quite as long if
-/// they turn out to be of no use.
-///
-/// What is registered is made of many pieces of many sizes that come once and go together. Cut from
-/// one large piece they cost no call of malloc each, and touch hardly more pages than they fill.
+/// Allocates pieces of memory that live as long as the arena. A configuration consists of many
+/// pieces of different sizes that are allocated one after the other and freed together; cutting
+/// them from large chunks saves calls of malloc and touches fewer pages.
 class Arena {
 public:
     Arena() = default;
-    /// An arena whose first pieces are cut from `memory`, aligned for any number, as long as it
-    /// lasts. These are not zeros.
+    /// An arena that cuts its first pieces from `memory`, which must be aligned for any number.
+    /// These pieces are not zeroed.
     explicit Arena(std::span<char> memory) : at_(memory.data()), left_(memory.size() / 8 * 8) {}
     ~Arena();
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
-    /// A piece of `size` bytes, at least 1 (64 bits even where addresses have 32, so that no sum is
-    /// too large), all of them 0, aligned for any number; null when memory runs out.
+    /// Returns a zeroed piece of `size` bytes, at least 1, aligned for any number; null when memory
+    /// runs out. `size` has 64 bits on every machine, so that sums of sizes do not overflow.
     void* Take(std::uint64_t size);
 
-    /// Takes back the end of `piece`, the last that was given out: all but `size` bytes. They are
-    /// zeros still.
+    /// Shrinks `piece`, the last one returned, to `size` bytes. The bytes behind must still be
+    /// zero.
     void KeepOfLast(const void* piece, std::size_t size);
 
 private:
-    /// The head of a piece of memory that the system gave.
+    /// Header of a chunk of memory from the system.
     struct alignas(8) Chunk {
         Chunk* next;
         std::size_t size;
     };
 
 public:
-    /// How much has been given out at some time.
+    /// A state of the arena to go back to.
     struct Mark {
         Chunk* chunks;
         char* at;
@@ -46,7 +44,7 @@ public:
     };
     Mark Now() const { return {.chunks = chunks_, .at = at_, .left = left_}; }
 
-    /// Takes back all pieces that were given out after `mark`.
+    /// Frees all pieces that were allocated after `mark`.
     void BackTo(const Mark& mark);
 
 private:

@@ -9,51 +9,49 @@
 
 namespace paramgen {
 
-/// Maps keys, in any case, to values, where a value may be null: the mark of a section.
+/// Maps case-insensitive keys to values. The value of a section is null.
 ///
-/// First comes a record for each line of the file, one behind the other, then, with `Finish`, a
-/// table of open addressing that tells where the record of a hash is. A record begins with what a
-/// comparison needs and holds name and value, so that looking up reads a slot and a record. It
-/// takes constant time on average, whatever the number of keys.
+/// First a record is appended for each line of the file; then `Finish` builds a hash table with
+/// open addressing over the records. A record holds name and value, so that a look-up reads one
+/// slot and one record. Looking up takes constant time on average.
 class Dictionary {
 public:
-    /// The most characters of a name.
+    /// The maximal length of a name.
     static constexpr std::size_t kNameMax = 1024;
 
-    /// Makes room for a key on each line of `text`. The dictionary lives in `arena`, and as long as
-    /// it; the last piece taken from that is the dictionary's until `Finish`. Returns false when
-    /// memory runs out; the dictionary is then of no use.
+    /// Allocates records for all lines of `text` in `arena`, where the dictionary lives. Until
+    /// `Finish` nothing else may be allocated in the arena. Returns false when memory runs out; the
+    /// dictionary is then unusable.
     [[nodiscard]] bool Create(std::string_view text, Arena* arena);
 
-    /// Makes `name` a key of its own, without a value, and begins a section.
+    /// Adds the key `name`, without a value, and makes it the current section.
     void AddSection(std::string_view name);
 
-    /// Gives the key "section:name" a value. Before the first section its name is empty.
+    /// Adds "section:name" with a value. The name of the current section is empty at first.
     ///
-    /// Of this and of `AddSection` there may be one call for each line of the text, with no more
+    /// There may be one call of this or of `AddSection` for each line of the text, with no more
     /// characters than the line has.
     void AddValue(std::string_view name, std::string_view value);
 
-    /// Has keys found from now on. Where a key came twice, the last one counts. Returns what
-    /// `Create` does, and false when there was no room for a line.
+    /// Builds the hash table; keys can be found from now on. Where a key was added twice, the last
+    /// value counts. Returns false when memory runs out or a line did not fit.
     [[nodiscard]] bool Finish(Arena* arena);
 
-    /// The value of `key`, in any case; null for a section, and `defaultValue` when there is no
+    /// Returns the value of `key`, which is null for a section, or `defaultValue` when there is no
     /// such key. Not to be called by two threads at once.
     const char* Get(std::string_view key, const char* defaultValue) const;
 
     /// The number of keys.
     std::uint32_t Count() const { return count_; }
 
-    /// How many slots are looked at to find `key` by its hash.
+    /// Returns how many slots a look-up of `key` by its hash reads.
     std::uint32_t ProbesFor(std::string_view key) const;
 
 private:
     struct Record;
 
-    /// Where a key's record is, see `RecordIn`, in the low bits, as many as the last one takes;
-    /// above it those of the key's hash, by which most other keys are told apart. 0: the slot is
-    /// free.
+    /// The low bits are the place of a key's record, in units of 4 bytes; the others are those of
+    /// the key's hash, which tell most other keys apart. 0: the slot is free.
     using Slot = std::uint32_t;
 
     Record* RecordAt(std::uint32_t place) const;
@@ -74,8 +72,8 @@ private:
     std::uint32_t placeMask_ = 0;  ///< the bits of a slot that are a record's place
     std::uint32_t count_ = 0;      ///< of keys
 
-    /// The place behind the record that was found last. Loaders mostly ask in the order in which a
-    /// file has its keys, so that two of three look-ups need no hash.
+    /// The place behind the record found last. Loaders mostly read keys in the order of the file,
+    /// so that two of three look-ups find their key here without a hash.
     mutable std::uint32_t next_ = 0;
 };
 

@@ -8,14 +8,14 @@ namespace paramgen {
 /// What a line of an INI file is.
 enum class IniLineKind { kNothing, kSection, kValue, kSyntaxError };
 
-/// A line taken apart. The texts are parts of the line.
+/// A parsed line. The views point into the line.
 struct IniLine {
     IniLineKind kind;
-    std::string_view name;   ///< section or key name, stripped; without data for "[]"
-    std::string_view value;  ///< for kValue; never without data
+    std::string_view name;   ///< section or key name, stripped; its data() is null for "[]"
+    std::string_view value;  ///< for kValue; its data() is never null
 };
 
-/// Takes apart what a line has before its first ';'. It holds no NUL.
+/// Parses a line, cut before its first ';'. It contains no NUL.
 IniLine ParseIniLine(std::string_view text);
 
 }  // namespace paramgen

@@ -2,13 +2,13 @@
 ///
 /// The grammar, line by line (at most 1022 characters and a newline each):
 /// - a ';' anywhere cuts the line; what remains is stripped of white space; an empty line and one
-///   that begins with '#' count for nothing;
+///   that begins with '#' are ignored;
 /// - "[name]" makes `name` the current section (none at first) and a key of its own, without value;
 /// - "key = value" gives "section:key" its value. A value in single or double quotes is kept as it
 ///   stands between them; any other ends before a '#' and is stripped, and a pair of quotes alone
 ///   is the empty value, as is nothing at all;
 /// - any other line is a syntax error, and a file with one yields no dictionary.
-/// Section and key names are stored in lower case. Where a key comes twice, the last one counts.
+/// Section and key names are case-insensitive. Where a key occurs twice, the last one counts.
 #pragma once
 
 #include <cstdint>
@@ -18,9 +18,8 @@
 
 namespace paramgen {
 
-/// What went wrong last in this reader. Kept for the eye of a debugger; nothing depends on it. (3
-/// and 4, a dictionary that cannot grow or take a key, do not come about: it has room for all keys
-/// before the first one, or ends in 7.)
+/// The last error of this reader, for debugging only. 3 and 4, a dictionary that cannot grow or
+/// take a key, do not occur: memory for all keys is allocated first, and a failure there is 7.
 enum class IniError : std::int32_t {
     kNone = 0,
     kNullArgument = 1,
@@ -32,16 +31,17 @@ enum class IniError : std::int32_t {
 /// The last error of the INI reader in this process.
 IniError LastIniError();
 
-/// Reads the file at `path`. Returns its dictionary, which lives in `arena`, or null when the file
-/// cannot be opened or read, a line is too long or no valid line, or memory runs out. A directory
-/// reads as an empty file, and so does whatever says that it has 0 bytes; a pipe is not read.
+/// Reads the file at `path` into a dictionary, which lives in `arena`. Returns null when the file
+/// cannot be opened or read, a line is too long or invalid, or memory runs out. A directory reads
+/// as an empty file.
 const Dictionary* LoadIniFile(const char* path, Arena* arena);
 
-/// The value of `key` ("section:key", in any case; only its first 1024 characters count), or
-/// `defaultValue` when there is no such key. The key of a section has a null value.
+/// Returns the value of `key` ("section:key", case-insensitive; only its first 1024 characters
+/// count), or `defaultValue` when there is no such key. The value of a section is null.
 const char* FindText(const Dictionary& dictionary, std::string_view key, const char* defaultValue);
 
-/// The value of `key` as an integer in prefixed notation, or `defaultValue` when it has none.
+/// Returns the value of `key` as an integer in prefixed notation, or `defaultValue` when it has
+/// none.
 std::int32_t FindInteger(const Dictionary& dictionary, const char* key, std::int32_t defaultValue);
 
 }  // namespace paramgen

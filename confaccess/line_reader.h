@@ -1,4 +1,4 @@
-/// Takes a text apart into lines.
+/// Splits a text into lines.
 #pragma once
 
 #include <cstddef>
@@ -14,11 +14,11 @@ struct TextLine {
     bool isLast;               ///< the text ends in this line
 };
 
-/// Hands out the lines of a text, as parts of it. What it finds is what fgets finds in a file with
-/// a buffer of `kPieceMax` + 1 characters.
+/// Returns the lines of a text one by one, as views into it: the same pieces that fgets reads from
+/// a file with a buffer of `kPieceMax` + 1 characters.
 class LineReader {
 public:
-    /// The most characters of a piece, newline included; what is longer comes in several.
+    /// The maximal length of a piece, newline included; a longer line is split into several.
     static constexpr std::size_t kPieceMax = 1023;
 
     explicit LineReader(std::string_view text);
@@ -28,7 +28,7 @@ public:
 
 private:
     std::string_view rest_;
-    bool hasNul_;  ///< hardly any text has one, and lines are short: it is looked for only once
+    bool hasNul_;  ///< whether the text has a NUL: looked for once, since hardly any has
 };
 
 }  // namespace paramgen

@@ -12,7 +12,8 @@ namespace paramgen {
 /// list.
 [[nodiscard]] Status CONFACCESS_ModuleInfo(ConfigEntry* config);
 
-/// Frees every module of `config`.
+/// Empties the module list of `config`. The modules' memory belongs to the arena of `config` and is
+/// freed with it.
 void CONFACCESS_DelModuleList(ConfigEntry* config);
 
 }  // namespace paramgen

@@ -61,7 +61,7 @@ public:
             status_ = kBadArgument;
             return;
         }
-        // Looked at only when something is amiss: names that are registered are short enough.
+        // Checked only if something is wrong: registered names are short enough.
         const bool isLong = confItem.size() >= QX_CONFACCESS_KEY_MAX_LEN;
         if ((status_ != kOk || isLong) && HasLongArgument(module, confItem, function, lines)) {
             status_ = kBadArgument;
@@ -78,8 +78,8 @@ public:
     /// The value, or the default when there is no such key; null for a section.
     const char* text() const { return text_; }
 
-    /// The status. One that is not about the arguments is told, with its code, under the asking
-    /// function's name.
+    /// Returns the status. If it is not about the arguments, prints it as an error code of
+    /// `function`.
     Status TellStatus(const char* function, CheckLine line) const {
         if (status_ != kOk && status_ != kBadArgument) {
             TellErrorCode(function, line, status_);

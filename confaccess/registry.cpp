@@ -10,7 +10,7 @@ ListLink g_configs = {.next = &g_configs, .prev = &g_configs};
 
 namespace {
 
-/// Whether an entry's name, which zeros fill up, is `name`.
+/// Returns whether the entry's name, which is filled up with zeros, is `name`.
 bool IsName(const char (&entryName)[QX_CONFACCESS_NAME_MAX_LEN], std::string_view name) {
     return name.size() < sizeof entryName && entryName[name.size()] == '\0' &&
            SameCharacters(entryName, name.data(), name.size());

@@ -1,4 +1,4 @@
-/// What is registered: configurations, and the modules of each.
+/// The registry: configurations and their modules.
 #pragma once
 
 #include <pthread.h>
@@ -36,10 +36,10 @@ struct ConfigEntry : ListLink {
     Arena memory;          ///< what the modules and the dictionaries live in
 };
 
-/// The registered configuration of that name, or null. The registry keeps owning it.
+/// Returns the registered configuration of that name, or null. The registry keeps owning it.
 ConfigEntry* FindConfig(std::string_view cfgName);
 
-/// The module of that name in `config`, or null; called under the configuration's lock.
+/// Returns the module of that name in `config`, or null; called under the configuration's lock.
 ModuleEntry* FindModule(ConfigEntry* config, std::string_view module);
 
 /// Puts `module`, whose name no other has, at the front of the modules of `config`.

@@ -8,7 +8,7 @@
 
 namespace paramgen {
 
-/// A text in memory. Behind it there is a NUL.
+/// A text in memory, with a terminating NUL.
 struct Text {
     char* bytes = nullptr;
     std::size_t size = 0;
@@ -16,10 +16,10 @@ struct Text {
     std::string_view View() const { return {bytes, size}; }
 };
 
-/// The most characters of a file.
+/// The maximal size of a file.
 constexpr std::size_t kTextMax = std::size_t{512} * 1024 * 1024 - 1;
 
-/// What reading a file came to.
+/// Results of reading a file.
 enum class ReadResult { kRead, kUnreadable, kNoMemory };
 
 /// Reads the file at `path` to its end, into memory from `arena`, and stores in `text` where it is.

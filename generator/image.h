@@ -22,14 +22,14 @@ static_assert(std::endian::native == std::endian::little,
 inline constexpr std::uint32_t kImageMagic = 0x70617261;  ///< "arap" in the file
 inline constexpr std::uint32_t kTailMark = 0x7061726D;    ///< "mrap" in the file
 
-/// What the image begins with.
+/// Header of the image.
 struct ImageHeader {
     std::uint32_t magic;
     std::uint32_t totalSize;  ///< of the whole image, in bytes
     std::byte reserved[8];
 };
 
-/// What the image ends with.
+/// Tail of the image.
 struct ImageTail {
     std::uint32_t mark;
     std::uint32_t zero;

@@ -23,7 +23,7 @@ constexpr OutputFile kOutputFiles[] = {
     {.path = "./paramdef.bin", .isFlushed = true},  // the default parameters
 };
 
-/// What became of writing a file.
+/// Result of writing a file.
 struct Outcome {
     bool opened;
     bool flushed;

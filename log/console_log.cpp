@@ -38,13 +38,13 @@ const char* OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
 }
 
-/// The longest names, those of the module and the function together, that are gathered. What else
-/// stands in a prefix fits beside them.
+/// The maximal length of module tag and function name together for a record that is put together in
+/// the buffer. The rest of a prefix always fits beside them.
 constexpr std::size_t kNamesMax = 400;
 static_assert(sizeof "\033[m[hh:mm:ss:mmm \033[1;35mFATAL\033[m-]:[4294967295]:" + kNamesMax <
               kRecordRoom);
 
-/// A record that is gathered: the next character goes to `at`, and the buffer ends at `limit`. What
+/// A record being put together: the next character goes to `at`, the buffer ends at `limit`. What
 /// does not fit is left out.
 struct Gathered {
     char* at;
@@ -74,8 +74,8 @@ void AppendTime(Gathered* record) {
     record->at += std::max(length, 0);
 }
 
-/// Begins a record in `*text`, a record's room, with its prefix. Returns where it ends. Names too
-/// long for it are printed, behind what stands before them; `*text` is then the room for the rest.
+/// Writes the prefix of a record to `*text`, a buffer of `kRecordRoom` bytes, and returns its end.
+/// Names that are too long are printed directly; `*text` is then the buffer for what follows.
 char* Begin(char** text, std::uint32_t level, std::string_view tag, std::string_view name,
             std::uint32_t line) {
     Gathered record = {.at = *text, .limit = *text + kRecordRoom};
@@ -130,7 +130,7 @@ void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* funct
         format == nullptr ? 0 : FormatPlain(message, kRecordRoom - prefix, format, args);
     TakeRecord(prefix + static_cast<std::size_t>(std::max(length, 0)));
     if (length < 0) {
-        // Too long, or too special: libc writes the message.
+        // It does not fit the buffer, or needs libc: libc formats the message.
         FlushOutput();
         std::vprintf(format, args);
     }

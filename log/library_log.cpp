@@ -43,7 +43,7 @@ int FormatPrefix(char (&record)[kRecordSize], const char* levelName, const char*
 
 }  // namespace
 
-// Here and not in the save path, which a program need not have.
+// Defined here so that a program that never opens the save path need not link it.
 std::atomic<void (*)(const char*, std::size_t)> g_saveRecord = nullptr;
 
 void ZV_LOG_SetThreshold(std::int32_t threshold) {

@@ -1,20 +1,16 @@
-/// Standard output, as this program and its rooms write to it: some of it may be held back.
-///
-/// A record costs libc more to copy into a stream's buffer than this program to format it. So
-/// records are put together at the end of those that are held, and libc gets them in large pieces.
-/// Whatever else is written goes through `PrintOutput`, behind what is held.
-///
-/// What is held is unguarded: only programs of one thread hold output.
+/// Standard output of the program. It can be buffered here instead of in libc: copying a record
+/// into a stream costs more than formatting it, so records are formatted directly into a buffer,
+/// which goes to libc in large pieces.
 #pragma once
 
 #include <cstddef>
 
 namespace paramgen {
 
-/// The room for one record, in bytes.
+/// Size of the buffer of one record, in bytes.
 constexpr std::size_t kRecordRoom = 512;
 
-/// Holds output as long as it lives, if it is to; then libc gets what is left. There is one at a
+/// Buffers output while it lives, if `isHolding`; its destructor flushes. Only one may exist at a
 /// time.
 class HeldOutput {
 public:
@@ -24,17 +20,17 @@ public:
     HeldOutput& operator=(const HeldOutput&) = delete;
 };
 
-/// Where the next record begins: `kRecordRoom` bytes, up to the next call of a function of this
-/// file.
+/// Returns the buffer for the next record: `kRecordRoom` bytes, valid until the next call of a
+/// function of this file.
 char* RecordRoom();
 
-/// Makes the first `size` characters in that room output.
+/// Outputs the first `size` characters of the buffer that `RecordRoom` returned.
 void TakeRecord(std::size_t size);
 
-/// Prints as printf does, behind all that is held.
+/// Flushes the buffer, then prints as printf does.
 [[gnu::format(printf, 1, 2)]] void PrintOutput(const char* format, ...);
 
-/// Gives libc what is held.
+/// Writes the buffered output to stdout.
 void FlushOutput();
 
 }  // namespace paramgen

@@ -1,12 +1,12 @@
-/// What the library log has to say about itself.
+/// Messages of the library log about itself.
 #pragma once
 
 #include "log/output.h"
 
 namespace paramgen {
 
-/// Prints a message of the step `function` to standard output. `line` is the number that the step
-/// goes by in this message.
+/// Prints "[function]line: message" to standard output. `line` is the fixed number that identifies
+/// the message.
 inline void PrintOwnMessage(const char* function, int line, const char* text) {
     PrintOutput("[%s]%d: %s\n", function, line, text);
 }

@@ -33,8 +33,8 @@ struct SavePath {
 SavePath g_save = {
     .lock = PTHREAD_MUTEX_INITIALIZER, .current = nullptr, .first = {}, .second = {}};
 
-/// In bytes, of either file; guarded as well. It stands apart so that the rest, being zero, takes
-/// no room in the program's file.
+/// Size limit of both files in bytes; guarded by the lock. A separate variable: the state above is
+/// all zeros and takes no room in the executable.
 std::uint32_t g_sizeLimit = kSaveFileSizeLimit;
 
 /// One record on its way into a file.
@@ -55,9 +55,8 @@ void Unlock() {
     }
 }
 
-/// Closes a file's stream, if it has one; it is then no longer the one written last. The stream is
-/// gone even when closing reports a failure. Returns whether a stream was there and was closed
-/// without one.
+/// Closes the file's stream, if it is open; the file is then no longer the current one. Returns
+/// whether a stream was open and closing it succeeded.
 bool CloseStream(SaveFile* file) {
     std::FILE* handle = file->handle;
     file->handle = nullptr;
@@ -72,7 +71,7 @@ bool WriteWhole(const SaveFile& file, const Record& record) {
            std::fwrite(record.text, 1, record.length, file.handle) == record.length;
 }
 
-/// Starts a file afresh, with the record as all it holds.
+/// Truncates a file and writes the record to it.
 std::int32_t LOG_ReOpen(SaveFile* file, const Record& record) {
     if (!CloseStream(file)) {
         PrintOwnMessage(__func__, 262, "close file failed");

@@ -35,8 +35,8 @@ bool ZV_LOG_IsSaveOpen();
 /// path.
 void LOG_SaveLog(const char* record, std::size_t length);
 
-/// `LOG_SaveLog` while the save path is open, null otherwise. The library log reaches the save path
-/// through this alone: a program that never opens it does not carry it along.
+/// `LOG_SaveLog` while the save path is open, else null. The library log calls the save path only
+/// through this pointer, so that a program that never opens it does not link it.
 extern std::atomic<void (*)(const char* record, std::size_t length)> g_saveRecord;
 
 /// Measures an open file by seeking to its end, where it stays. Returns 0, or `kSaveNoSize` when

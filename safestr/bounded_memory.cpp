@@ -5,7 +5,7 @@
 namespace paramgen {
 namespace {
 
-constexpr int kBadArgument = -1;
+constexpr int kRefused = -1;
 
 bool Holds(const void* dest, std::size_t destMax, std::size_t count) {
     return dest != nullptr && destMax != 0 && count <= destMax;
@@ -15,7 +15,7 @@ bool Holds(const void* dest, std::size_t destMax, std::size_t count) {
 
 int memset_s(void* dest, std::size_t destMax, int value, std::size_t count) {
     if (!Holds(dest, destMax, count)) {
-        return kBadArgument;
+        return kRefused;
     }
     std::memset(dest, value, count);
     return 0;
@@ -23,7 +23,7 @@ int memset_s(void* dest, std::size_t destMax, int value, std::size_t count) {
 
 int memcpy_s(void* dest, std::size_t destMax, const void* src, std::size_t count) {
     if (!Holds(dest, destMax, count) || src == nullptr) {
-        return kBadArgument;
+        return kRefused;
     }
     std::memcpy(dest, src, count);
     return 0;
@@ -31,7 +31,7 @@ int memcpy_s(void* dest, std::size_t destMax, const void* src, std::size_t count
 
 int memmove_s(void* dest, std::size_t destMax, const void* src, std::size_t count) {
     if (!Holds(dest, destMax, count) || src == nullptr) {
-        return kBadArgument;
+        return kRefused;
     }
     std::memmove(dest, src, count);
     return 0;

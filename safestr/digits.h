@@ -1,4 +1,4 @@
-/// The digits of numbers, as a conversion %d, %u, %x or %X has them.
+/// Digits of numbers, as the printf conversions %d, %u, %x and %X write them.
 #pragma once
 
 #include <cstddef>
@@ -6,12 +6,12 @@
 
 namespace paramgen {
 
-/// The base of a kind of conversion.
+/// The base of the conversion `kind`.
 constexpr unsigned BaseOf(char kind) {
     return kind == 'x' || kind == 'X' ? 16 : 10;
 }
 
-/// How many digits `number` has.
+/// Returns the number of digits of `number`.
 inline std::size_t CountDigits(std::uint64_t number, char kind) {
     const unsigned base = BaseOf(kind);
     std::size_t count = 1;
@@ -25,11 +25,12 @@ inline std::size_t CountDigits(std::uint64_t number, char kind) {
     return count;
 }
 
-/// Writes the digits of `number` so that they end before `end`. Returns where they begin.
+/// Writes the digits of `number` backwards from `end`. The caller has made sure that there is room
+/// for `CountDigits` characters. Returns the first digit.
 inline char* WriteDigits(char* end, char kind, std::uint64_t number) {
     const unsigned base = BaseOf(kind);
     const auto digitOf = [kind](std::uint32_t value) {
-        // The bit that tells small letters from capitals is set in figures.
+        // Bit 5 makes a letter lower case, and is set in all decimal digits.
         return static_cast<char>("0123456789ABCDEF"[value] | (kind & 0x20));
     };
     for (; number > UINT32_MAX; number /= base) {

@@ -11,21 +11,21 @@
 namespace paramgen {
 namespace {
 
-/// What stands between a '%' and the end of its conversion.
+/// A parsed conversion.
 struct Conversion {
-    std::size_t width;      ///< the fewest characters it gives
-    std::size_t precision;  ///< the most characters that a text gives
-    unsigned longs;         ///< how often there is an 'l'
+    std::size_t width;      ///< minimal number of characters
+    std::size_t precision;  ///< maximal number of characters of a text
+    unsigned longs;         ///< number of 'l' modifiers
     char padding;           ///< '0' or ' '
     char kind;
 };
 
-/// The arguments, in a form that can be handed on by reference whatever `va_list` is.
+/// Wraps `va_list`, which is an array on some machines, so that it can be passed by reference.
 struct Arguments {
     std::va_list list;
 };
 
-/// The text so far. `at` never passes `end`, where the terminator fits.
+/// The output buffer. `at` never passes `end`, the last byte, which is kept for the terminator.
 struct Output {
     char* at;
     char* end;
@@ -35,7 +35,7 @@ std::size_t RoomIn(const Output& out) {
     return static_cast<std::size_t>(out.end - out.at);
 }
 
-/// Takes a number off `format`, of at most four digits besides leading zeros.
+/// Reads a number of at most four digits, besides leading zeros, and moves `format` past it.
 std::size_t TakeNumber(const char** format) {
     std::size_t number = 0;
     while (number < 1000 && **format >= '0' && **format <= '9') {
@@ -57,7 +57,7 @@ std::size_t TakePrecision(const char** format, Arguments* args) {
     return precision < 0 ? SIZE_MAX : static_cast<std::size_t>(precision);
 }
 
-/// Takes what follows a '%' off `format`.
+/// Parses the conversion behind a '%' and moves `format` past it.
 Conversion TakeConversion(const char** format, Arguments* args) {
     const char padding = **format == '0' ? '0' : ' ';
     const std::size_t width = TakeNumber(format);
@@ -71,7 +71,7 @@ Conversion TakeConversion(const char** format, Arguments* args) {
         .width = width, .precision = precision, .longs = longs, .padding = padding, .kind = kind};
 }
 
-/// Takes the bits of an integer, an `int` unless there are `longs`.
+/// Takes an integer argument: an `int`, or wider with `longs`. Signed ones are sign-extended.
 std::uint64_t TakeBits(bool isSigned, unsigned longs, Arguments* args) {
     if (longs > 1) {
         return va_arg(args->list, unsigned long long);
@@ -84,7 +84,7 @@ std::uint64_t TakeBits(bool isSigned, unsigned longs, Arguments* args) {
     return isSigned ? static_cast<std::uint64_t>(number) : static_cast<unsigned>(number);
 }
 
-// What follows returns 0, `kDoesNotFit` or `kNotPlain`.
+// The functions below return 0, `kDoesNotFit` or `kNotPlain`.
 
 int PutText(Output* out, std::string_view text) {
     if (CopyText(out->at, RoomIn(*out), text.data(), text.size()) != 0) {
@@ -98,7 +98,7 @@ int PutString(Output* out, const char* text, std::size_t precision) {
     return text == nullptr ? kNotPlain : PutText(out, {text, LengthUpTo(text, precision)});
 }
 
-/// Puts out the number whose bits are given, its digits where they belong.
+/// Writes a number, right-aligned within its width.
 int PutNumber(Output* out, const Conversion& conversion, std::uint64_t bits) {
     const bool isNegative = conversion.kind == 'd' && static_cast<std::int64_t>(bits) < 0;
     if (isNegative && conversion.padding == '0') {
@@ -122,7 +122,7 @@ int PutNumber(Output* out, const Conversion& conversion, std::uint64_t bits) {
     return 0;
 }
 
-/// Carries out any conversion that is known here.
+/// Writes any supported conversion.
 int Convert(Output* out, const Conversion& conversion, Arguments* args) {
     const char kind = conversion.kind;
     if (kind == 's') {
@@ -136,7 +136,7 @@ int Convert(Output* out, const Conversion& conversion, Arguments* args) {
                : kNotPlain;
 }
 
-/// Carries out %d and %u. Most numbers have one digit.
+/// Writes %d and %u without width. A single digit, the most frequent case, is written directly.
 int ConvertDecimal(Output* out, bool isSigned, Arguments* args) {
     const std::uint64_t bits = TakeBits(isSigned, 0, args);
     if (bits < 10 && out->at != out->end) {
@@ -147,7 +147,7 @@ int ConvertDecimal(Output* out, bool isSigned, Arguments* args) {
         out, {.width = 0, .precision = SIZE_MAX, .longs = 0, .padding = ' ', .kind = 'd'}, bits);
 }
 
-/// Carries out the conversion that stands at `*format`.
+/// Writes the conversion that begins at `*format`.
 int ConvertNext(Output* out, const char** format, Arguments* args) {
     const char kind = **format;
     if (kind == 'd' || kind == 'u') {
@@ -158,8 +158,8 @@ int ConvertNext(Output* out, const char** format, Arguments* args) {
     return Convert(out, conversion, args);
 }
 
-/// Copies what stands in a format before the next '%' or the format's end, as much of it as there
-/// is room for. Returns where that ends.
+/// Copies the format's text up to the next '%' or its end, as far as there is room. Returns the end
+/// of what was copied.
 const char* PutLiteral(Output* out, const char* format, const char* end) {
     constexpr std::ptrdiff_t kWord = sizeof(Word);
     constexpr bool kInWords = kWord >= 8;  // four characters at a time gain less than it takes

@@ -1,4 +1,4 @@
-/// Formatting without libc, for what records and keys are made of.
+/// A formatter for the conversions that nearly all records and keys use. It is faster than libc.
 #pragma once
 
 #include <cstdarg>
@@ -6,16 +6,15 @@
 
 namespace paramgen {
 
-/// What `FormatPlain` returns besides a length.
+/// Results of `FormatPlain` besides a length.
 constexpr int kDoesNotFit = -1;
 constexpr int kNotPlain = -2;
 
-/// Formats into `dest`, which holds `destMax` (at least 1) bytes, as vsnprintf does. Knows %d %u %x
-/// %X (with l or ll) and %s, zero padding, a width and, for texts, a precision. Returns the number
-/// of characters written, terminator excluded; `kDoesNotFit`; or `kNotPlain` when there is
-/// something else in the format, or a null text: libc then has to format all of it. After the last
-/// two `dest` holds no text. Behind the text's terminator `dest` may hold parts of the format,
-/// unless that is shorter than eight characters.
+/// Formats into `dest`, which has room for `destMax` bytes (at least 1), as vsnprintf does.
+/// Supports %d, %u, %x and %X (with l or ll) and %s, zero padding, a width and, for texts, a
+/// precision. Returns the number of characters written, terminator excluded; `kDoesNotFit`; or
+/// `kNotPlain` when the format uses anything else or a text is null: the caller then has to use
+/// libc. After these two, and behind the terminator, the content of `dest` is unspecified.
 [[gnu::format(printf, 3, 0)]] int FormatPlain(char* dest, std::size_t destMax, const char* format,
                                               std::va_list args);
 
