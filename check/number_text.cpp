@@ -8,13 +8,10 @@
 #include <string>
 
 #include "confaccess/number.h"
+#include "safestr/short_text.h"
 
 namespace paramgen::check {
 namespace {
-
-bool IsSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';

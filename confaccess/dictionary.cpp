@@ -149,7 +149,7 @@ bool Dictionary::Finish(Arena* arena) {
     return true;
 }
 
-const char* Dictionary::Get(std::string_view key, const char* defaultValue) const {
+const char* Dictionary::FindText(std::string_view key, const char* defaultValue) const {
     if (next_ == end_ || !IsKeyAt(next_, key)) {
         const Slot slot = *FindSlot(key, HashInAnyCase(key));
         if (slot == 0) {

@@ -39,7 +39,7 @@ public:
 
     /// Returns the value of `key`, which is null for a section, or `defaultValue` when there is no
     /// such key. Not to be called by two threads at once.
-    const char* Get(std::string_view key, const char* defaultValue) const;
+    const char* FindText(std::string_view key, const char* defaultValue) const;
 
     /// The number of keys.
     std::uint32_t Count() const { return count_; }

@@ -8,10 +8,6 @@ namespace {
 constexpr IniLine kNoContent = {.kind = IniLineKind::kNothing, .name = {}, .value = {}};
 constexpr IniLine kBadLine = {.kind = IniLineKind::kSyntaxError, .name = {}, .value = {}};
 
-bool IsSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 std::string_view StripStart(std::string_view text) {
     while (!text.empty() && IsSpace(text.front())) {
         text.remove_prefix(1);

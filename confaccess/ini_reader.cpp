@@ -125,7 +125,8 @@ const Dictionary* LoadIniFile(const char* path, Arena* arena) {
 }
 
 const char* FindText(const Dictionary& dictionary, std::string_view key, const char* defaultValue) {
-    return dictionary.Get({key.data(), std::min(key.size(), Dictionary::kNameMax)}, defaultValue);
+    return dictionary.FindText({key.data(), std::min(key.size(), Dictionary::kNameMax)},
+                               defaultValue);
 }
 
 std::int32_t FindInteger(const Dictionary& dictionary, const char* key, std::int32_t defaultValue) {

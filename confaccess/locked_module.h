@@ -46,8 +46,8 @@ private:
 
 /// The string query without the copy: `value` belongs to the configuration and is valid until that
 /// is released.
-[[nodiscard]] Status CONFACCESS_FindText(const LockedModule& module, std::string_view confItem,
-                                         const char* defaultValue, const char** value);
+[[nodiscard]] Status FindText(const LockedModule& module, std::string_view confItem,
+                              const char* defaultValue, const char** value);
 
 [[nodiscard]] Status ZV_CONFACCESS_GetInt(const LockedModule& module, std::string_view confItem,
                                           std::int32_t defaultValue, std::int32_t* value);

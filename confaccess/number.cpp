@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "safestr/short_text.h"
+
 namespace paramgen {
 namespace {
 
@@ -66,7 +68,7 @@ bool IsReportedOverflow(const char* text) {
 /// is `value`; `before` is what it was before. The two libcs agree but for hexadecimal numbers: the
 /// target's reports neither a small one that is rounded nor one that is just too large.
 void SetErrnoAsOnTheTarget(const char* text, double value, int before) {
-    while (*text == ' ' || (*text >= '\t' && *text <= '\r')) {
+    while (IsSpace(*text)) {
         ++text;
     }
     if (*text == '-' || *text == '+') {
@@ -87,7 +89,7 @@ void SetErrnoAsOnTheTarget(const char* /*text*/, double /*value*/, int /*before*
 }  // namespace
 
 std::int32_t ParseInteger(const char* text, int base) {
-    while (*text == ' ' || (*text >= '\t' && *text <= '\r')) {
+    while (IsSpace(*text)) {
         ++text;
     }
     const bool negative = *text == '-';

@@ -111,8 +111,8 @@ LockedModule::~LockedModule() {
     }
 }
 
-Status CONFACCESS_FindText(const LockedModule& module, std::string_view confItem,
-                           const char* defaultValue, const char** value) {
+Status FindText(const LockedModule& module, std::string_view confItem, const char* defaultValue,
+                const char** value) {
     const Lookup found(module, confItem, value, "ZV_CONFACCESS_GetString", kGetStringLines,
                        defaultValue);
     if (found.status() == kOk) {

@@ -1,8 +1,8 @@
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 
 #include "safestr/safestr.h"
+#include "safestr/short_text.h"
 
 // One conversion at a time is handed to libc, so that a string can be measured before it is stored.
 // The formats handed over are cut from the caller's format, never from the scanned text.
@@ -30,10 +30,6 @@ struct Destination {
 
 /// How one step of a scan went.
 enum class Outcome { kMatched, kMismatch, kTextEnded, kBad };
-
-bool IsSpace(char c) {
-    return std::isspace(static_cast<unsigned char>(c)) != 0;
-}
 
 const char* SkipSpace(const char* text) {
     while (IsSpace(*text)) {

@@ -20,6 +20,11 @@ inline bool SameText(const char* a, const char* b, std::size_t max) {
     return same == max || a[same] == b[same];
 }
 
+/// Returns whether `c` is white space of the C locale.
+constexpr bool IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 /// Returns the length of `text`, at most `max`, as strnlen does.
 inline std::size_t LengthUpTo(const char* text, std::size_t max) {
     std::size_t length = 0;

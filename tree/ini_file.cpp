@@ -5,13 +5,10 @@
 #include "confaccess/ini_line.h"
 #include "confaccess/line_reader.h"
 #include "confaccess/line_rules.h"
+#include "safestr/short_text.h"
 
 namespace paramgen::tree {
 namespace {
-
-bool IsSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 /// What becomes of a piece before its grammar; `kNothing` when it is to be parsed. From its
 /// beginning on its line has `rest` characters.

@@ -137,7 +137,7 @@ Status LoadThroughReader(const Load& load) {
 /// Queries a name and stores its number; an absent key leaves the member as it is.
 Status QueryName(const Load& load, std::string_view fullKey) {
     const char* name = nullptr;
-    Status status = CONFACCESS_FindText(load.module, fullKey, nullptr, &name);
+    Status status = FindText(load.module, fullKey, nullptr, &name);
     std::int32_t number = 0;
     if (status == kOk && name != nullptr) {
         status = load.field.lookup(name, &number);

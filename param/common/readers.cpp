@@ -17,8 +17,8 @@ constexpr char kNoKey[] = "(null)";
 }  // namespace
 
 Status FindText(const char* module, const char* key, const char** text) {
-    return CONFACCESS_FindText(ProductModule(module), key == nullptr ? std::string_view() : key,
-                               nullptr, text);
+    return FindText(ProductModule(module), key == nullptr ? std::string_view() : key, nullptr,
+                    text);
 }
 
 Status PDT_INIPARAM_LoadIntValueByNodePrefix(const ProductModule& module, std::string_view prefix,
@@ -92,9 +92,8 @@ Status PDT_INIPARAM_LoadStringValue(const ProductModule& module, const char* key
                                     std::span<char> bytes, std::size_t size) {
     const char* value = nullptr;
     const std::string_view item = key == nullptr ? std::string_view() : key;
-    CALL_OR_RETURN(
-        CONFACCESS_FindText(module, item, nullptr, bytes.data() == nullptr ? nullptr : &value),
-        key);
+    CALL_OR_RETURN(FindText(module, item, nullptr, bytes.data() == nullptr ? nullptr : &value),
+                   key);
     if (value != nullptr && sprintf_s(bytes.data(), size, "%s", value) == -1) {
         LOG_ERROR("[%s] failed\n", "sprintf_s");
         return kFailed;

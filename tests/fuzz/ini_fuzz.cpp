@@ -40,7 +40,7 @@ private:
 
 void CompareValue(const Dictionary& dictionary, const std::string& key,
                   const std::optional<std::string>& value) {
-    const char* found = dictionary.Get(key, kNothing);
+    const char* found = dictionary.FindText(key, kNothing);
     Require(found != kNothing, "every key is there");
     Require(value.has_value() ? found != nullptr && *value == found : found == nullptr,
             "every value is as it stands in the file");

@@ -233,10 +233,10 @@ void CheckDictionary() {
         "e",
         "\xFE\xFF");
     Check(dictionary.Finish(&arena), "Dictionary", "Finish");
-    CheckText(dictionary.Get(key, nullptr), "\xFE\xFF", "Dictionary");
-    Check(dictionary.Get("caf\xC9:gr\xF6\xDF"
-                         "e",
-                         nullptr) == nullptr,
+    CheckText(dictionary.FindText(key, nullptr), "\xFE\xFF", "Dictionary");
+    Check(dictionary.FindText("caf\xC9:gr\xF6\xDF"
+                              "e",
+                              nullptr) == nullptr,
           "Dictionary", "another key");
 }
 

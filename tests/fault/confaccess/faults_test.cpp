@@ -295,7 +295,7 @@ TEST_F(RegistrationFaults, ModulesThatAreLeftOutHoldNothing) {
         // The configuration, a chunk, and what the entry file takes.
         EXPECT_LE(watch.Held(), 4);
         const char* value = nullptr;
-        EXPECT_EQ(CONFACCESS_FindText(LockedModule("cfg", "m1000"), "s:key", nullptr, &value), 0);
+        EXPECT_EQ(FindText(LockedModule("cfg", "m1000"), "s:key", nullptr, &value), 0);
         EXPECT_STREQ(value, "value");
         EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
         EXPECT_EQ(watch.Held(), 0);

@@ -47,7 +47,7 @@ protected:
     }
 
     const char* Get(std::string_view key, const char* defaultValue) const {
-        return dictionary_.Get(key, defaultValue);
+        return dictionary_.FindText(key, defaultValue);
     }
 
     std::uint32_t Count() const { return dictionary_.Count(); }

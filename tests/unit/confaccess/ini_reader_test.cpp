@@ -133,7 +133,7 @@ TEST_F(IniReader, LongestNamesFormOneKey) {
     const std::string key(1021, 'k');
     const Dictionary* dictionary = Load("[" + section + "]\n" + key + "=\n");
     ASSERT_NE(dictionary, nullptr);
-    EXPECT_STREQ(dictionary->Get(section + ":" + key, nullptr), "");
+    EXPECT_STREQ(dictionary->FindText(section + ":" + key, nullptr), "");
 }
 
 TEST_F(IniReader, ReadOfOneCharacterIsSkippedWhateverItIs) {
@@ -214,7 +214,7 @@ TEST_F(IniReader, RepeatedSectionContinues) {
 TEST_F(IniReader, EmptyBracketsKeepTheSection) {
     EXPECT_EQ(ValueIn("[s]\na = 1\n[]\nb = 2\n", "s:b"), "2");
     EXPECT_EQ(ValueIn("[]\nb = 2\n", ":b"), "2");
-    EXPECT_EQ(Load("[]\n")->Get("", "default"), nullptr);
+    EXPECT_EQ(Load("[]\n")->FindText("", "default"), nullptr);
 }
 
 TEST_F(IniReader, BlankBracketsMakeTheSectionEmpty) {

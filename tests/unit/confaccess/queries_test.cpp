@@ -489,7 +489,7 @@ TEST_F(Queries, OneModuleGivesSeveralValues) {
         EXPECT_EQ(ZV_CONFACCESS_GetInt(module, "num:answer", 0, &number), kOk);
         EXPECT_EQ(ZV_CONFACCESS_GetBool(module, "section:key", 1, &truth), kOk);
         EXPECT_EQ(ZV_CONFACCESS_GetDouble(module, "num:half", 0, &real), kOk);
-        EXPECT_EQ(CONFACCESS_FindText(module, "section:quoted", nullptr, &text), kOk);
+        EXPECT_EQ(FindText(module, "section:quoted", nullptr, &text), kOk);
         return kOk;
     });
     EXPECT_EQ(outcome, (Outcome{kOk, ""}));
@@ -506,14 +506,14 @@ TEST_F(Queries, FoundStringIsTheConfigurationsOwn) {
     const LockedModule module("cfg", "mod");
     const char* first = nullptr;
     const char* second = nullptr;
-    EXPECT_EQ(CONFACCESS_FindText(module, "section:key", nullptr, &first), kOk);
-    EXPECT_EQ(CONFACCESS_FindText(module, "SECTION:KEY", nullptr, &second), kOk);
+    EXPECT_EQ(FindText(module, "section:key", nullptr, &first), kOk);
+    EXPECT_EQ(FindText(module, "SECTION:KEY", nullptr, &second), kOk);
     EXPECT_STREQ(first, "Value of Key");
     EXPECT_EQ(first, second);
     const char* fallback = "default";
-    EXPECT_EQ(CONFACCESS_FindText(module, "section:no", fallback, &first), kOk);
+    EXPECT_EQ(FindText(module, "section:no", fallback, &first), kOk);
     EXPECT_EQ(first, fallback);
-    EXPECT_EQ(CONFACCESS_FindText(module, "section", fallback, &first), kOk);
+    EXPECT_EQ(FindText(module, "section", fallback, &first), kOk);
     EXPECT_EQ(first, nullptr);
 }
 
@@ -524,7 +524,7 @@ TEST_F(Queries, EachQueryForAModuleThatIsNotThereSaysSo) {
     const Outcome outcome = Observe([&] {
         const LockedModule module("cfg", "no");
         EXPECT_EQ(module.status(), kNoModule);
-        EXPECT_EQ(CONFACCESS_FindText(module, "section:key", nullptr, &text), kNoModule);
+        EXPECT_EQ(FindText(module, "section:key", nullptr, &text), kNoModule);
         EXPECT_EQ(ZV_CONFACCESS_GetInt(module, "num:answer", 0, &value), kNoModule);
         return ZV_CONFACCESS_GetBool(module, "num:answer", 0, &value);
     });
