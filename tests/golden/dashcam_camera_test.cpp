@@ -8,7 +8,7 @@
 #include <span>
 
 #include "golden/dashcam.h"
-#include "support/row_checks.h"
+#include "support/bytes.h"
 
 namespace paramgen::testing {
 namespace {

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "golden/dashcam.h"
+#include "support/bytes.h"
 #include "support/program.h"
 #include "support/records.h"
-#include "support/row_checks.h"
 
 namespace paramgen::testing {
 namespace {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "param/common/field.h"
+#include "support/bytes.h"
 #include "support/product_tree.h"
 #include "support/table_walk.h"
 
@@ -58,11 +59,5 @@ struct LoadResult {
 };
 LoadResult RunLoad(const ProductTree& tree, std::size_t size,
                    const std::function<Status(void* record)>& load);
-
-/// `value` as `size` little-endian bytes.
-std::string LittleEndian(std::int64_t value, std::size_t size);
-
-/// `text`, zero-filled to `size` bytes.
-std::string Padded(const std::string& text, std::size_t size);
 
 }  // namespace paramgen::testing

@@ -1,4 +1,4 @@
-/// The walk over the program's own tables: from a record down to every value in it.
+/// The walk of `layout/`, as the tests of sections use it: over the table of one record.
 #pragma once
 
 #include <cstddef>
@@ -12,10 +12,11 @@ namespace paramgen::testing {
 /// One value: an element of a row that is no nested record.
 struct WalkedField {
     const Field* field;
-    std::string module;
+    std::string module;  ///< of those that a search may find the first
     std::string key;     ///< full key, "node:item"; empty when the row has none
     std::string label;   ///< what a failing loader calls it
     std::size_t offset;  ///< from the start of the record that the walk began at
+    std::string member;  ///< its path from there: "gsensor.sensitivity"
 };
 
 /// Walks `table`, whose record is read from `module` under `prefix`, in reading order. `numbers`

@@ -5,6 +5,7 @@
 
 #include "support/captured_output.h"
 #include "support/records.h"
+#include "support/same_record.h"
 #include "support/table_walk.h"
 #include "unit/param/camera/comm_rows.h"
 
@@ -40,7 +41,8 @@ TEST(CamMediaMode, CameraAndItsModeAreEchoed) {
         .Set("m", "node.1:mediamode", "QX_PARAM_MEDIAMODE_PHOTO_8000P");
     const LoadResult result = LoadTree(tree);
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.record, std::string("\xfd\xff\xff\xff\x34\0\0\0", 8));
+    EXPECT_TRUE(SameRecord(kCamMediaModeTable, std::string("\xfd\xff\xff\xff\x34\0\0\0", 8),
+                           result.record));
     EXPECT_THAT(EchoOf(result.output),
                 ElementsAre("PARAM_INIPARAM_GetMediaModeEnum: "
                             "MediaMode[QX_PARAM_MEDIAMODE_PHOTO_8000P] Enum[52]\n",
@@ -75,7 +77,7 @@ TEST(CamMediaMode, UnknownModeGoesByItsKey) {
                             "MediaMode[QX_PARAM_MEDIAMODE_4320P]\n",
                             "PDT_INIPARAM_LoadCamMediaModeCfg: [node.1:mediamode] "
                             "failed[0xFFFFFFFF]\n"));
-    EXPECT_EQ(result.record, std::string(8, '\0'));
+    EXPECT_TRUE(SameRecord(kCamMediaModeTable, std::string(8, '\0'), result.record));
 }
 
 TEST(CamMediaMode, MissingModuleFailsAtTheCamera) {

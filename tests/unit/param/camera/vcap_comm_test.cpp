@@ -5,6 +5,7 @@
 
 #include "support/captured_output.h"
 #include "support/records.h"
+#include "support/same_record.h"
 #include "support/table_walk.h"
 #include "unit/param/camera/comm_rows.h"
 
@@ -76,7 +77,7 @@ TEST(VcapComm, ModuleWithoutCaptureGivesZeros) {
     tree.Set("m", "vpss.0:enable", "1");
     const LoadResult result = LoadTree(tree);
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.record, std::string(440, '\0'));
+    EXPECT_TRUE(SameRecord(kVcapCommTable, std::string(440, '\0'), result.record));
 }
 
 ProductTree BlockByHand() {
@@ -123,7 +124,7 @@ TEST(VcapComm, WholeBlockByHand) {
     expected.replace(172, 48, std::string(chn, 48));
     const LoadResult result = LoadTree(BlockByHand());
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.record, expected);
+    EXPECT_TRUE(SameRecord(kVcapCommTable, expected, result.record));
 }
 
 /// What a pipe without keys, but for its handle, echoes.
@@ -243,7 +244,7 @@ TEST(VcapComm, WhatWasReadBeforeAFailureStays) {
     std::string expected(440, '\0');
     PutWord(&expected, 4, 7);
     PutWord(&expected, 92, 8);
-    EXPECT_EQ(result.record, expected);
+    EXPECT_TRUE(SameRecord(kVcapCommTable, expected, result.record));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "support/captured_output.h"
 #include "support/records.h"
+#include "support/same_record.h"
 #include "support/table_walk.h"
 #include "unit/param/camera/comm_rows.h"
 
@@ -72,7 +73,7 @@ TEST(VprocComm, ModuleWithoutProcessingGivesZeros) {
     tree.Set("m", "vcap.dev:enable", "1");
     const LoadResult result = LoadTree(tree);
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.record, std::string(304, '\0'));
+    EXPECT_TRUE(SameRecord(kVprocCommTable, std::string(304, '\0'), result.record));
 }
 
 TEST(VprocComm, NeitherPortFourNorExtendedPortTwoNorGroupOneIsRead) {
@@ -141,7 +142,7 @@ TEST(VprocComm, WholeBlockByHand) {
     expected.replace(272, 32, std::string(extPort, 32));
     const LoadResult result = LoadTree(BlockByHand());
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.record, expected);
+    EXPECT_TRUE(SameRecord(kVprocCommTable, expected, result.record));
 }
 
 /// What a port without keys echoes.

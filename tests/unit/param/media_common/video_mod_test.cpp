@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/same_record.h"
 #include "unit/param/media_common/section_load.h"
 
 namespace paramgen::testing {
@@ -23,7 +24,8 @@ TEST(VideoMod, IsReadUnderTheNodeThatItIsGiven) {
     tree.Set("media_common", "any.node:modhdl", "3").Set("media_common", "any.node:chnhdl", "256");
     const LoadResult result = LoadMod(tree);
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.record, std::string("\xfe\xff\xff\xff\3\0\0\0\0\1\0\0", 12));
+    EXPECT_TRUE(SameRecord(kVideoModTable, std::string("\xfe\xff\xff\xff\3\0\0\0\0\1\0\0", 12),
+                           result.record));
     EXPECT_THAT(EchoOf(result.output),
                 ElementsAre("PDT_INIPARAM_LoadVideoModCfg:  any.node bindedMod[-2] modHdl[3],  "
                             "chnHdl[256] \n"));
