@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <ostream>
 #include <string>
 
 #include "golden/random_product.h"
@@ -111,6 +112,11 @@ struct Change {
     std::string file;
     std::string lines;
 };
+
+/// How a failing case is called.
+void PrintTo(const Change& change, std::ostream* stream) {
+    *stream << change.file << ": " << change.lines;
+}
 
 class ChangedExample : public ::testing::TestWithParam<Change> {};
 

@@ -51,7 +51,9 @@ std::string Shown(const Field& field, const std::string& bytes) {
 
 ::testing::AssertionResult SameRecord(const RecordTable& table, const std::string& expected,
                                       const std::string& actual) {
-    return SameRecord(WalkTable(table, ""), expected, actual);
+    // Its members count, not the numbers in their keys.
+    return expected == actual ? ::testing::AssertionSuccess()
+                              : SameRecord(WalkTable(table, "", "", {0, 0}), expected, actual);
 }
 
 }  // namespace paramgen::testing

@@ -10,7 +10,7 @@ std::vector<WalkedField> WalkTable(const RecordTable& table, const std::string& 
     std::vector<WalkedField> found;
     for (const layout::Value& value : layout::Walk(table, {module, prefix, numbers}).values) {
         const std::string key = value.HasKey() ? value.section + ":" + value.key : "";
-        const std::string from = value.HasKey() ? value.modules.front() : "";
+        const std::string from = value.HasKey() ? value.modules.front() : module;
         found.push_back({value.field, from, key, value.label, offset + value.offset, value.member});
     }
     return found;

@@ -8,6 +8,7 @@
 #include "support/row_checks.h"
 #include "support/same_record.h"
 #include "support/table_walk.h"
+#include "unit/param/camera/media_mode_block.h"
 #include "unit/param/camera/spec_rows.h"
 
 namespace paramgen::testing {
@@ -15,18 +16,17 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr char kModule[] = "cam0_mediamode1";
-
 Status Load(void* record) {
-    return PDT_INIPARAM_LoadMediaModeSpecCfg(kModule, static_cast<CamMediaModeSpecCfg*>(record));
+    return PDT_INIPARAM_LoadMediaModeSpecCfg(kMediaModeModule,
+                                             static_cast<CamMediaModeSpecCfg*>(record));
 }
 
 ProductTree EmptyTree() {
-    return ProductTree().AddModule(kModule);
+    return ProductTree().AddModule(kMediaModeModule);
 }
 
 ProductTree With(const std::string& key, const std::string& value) {
-    return EmptyTree().Set(kModule, key, value);
+    return EmptyTree().Set(kMediaModeModule, key, value);
 }
 
 LoadResult LoadTree(const ProductTree& tree) {
@@ -48,27 +48,27 @@ Lines MovedTo(std::size_t offset, const Lines& lines) {
 TEST(MediaModeSpec, TableIsTheBlocksLayout) {
     Lines expected = {"0 4 name loader cam0_mediamode1 common:mediamode - common:mediamode"};
     for (std::size_t i = 0; i < 4; ++i) {
-        AppendLines(&expected,
-                    SpecLines({{0, "4 i32 query", "vcappipe_hdl", "0", ":"},
-                               {4, "4 i32 query", "vivpssmode", "6", ":"}},
-                              4 + 8 * i, kModule, "common.vcap.pipe." + std::to_string(i)));
+        AppendLines(&expected, SpecLines({{0, "4 i32 query", "vcappipe_hdl", "0", ":"},
+                                          {4, "4 i32 query", "vivpssmode", "6", ":"}},
+                                         4 + 8 * i, kMediaModeModule,
+                                         "common.vcap.pipe." + std::to_string(i)));
     }
     expected.push_back("36 4 bytes nobody - - - -");
     // The rows of these are spelled out in the tests of their own.
-    AppendLines(&expected, MovedTo(40, DescribeTable(kVBSpecTable, kModule)));
-    AppendLines(&expected, MovedTo(176, DescribeTable(kVcapSpecTable, kModule)));
-    AppendLines(&expected, MovedTo(1212, DescribeTable(kVpssSpecTable, kModule, "", {0})));
-    AppendLines(&expected, MovedTo(1676, DescribeTable(kVencSpecTable, kModule)));
-    EXPECT_EQ(DescribeTable(kCamMediaModeSpecTable, kModule), expected);
+    AppendLines(&expected, MovedTo(40, DescribeTable(kVBSpecTable, kMediaModeModule)));
+    AppendLines(&expected, MovedTo(176, DescribeTable(kVcapSpecTable, kMediaModeModule)));
+    AppendLines(&expected, MovedTo(1212, DescribeTable(kVpssSpecTable, kMediaModeModule, "", {0})));
+    AppendLines(&expected, MovedTo(1676, DescribeTable(kVencSpecTable, kMediaModeModule)));
+    EXPECT_EQ(DescribeTable(kCamMediaModeSpecTable, kMediaModeModule), expected);
 }
 
 TEST(MediaModeSpec, EveryRowLoadsItsOwnBytes) {
-    RowSubject subject = {.fields = WalkTable(kCamMediaModeSpecTable, kModule),
+    RowSubject subject = {.fields = WalkTable(kCamMediaModeSpecTable, kMediaModeModule),
                           .size = 1864,
                           .load = Load,
                           .base = With("vb:max_poolcnt", "8")};
     for (int i = 0; i < 5; ++i) {
-        subject.base.Set(kModule, "venc." + std::to_string(i) + ":res_width", "16");
+        subject.base.Set(kMediaModeModule, "venc." + std::to_string(i) + ":res_width", "16");
     }
     subject.probes = {{"vcap.dev:componentmask0", {"258", std::string("\2\1\0\0", 4)}},
                       {"vcap.dev:componentmask1", {"2147483647", "\xff\xff\xff\x7f"}}};
@@ -76,152 +76,9 @@ TEST(MediaModeSpec, EveryRowLoadsItsOwnBytes) {
     CheckRows(subject);
 }
 
-/// A block put together by hand, and the keys that it stands for.
-class Block {
-public:
-    /// Sets `key` to `value`, which is stored as a word at `offset`.
-    void Number(std::size_t offset, const std::string& key, std::int64_t value,
-                const std::string& module = kModule) {
-        tree.Set(module, key, std::to_string(value));
-        bytes.replace(offset, 4, Word(value));
-    }
-    /// The same for a switch that is on.
-    void Switch(std::size_t offset, const std::string& key, const std::string& module = kModule) {
-        tree.Set(module, key, "yes");
-        bytes.replace(offset, 4, Word(1));
-    }
-
-    ProductTree tree = {};
-    std::string bytes = std::string(1864, '\0');
-};
-
-void PutPools(Block* block) {
-    block->Number(40, "vb:max_poolcnt", 8);
-    for (int i = 0; i < 8; ++i) {
-        const std::size_t at = 48 + 16 * static_cast<std::size_t>(i);
-        const std::string node = "vb.pool." + std::to_string(i);
-        block->Number(at, node + ":blk_size", 100000 + i);
-        block->Number(at + 8, node + ":blk_count", 10 + i);
-    }
-    block->Number(48, "vb.pool.0:blk_size", -1);
-    block->bytes.replace(52, 4, "\xff\xff\xff\xff");
-}
-
-void PutDevice(Block* block) {
-    block->Number(176, "vcap.dev:sensor_type", 101);
-    block->Number(180, "vcap.dev:sensor_mode", 102);
-    block->Number(184, "vcap.dev:wdr_mode", -103);
-    block->Number(188, "vcap.dev:sensor_width", 104);
-    block->Number(192, "vcap.dev:sensor_height", 105);
-    block->Number(200, "vcap.dev:data_type", 106);
-    block->Number(208, "vcap.dev:bas_width", 107);
-    block->Number(212, "vcap.dev:bas_height", 108);
-    block->bytes.replace(216, 4, Word(-103));
-    block->Number(220, "vcap.dev:cacheLine", 109);
-    block->Number(236, "vcap.dev:componentmask0", 110);
-    block->Number(240, "vcap.dev:componentmask1", 111);
-}
-
-/// A lens-distortion record for this media mode at `at`.
-void PutLdc(Block* block, std::size_t at) {
-    const std::string module = "cam0_ldccfg_1";
-    block->tree.Set(module, "common:mediamode", "QX_PARAM_MEDIAMODE_PHOTO_8000P");
-    block->Switch(at, "LDCV1Attr:enable", module);
-    block->Switch(at + 4, "LDCV1Attr:aspect", module);
-    block->Number(at + 8, "LDCV1Attr:xratio", 201, module);
-    block->Number(at + 12, "LDCV1Attr:yratio", 202, module);
-    block->Number(at + 16, "LDCV1Attr:xyratio", 203, module);
-    block->Number(at + 20, "LDCV1Attr:centerxoffset", -204, module);
-    block->Number(at + 24, "LDCV1Attr:centeryoffset", 205, module);
-    block->Number(at + 28, "LDCV1Attr:distortionratio", -206, module);
-    block->Switch(at + 32, "LDCV3Attr:enable", module);
-    block->Switch(at + 36, "LDCV3Attr:aspect", module);
-    block->Number(at + 40, "LDCV3Attr:xratio", 207, module);
-    block->Number(at + 44, "LDCV3Attr:yratio", 208, module);
-    block->Number(at + 48, "LDCV3Attr:xyratio", 209, module);
-    block->Number(at + 52, "LDCV3Attr:focal_len_x", 210, module);
-    block->Number(at + 56, "LDCV3Attr:focal_len_y", 211, module);
-    block->Number(at + 60, "LDCV3Attr:coord_shift_x", 212, module);
-    block->Number(at + 64, "LDCV3Attr:coord_shift_y", 213, module);
-    for (std::size_t i = 0; i < 9; ++i) {
-        const int number = static_cast<int>(i);
-        const std::string key = "LDCV3Attr:src_calibration_ratio";
-        block->Number(at + 68 + 4 * i, key + std::to_string(i), 220 + number, module);
-        block->Number(at + 104 + 4 * i, key + "_next" + std::to_string(i), -230 - number, module);
-    }
-    block->Number(at + 140, "LDCV3Attr:coef_intp_ratio", 214, module);
-}
-
-void PutPipe(Block* block, int number, std::size_t at) {
-    const std::string pipe = "vcap.pipe." + std::to_string(number) + ":";
-    const std::string chn = "vcap.pipe." + std::to_string(number) + ".chl.0:";
-    const int base = 1000 * (number + 1);
-    block->Switch(at, pipe + "enable");
-    block->Number(at + 4, pipe + "src_framerate", base + 1);
-    block->Number(at + 8, pipe + "dst_framerate", base + 2);
-    block->Switch(at + 12, pipe + "isp_bypass");
-    block->Number(at + 16, pipe + "pipe_bypassmode", base + 3);
-    block->tree.Set(kModule, pipe + "isp_framerate", "29.97");
-    block->bytes.replace(at + 20, 4, "\x8f\xc2\xef\x41");
-    block->Number(at + 24, pipe + "isp_width", base + 4);
-    block->Number(at + 28, pipe + "isp_height", base + 5);
-    block->Number(at + 36, pipe + "isp_mirrorflip", base + 6);
-    block->Number(at + 40, pipe + "scene_param_idx", base + 7);
-    block->Number(at + 44, pipe + "frameinterrupt_type", base + 8);
-    block->Number(at + 48, pipe + "earlyline", base + 9);
-    block->Number(at + 52, chn + "dst_width", base + 10);
-    block->Number(at + 56, chn + "dst_height", base + 11);
-    block->Number(at + 60, chn + "src_framerate", base + 12);
-    block->Number(at + 64, chn + "dst_framerate", base + 13);
-    PutLdc(block, at + 68);
-    block->Switch(at + 212, chn + "MotionDenoiseEnable");
-    block->Number(at + 216, chn + "MotionDenoiseIsoThresh", base + 14);
-    block->Switch(at + 224, pipe + "aibnr_support");
-    block->Switch(at + 228, pipe + "ai3dnr_support");
-    block->Number(at + 236, pipe + "bnr_buffer_num", base + 15);
-}
-
-void PutGroup(Block* block) {
-    block->Number(1212, "vpss.0:max_width", 301);
-    block->Number(1216, "vpss.0:max_height", 302);
-    block->Number(1220, "vpss.0:src_framerate", 303);
-    block->Number(1224, "vpss.0:dst_framerate", 304);
-    block->Number(1228, "vpss.0:crop_start_x", -305);
-    block->Number(1232, "vpss.0:crop_start_y", 306);
-    block->Number(1236, "vpss.0:crop_width", 307);
-    block->Number(1240, "vpss.0:crop_height", 308);
-    PutLdc(block, 1532);
-}
-
-void PutPort(Block* block, const std::string& node, int base, std::size_t at) {
-    block->Number(at, node + ":res_width", base + 1);
-    block->Number(at + 4, node + ":res_height", base + 2);
-    block->Number(at + 16, node + ":src_framerate", base + 3);
-    block->Number(at + 20, node + ":dst_framerate", base + 4);
-    block->Number(at + 24, node + ":wrapbufline", base + 5);
-    block->Number(at + 28, node + ":crop_start_x", -base - 6);
-    block->Number(at + 32, node + ":crop_start_y", base + 7);
-    block->Number(at + 36, node + ":crop_width", base + 8);
-    block->Number(at + 40, node + ":crop_height", base + 9);
-}
-
-void PutEncoder(Block* block, int number, std::size_t at) {
-    const std::string node = "venc." + std::to_string(number);
-    const int base = 10000 * (number + 1);
-    block->Number(at, node + ":res_width", base + 1);
-    block->Number(at + 4, node + ":res_height", base + 2);
-    block->Number(at + 8, node + ":bufsize", base + 3);
-    block->Number(at + 12, node + ":gop", base + 4);
-    block->Number(at + 16, node + ":src_framerate", base + 5);
-    block->Number(at + 20, node + ":dst_framerate", base + 6);
-    block->Number(at + 24, node + ":h264bitrate", base + 7);
-    block->Number(at + 28, node + ":h265bitrate", base + 8);
-    block->Number(at + 32, node + ":stat_time", base + 9);
-}
-
 TEST(MediaModeSpec, WholeBlockByHand) {
     Block block;
-    block.tree.Set(kModule, "common:mediamode", "QX_PARAM_MEDIAMODE_PHOTO_8000P");
+    block.tree.Set(kMediaModeModule, "common:mediamode", "QX_PARAM_MEDIAMODE_PHOTO_8000P");
     block.bytes.replace(0, 4, Word(52));
     block.Number(4, "common.vcap.pipe.0:vcappipe_hdl", 31);
     block.Number(8, "common.vcap.pipe.0:vivpssmode", 32);
@@ -273,11 +130,12 @@ TEST(MediaModeSpec, NothingSetIsZeroButForItsDefaults) {
 }
 
 TEST(MediaModeSpec, EchoBeginsWithTheModeAndThePipes) {
-    const LoadResult result = LoadTree(With("common:mediamode", "QX_PARAM_MEDIAMODE_1440P_30_WDR")
-                                           .Set(kModule, "common.vcap.pipe.1:vcappipe_hdl", "1")
-                                           .Set(kModule, "common.vcap.pipe.3:vcappipe_hdl", "-1")
-                                           .Set(kModule, "common.vcap.pipe.3:vivpssmode", "3")
-                                           .Set(kModule, "vb:max_poolcnt", "1"));
+    const LoadResult result =
+        LoadTree(With("common:mediamode", "QX_PARAM_MEDIAMODE_1440P_30_WDR")
+                     .Set(kMediaModeModule, "common.vcap.pipe.1:vcappipe_hdl", "1")
+                     .Set(kMediaModeModule, "common.vcap.pipe.3:vcappipe_hdl", "-1")
+                     .Set(kMediaModeModule, "common.vcap.pipe.3:vivpssmode", "3")
+                     .Set(kMediaModeModule, "vb:max_poolcnt", "1"));
     Lines echo = EchoOf(result.output);
     // Then come the sensor and, at the end, the last encoder and the count.
     ASSERT_GT(echo.size(), 10U);
@@ -327,8 +185,8 @@ TEST(MediaModeSpec, BlocksFollowOneAnotherInTheEcho) {
 }
 
 TEST(MediaModeSpec, WithoutItsModeTheBlockIsStillLoaded) {
-    const LoadResult result =
-        LoadTree(With("common.vcap.pipe.0:vivpssmode", "2").Set(kModule, "venc.0:gop", "25"));
+    const LoadResult result = LoadTree(
+        With("common.vcap.pipe.0:vivpssmode", "2").Set(kMediaModeModule, "venc.0:gop", "25"));
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(WordAt(result.record, 0), Word(0));
     EXPECT_EQ(WordAt(result.record, 8), Word(2));
@@ -397,7 +255,7 @@ TEST(MediaModeSpec, EachBlockHasItsLabel) {
 
 TEST(MediaModeSpec, TooManyPoolsEndTheBlock) {
     const LoadResult result =
-        LoadTree(With("vb:max_poolcnt", "9").Set(kModule, "vcap.dev:sensor_type", "5"));
+        LoadTree(With("vb:max_poolcnt", "9").Set(kMediaModeModule, "vcap.dev:sensor_type", "5"));
     EXPECT_THAT(ErrorsOf(result.output),
                 ElementsAre("PDT_INIPARAM_LoadCamVBSpecCfg: Invalid VB MaxPoolCnt[9 beyond 8]\n",
                             "PDT_INIPARAM_LoadMediaModeSpecCfg: [VB config] failed[0xFFFFFFFF]\n"));
