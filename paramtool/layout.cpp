@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
+#include <sstream>
 
 #include "manual/c_header.h"
 #include "manual/kaitai.h"
@@ -49,8 +49,9 @@ output::Json ReadLayout(const std::string& path) {
     if (!input) {
         throw output::UserError(output::Shown(path) + ": cannot be read");
     }
-    const std::string text{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
-    output::Json json = output::Json::parse(text, nullptr, false);
+    std::ostringstream text;
+    text << input.rdbuf();
+    output::Json json = output::Json::parse(text.str(), nullptr, false);
     if (json.is_discarded()) {
         throw output::UserError(output::Shown(path) + ": no JSON");
     }
