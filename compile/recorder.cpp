@@ -38,9 +38,6 @@ std::optional<Place> PlaceOf(const void* dest, std::size_t size) {
 
 Recorder::Recorder(const Pretence& pretence, Keep keep, Compilation* result)
     : pretence_(pretence), keep_(keep), result_(result), empty_{} {
-    if (!pretence.emptyModules.empty()) {
-        empty_.dictionary = LoadIniFile("/dev/null", &memory_);
-    }
     g_watcher = this;
 }
 
@@ -65,7 +62,14 @@ ModuleEntry* Recorder::Module(std::string_view name, ModuleEntry* found) noexcep
         }
     }
     const bool isPretended = found == nullptr && pretence_.emptyModules.count(module_) != 0;
-    return isPretended ? &empty_ : found;
+    return isPretended ? EmptyModule() : found;
+}
+
+ModuleEntry* Recorder::EmptyModule() noexcept {
+    if (empty_.dictionary == nullptr) {
+        empty_.dictionary = LoadIniFile("/dev/null", &memory_);
+    }
+    return empty_.dictionary == nullptr ? nullptr : &empty_;
 }
 
 void Recorder::Destination(const void* dest, std::size_t size) noexcept {
@@ -77,6 +81,10 @@ const char* Recorder::Answer(const LockedModule&, std::string_view key, const ch
     const SavedErrno saved;
     at_ = Stop::At::kKey;
     key_ = key;
+    const auto other = pretence_.texts.find({module_, key_});
+    if (other != pretence_.texts.end()) {
+        text = other->second.c_str();
+    }
     if (!pretence_.absentKeys.empty() && pretence_.absentKeys.count({module_, key_}) != 0) {
         text = absent;
     }

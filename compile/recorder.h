@@ -32,6 +32,14 @@ public:
     /// What was asked for last: where a run that failed has stopped.
     Stop Last() const;
 
+protected:
+    /// A module without keys; null when there is no memory for it.
+    ModuleEntry* EmptyModule() noexcept;
+
+    /// The module that was asked for last, and where the value that is asked for next goes.
+    const std::string& AskedModule() const { return module_; }
+    const std::optional<Place>& AskedPlace() const { return place_; }
+
 private:
     const Pretence& pretence_;
     Keep keep_;

@@ -1,16 +1,12 @@
 #include "compile/session.h"
 
-#include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include "compile/recorder.h"
+#include "compile/run.h"
 #include "compile/standard_output.h"
 #include "compile/working_directory.h"
 #include "confaccess/confaccess.h"
-#include "generator/load.h"
-#include "log/library_log.h"
-#include "param/common/param_log.h"
 #include "param/common/readers.h"
 
 namespace paramgen::compile {
@@ -25,24 +21,6 @@ void TakeOut(ConfigEntry* config) {
 void PutBack(ConfigEntry* config) {
     ListInsert(&g_configs, config);
     ++g_confAccessCount;
-}
-
-/// Lets the program log what it logs, or nothing.
-void SetUpLog(bool isKept) {
-    ConsoleLogSetup(isKept ? 1 : 0, 0, kConsoleDebug);
-    ZV_LOG_SetThreshold(isKept ? kLibraryErr : kLibraryFatal + 1);
-}
-
-/// What the program's `main` does, but for writing the image.
-Status RunLoaders() {
-    BuildFrame(&g_image);
-    errno = 0;
-    const Status status = PDT_INIPARAM_LoadCfg();
-    if (status != kOk) {
-        LogError("main", 0, "[%s] failed[0x%08X]\n", "load config",
-                 static_cast<std::uint32_t>(status));
-    }
-    return status;
 }
 
 }  // namespace
@@ -71,18 +49,13 @@ Compilation Session::Run(const Pretence& pretence, Keep keep) {
     result.files = state_->files;
     const WorkingDirectory directory(state_->tree);
     const StandardOutput output(keep.log);
-    SetUpLog(keep.log);
     if (state_->config != nullptr) {
         PutBack(state_->config);
     }
     {
-        Recorder recorder(pretence, keep, &result);
-        result.status = RunLoaders();
-        if (result.status != kOk) {
-            result.stop = recorder.Last();
-        }
+        const Recorder recorder(pretence, keep, &result);
+        RunAndKeep(recorder, keep, &result);
     }
-    std::memcpy(result.image.data(), &g_image, sizeof g_image);
     state_->config = FindConfig(kProductConfig);
     if (state_->config != nullptr) {
         TakeOut(state_->config);

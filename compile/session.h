@@ -6,6 +6,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -19,10 +20,13 @@ namespace paramgen::compile {
 /// What a run is to pretend.
 struct Pretence {
     /// Keys that are absent: module, and "section:key" as an `Answer` or a `Stop` spells it.
-    std::set<std::pair<std::string, std::string>> absentKeys;
+    std::set<std::pair<std::string, std::string>> absentKeys = {};
+
+    /// Keys that have another value than in their file: module, and "section:key" as above.
+    std::map<std::pair<std::string, std::string>, std::string> texts = {};
 
     /// Modules that are there and empty, when they are not there.
-    std::set<std::string> emptyModules;
+    std::set<std::string> emptyModules = {};
 };
 
 /// What to keep of a run besides image, status and where it stopped.

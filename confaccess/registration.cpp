@@ -94,6 +94,7 @@ Status ZV_CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
         IsLongPath(Measured(cfgPath, kPathSize), __func__, 303)) {
         return kBadArgument;
     }
+    RETURN_WHERE_CONFIG_STAYS(cfgName, kOk);
     char canonical[kCanonicalSize] = "";
     if (realpath(cfgPath, canonical) == nullptr) {
         ZV_LOG_Printf(kConfAccessTag, kLibraryErr, "RealPath failed\n");
@@ -104,7 +105,6 @@ Status ZV_CONFACCESS_Init(const char* cfgName, const char* cfgPath) {
         return kNoConfiguration;
     }
     if (FindConfig(cfgName) != nullptr) {
-        RETURN_WHERE_CONFIGS_STAY(kOk);
         ZV_LOG_PrintfInfo(kConfAccessTag, kLibraryWarn, __func__, 325, "%s already be inited\n",
                           cfgName);
         return kAlreadyRegistered;
@@ -128,7 +128,7 @@ Status ZV_CONFACCESS_Deinit(const char* cfgName) {
     if (IsFalseExpression(g_confAccessCount > 0, __func__, 347, "g_confAccessCount > 0")) {
         return kNothingRegistered;
     }
-    RETURN_WHERE_CONFIGS_STAY(kOk);
+    RETURN_WHERE_CONFIG_STAYS(cfgName, kOk);
     const ConfigPtr config(FindConfig(cfgName));
     if (config == nullptr) {
         return kNoConfiguration;

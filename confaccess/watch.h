@@ -52,17 +52,17 @@ inline Watcher* g_watcher = nullptr;
 #define WATCH_DESTINATION(dest, size) WATCH_(Destination(dest, size), static_cast<void>(0))
 #define WATCH_ANSWER(module, key, text, absent) WATCH_(Answer(module, key, text, absent), text)
 
-/// Returns `status` from the function that it stands in, when configurations stay registered.
-#define RETURN_WHERE_CONFIGS_STAY(status)    \
-    do {                                     \
-        if (WATCH_(KeepsConfigs(), false)) { \
-            return status;                   \
-        }                                    \
+/// Returns `status` from the function that it stands in, when `cfgName` is registered and stays so.
+#define RETURN_WHERE_CONFIG_STAYS(cfgName, status)                             \
+    do {                                                                       \
+        if (WATCH_(KeepsConfigs(), false) && FindConfig(cfgName) != nullptr) { \
+            return status;                                                     \
+        }                                                                      \
     } while (false)
 
 #else
 
-#define RETURN_WHERE_CONFIGS_STAY(status) static_cast<void>(0)
+#define RETURN_WHERE_CONFIG_STAYS(cfgName, status) static_cast<void>(0)
 #define WATCH_FILE_READ(module) static_cast<void>(0)
 #define WATCH_MODULE(name, found) (found)
 #define WATCH_DESTINATION(dest, size) static_cast<void>(0)

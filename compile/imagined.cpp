@@ -1,0 +1,75 @@
+#include "compile/imagined.h"
+
+#include <cstring>
+#include <deque>
+
+#include "compile/recorder.h"
+#include "compile/run.h"
+#include "compile/standard_output.h"
+#include "confaccess/entry_ptr.h"
+#include "param/common/readers.h"
+
+namespace paramgen::compile {
+namespace {
+
+/// Passes questions on.
+class Questions : public Recorder {
+public:
+    Questions(Imagined* product, const Pretence& pretence, Keep keep, Compilation* result)
+        : Recorder(pretence, keep, result), product_(product) {}
+
+    ModuleEntry* Module(std::string_view name, ModuleEntry*) noexcept override {
+        return Recorder::Module(name, product_->HasModule(name) ? EmptyModule() : nullptr);
+    }
+
+    const char* Answer(const LockedModule& module, std::string_view key, const char*,
+                       const char* absent) noexcept override {
+        const std::optional<std::string> text = product_->Text(AskedModule(), key, AskedPlace());
+        if (!text) {
+            return Recorder::Answer(module, key, absent, absent);
+        }
+        texts_.push_back(*text);
+        return Recorder::Answer(module, key, texts_.back().c_str(), absent);
+    }
+
+private:
+    Imagined* product_;
+    std::deque<std::string> texts_;  ///< loaders may look at them until the run is over
+};
+
+/// A configuration with nothing in it, registered as long as it lives.
+class EmptyConfig {
+public:
+    EmptyConfig() : config_(NewEntry<ConfigEntry>()) {
+        std::memcpy(config_->cfgName, kProductConfig, sizeof kProductConfig);
+        ListReset(&config_->modules);
+        pthread_mutex_init(&config_->lock, nullptr);
+        ListInsert(&g_configs, config_.get());
+        ++g_confAccessCount;
+    }
+    ~EmptyConfig() {
+        ListRemove(config_.get());
+        --g_confAccessCount;
+        pthread_mutex_destroy(&config_->lock);
+    }
+    EmptyConfig(const EmptyConfig&) = delete;
+    EmptyConfig& operator=(const EmptyConfig&) = delete;
+
+private:
+    EntryPtr<ConfigEntry> config_;
+};
+
+}  // namespace
+
+Compilation CompileImagined(Imagined* product, bool keepAnswers) {
+    Compilation result = {};
+    const Pretence pretence;
+    const Keep keep = {.answers = keepAnswers, .log = false};
+    const EmptyConfig config;
+    const StandardOutput output(false);
+    Questions questions(product, pretence, keep, &result);
+    RunAndKeep(questions, keep, &result);
+    return result;
+}
+
+}  // namespace paramgen::compile
