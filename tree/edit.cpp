@@ -1,0 +1,200 @@
+#include "tree/edit.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "tree/spelling.h"
+
+namespace paramgen::tree {
+namespace {
+
+bool IsBlank(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+/// Whether `bytes` says that `key` is `value`, and is accepted.
+bool Says(const std::string& bytes, std::string_view key, std::string_view value) {
+    const IniFile file(bytes);
+    const Line* line = file.Find(key);
+    return line != nullptr && line->kind == LineKind::kValue && file.TextOf(line->value) == value;
+}
+
+/// Where what is written behind a line's '=' stands, quotes included.
+Span WrittenValue(const IniFile& file, const Line& line) {
+    const std::string& bytes = file.bytes();
+    std::uint32_t begin = static_cast<std::uint32_t>(bytes.find('=', line.name.end)) + 1;
+    while (begin < line.comment && IsBlank(bytes[begin])) {
+        ++begin;
+    }
+    if (begin >= line.comment) {
+        return {.begin = line.comment, .end = line.comment};
+    }
+    const bool isQuote = bytes[begin] == '"' || bytes[begin] == '\'';
+    std::uint32_t end = std::max(line.value.end, begin);
+    if (isQuote && begin + 1 < line.comment) {
+        const std::size_t close = bytes.find(bytes[begin], begin + 1);
+        end = close < line.comment ? std::max(end, static_cast<std::uint32_t>(close) + 1) : end;
+    }
+    return {.begin = begin, .end = end};
+}
+
+/// The bytes with another text in place of a part.
+std::string Replaced(const std::string& bytes, Span part, const std::string& text) {
+    return bytes.substr(0, part.begin) + text + bytes.substr(part.end);
+}
+
+/// Ways to write a value, the plainest first.
+std::vector<std::string> Spellings(std::string_view value) {
+    std::vector<std::string> all;
+    if (const std::optional<std::string> plain = Spelled(value)) {
+        all = {*plain, "\"" + std::string(value) + "\"", "'" + std::string(value) + "'"};
+    }
+    return all;
+}
+
+/// Changes the value of a line.
+std::optional<std::string> ChangeLine(const IniFile& file, const Line& line, std::string_view key,
+                                      std::string_view value) {
+    const Span written = WrittenValue(file, line);
+    const std::string& bytes = file.bytes();
+    const bool needsBlank = written.Size() == 0 && written.begin > 0 &&
+                            bytes[written.begin - 1] == '=' && written.begin >= 2 &&
+                            IsBlank(bytes[written.begin - 2]);
+    // What follows a closing quote was ignored: it goes when it would not be any more.
+    std::uint32_t end = line.comment;
+    while (end > written.end && IsBlank(bytes[end - 1])) {
+        --end;
+    }
+    for (const Span part : {written, Span{written.begin, end}}) {
+        for (const std::string& spelling : Spellings(value)) {
+            std::string changed = Replaced(bytes, part, (needsBlank ? " " : "") + spelling);
+            if (Says(changed, key, value)) {
+                return changed;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// What ends the line that `text` stands in, or would.
+std::string LineEnd(const std::string& bytes, Span text) {
+    const bool isWindows = text.end > text.begin && bytes[text.end - 1] == '\r';
+    return isWindows ? "\r\n" : "\n";
+}
+
+/// One past the newline of a line; the end of the file when it has none.
+std::uint32_t NextLine(const std::string& bytes, Span text) {
+    const std::size_t newline = bytes.find('\n', text.end);
+    return static_cast<std::uint32_t>(newline == std::string::npos ? bytes.size() : newline + 1);
+}
+
+/// The last line that says something in a section; null when there is no such section.
+const Line* LastOfSection(const IniFile& file, std::string_view section) {
+    const Line* last = nullptr;
+    bool isIn = false;
+    for (const Line& line : file.lines()) {
+        if (line.kind == LineKind::kSection && !line.isBare) {
+            isIn = LowerCase(file.TextOf(line.name)) == section;
+        }
+        if (isIn && (line.kind == LineKind::kSection || line.kind == LineKind::kValue)) {
+            last = &line;
+        }
+    }
+    return last;
+}
+
+/// A line for a key in the style of the line before.
+std::string NewLine(const IniFile& file, const Line& before, std::string_view item,
+                    const std::string& spelling) {
+    const std::string& bytes = file.bytes();
+    std::string indent;
+    bool isTight = false;
+    if (before.kind == LineKind::kValue) {
+        indent = bytes.substr(before.text.begin, before.name.begin - before.text.begin);
+        isTight = bytes[before.name.end] == '=';
+    }
+    return indent + std::string(item) + (isTight ? "=" : " = ") + spelling +
+           LineEnd(bytes, before.text);
+}
+
+/// Puts lines into the file at `at`, which is where a line begins, or the file's end.
+std::string Inserted(const std::string& bytes, std::uint32_t at, const std::string& lines) {
+    const bool needsEnd = at > 0 && bytes[at - 1] != '\n';
+    const std::string end = lines.ends_with("\r\n") ? "\r\n" : "\n";
+    return bytes.substr(0, at) + (needsEnd ? end : "") + lines + bytes.substr(at);
+}
+
+/// Whether the keys of two texts are the same but for `key`.
+bool SameButFor(const IniFile& before, const std::string& after, std::string_view key) {
+    const IniFile file(after);
+    const std::string lower = LowerCase(key);
+    return file.IsAccepted() &&
+           std::all_of(file.lines().begin(), file.lines().end(), [&](const Line& line) {
+               if (line.kind != LineKind::kValue || file.KeyOf(line) == lower) {
+                   return true;
+               }
+               const Line* old = before.Find(file.KeyOf(line));
+               const Line* counts = file.Find(file.KeyOf(line));
+               return old != nullptr && counts != nullptr && old->kind == counts->kind &&
+                      before.TextOf(old->value) == file.TextOf(counts->value);
+           });
+}
+
+/// Adds a key to its section, or to a new one at the end of the file.
+std::optional<std::string> AddKey(const IniFile& file, std::string_view key,
+                                  std::string_view value) {
+    const std::size_t colon = key.rfind(':');
+    const std::string section = LowerCase(key.substr(0, colon));
+    const std::string_view item = key.substr(colon + 1);
+    const std::string& bytes = file.bytes();
+    const Line* last = LastOfSection(file, section);
+    const auto size = static_cast<std::uint32_t>(bytes.size());
+    const std::size_t lastLine = bytes.rfind('\n');
+    const auto beforeLast = static_cast<std::uint32_t>(lastLine == bytes.npos ? 0 : lastLine + 1);
+    const std::string end = file.lines().empty() ? "\n" : LineEnd(bytes, file.lines().back().text);
+    for (const std::string& spelling : Spellings(value)) {
+        const std::string header = "[" + std::string(key.substr(0, colon)) + "]" + end;
+        const std::string alone = header + std::string(item) + " = " + spelling + end;
+        std::vector<std::string> tries;
+        if (last != nullptr) {
+            tries.push_back(
+                Inserted(bytes, NextLine(bytes, last->text), NewLine(file, *last, item, spelling)));
+        }
+        // A last line that is passed over must stay the last.
+        tries.push_back(Inserted(bytes, size, (bytes.empty() ? "" : end) + alone));
+        tries.push_back(Inserted(bytes, beforeLast, alone));
+        for (std::string& changed : tries) {
+            if (Says(changed, key, value) && SameButFor(file, changed, key)) {
+                return std::move(changed);
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string> WithKey(const IniFile& file, std::string_view key,
+                                   std::string_view value) {
+    const Line* line = file.Find(key);
+    if (line != nullptr && line->kind == LineKind::kValue) {
+        if (file.TextOf(line->value) == value) {
+            return file.bytes();
+        }
+        return ChangeLine(file, *line, key, value);
+    }
+    return AddKey(file, key, value);
+}
+
+std::string WithoutKey(const IniFile& file, std::string_view key) {
+    const std::string lower = LowerCase(key);
+    std::string bytes = file.bytes();
+    for (auto line = file.lines().rbegin(); line != file.lines().rend(); ++line) {
+        if (line->kind == LineKind::kValue && file.KeyOf(*line) == lower) {
+            bytes.erase(line->text.begin, NextLine(file.bytes(), line->text) - line->text.begin);
+        }
+    }
+    return bytes;
+}
+
+}  // namespace paramgen::tree
