@@ -1,0 +1,248 @@
+#include "decompile/assignment.h"
+
+#include <algorithm>
+
+#include "decompile/image_facts.h"
+#include "image/entry.h"
+#include "image/key_text.h"
+#include "tree/spelling.h"
+
+namespace paramgen::decompile {
+namespace {
+
+using Text = std::optional<std::string>;
+
+bool IsText(const layout::Value& value) {
+    return value.Kind() == FieldKind::kText;
+}
+
+bool IsName(const layout::Value& value) {
+    return value.Kind() == FieldKind::kName;
+}
+
+/// What an absent key stores: a text and a name nothing.
+Text DefaultText(const layout::Value& value) {
+    return IsText(value) || IsName(value) ? std::nullopt : Text(image::DefaultText(value));
+}
+
+/// The bytes of a text that is stored as `text`, with its end.
+std::size_t StoredSize(const std::string& text) {
+    return text.size() + 1;
+}
+
+}  // namespace
+
+Assignment::Assignment(const image::Image& image, const Wish& wish,
+                       const std::map<std::uint32_t, std::uint32_t>& counts,
+                       const std::set<KeyId>& barred)
+    : image_(image), wish_(wish), counts_(counts), barred_(barred), writers_(kSize) {
+    if (wish.kept != nullptr) {
+        for (const compile::Answer& answer : wish.kept->answers) {
+            if (answer.place) {
+                keptAnswers_[{KeyId(answer.module, answer.key), answer.place->offset}] = &answer;
+            }
+        }
+    }
+}
+
+void Assignment::Assign(const std::vector<compile::Answer>& asked) {
+    for (const compile::Answer& answer : asked) {
+        NotePresence(answer);
+        for (std::uint32_t i = 0; answer.place && i < answer.place->size; ++i) {
+            ++writers_[answer.place->offset + i];
+        }
+    }
+    for (auto answer = asked.rbegin(); answer != asked.rend(); ++answer) {
+        if (answer->place) {
+            AssignOne(*answer);
+        } else if (answer->text && LeadingKeys().count({answer->module, answer->key}) == 0) {
+            texts_[{answer->module, answer->key}] = *answer->text;  // of a lens module
+        }
+    }
+    std::reverse(overwritten_.begin(), overwritten_.end());
+}
+
+/// Of a key that counts by being there it is known whether it is.
+void Assignment::NotePresence(const compile::Answer& answer) {
+    const KeyId id(answer.module, answer.key);
+    if (!answer.place && LeadingKeys().count(id) != 0) {
+        isPresent_[id] = answer.text.has_value();
+    }
+}
+
+void Assignment::AssignOne(const compile::Answer& answer) {
+    const KeyId id(answer.module, answer.key);
+    const std::uint32_t offset = answer.place->offset;
+    const layout::Value* value = ValueOf(id, offset);
+    if (value == nullptr) {
+        return;
+    }
+    const Target target = {.id = id, .value = value, .offset = offset, .size = value->size};
+    for (std::uint32_t i = 0; i < target.size; ++i) {
+        --writers_[offset + i];
+    }
+    const auto known = texts_.find(id);
+    Text text = known != texts_.end() ? Text(known->second) : std::nullopt;
+    if (CountedElements().count(offset) != 0 && !IsWhole(target)) {
+        overwritten_.push_back(offset);
+    }
+    if (!text && absent_.count(id) == 0) {
+        text = Choose(target);
+        if (text) {
+            texts_[id] = *text;
+        } else {
+            absent_.insert(id);
+        }
+    }
+    Claim(target, text);
+}
+
+/// Whether later values store all bytes of it.
+bool Assignment::IsFree(const Target& target) const {
+    for (std::uint32_t i = 0; i < target.size; ++i) {
+        if (IsWanted(target.offset + i)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Whether no later value stores a byte of it.
+bool Assignment::IsWhole(const Target& target) const {
+    for (std::uint32_t i = 0; i < target.size; ++i) {
+        if (!IsWanted(target.offset + i)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Whether what an absent key stores is what is wanted.
+bool Assignment::DefaultServes(const Target& target) const {
+    if (IsText(*target.value) || IsName(*target.value)) {
+        // Nothing is stored: an earlier value may have been, else the bytes are zero.
+        for (std::uint32_t i = 0; i < target.size; ++i) {
+            const std::uint32_t at = target.offset + i;
+            if (IsWanted(at) && (image_[at] != std::byte{0} || writers_[at] != 0)) {
+                return false;
+            }
+        }
+        return true;
+    }
+    const std::vector<std::byte> stored = image::DefaultBytes(*target.value);
+    for (std::uint32_t i = 0; i < target.size; ++i) {
+        const std::uint32_t at = target.offset + i;
+        if (IsWanted(at) && image_[at] != stored[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Whether the tree that is to be kept gives the wanted bytes already, by a value or without one.
+bool Assignment::KeptServes(const Target& target) const {
+    if (wish_.kept == nullptr) {
+        return false;
+    }
+    if (IsFree(target)) {
+        return true;
+    }
+    const auto answer = keptAnswers_.find({target.id, target.offset});
+    if (answer == keptAnswers_.end()) {
+        return false;
+    }
+    for (std::uint32_t i = 0; i < target.size; ++i) {
+        const std::uint32_t at = target.offset + i;
+        if (IsWanted(at) && wish_.kept->image[at] != image_[at]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Assignment::MayBeAbsent(const Target& target) const {
+    const auto present = isPresent_.find(target.id);
+    return present == isPresent_.end() || !present->second;
+}
+
+Text Assignment::Choose(const Target& target) const {
+    const auto present = isPresent_.find(target.id);
+    if (barred_.count(target.id) != 0 || (present != isPresent_.end() && !present->second)) {
+        return std::nullopt;
+    }
+    const auto count = counts_.find(target.offset);
+    if (count != counts_.end() && CountedElements().count(target.offset) != 0) {
+        return count->second == 0 && !wish_.all ? std::nullopt
+                                                : Text(std::to_string(count->second));
+    }
+    if (KeptServes(target)) {
+        const auto kept = wish_.kept->texts.find(target.id);
+        if (kept != wish_.kept->texts.end()) {
+            return kept->second;
+        }
+        if (MayBeAbsent(target)) {
+            return std::nullopt;
+        }
+    }
+    const bool hasKept = wish_.kept != nullptr && wish_.kept->texts.count(target.id) != 0;
+    if (!wish_.all && !hasKept && MayBeAbsent(target) && DefaultServes(target)) {
+        return std::nullopt;
+    }
+    return IsText(*target.value) ? ChooseText(target) : ChooseNumber(target);
+}
+
+/// A number, or a name, for the bytes that are wanted; 0 for those that are not.
+Text Assignment::ChooseNumber(const Target& target) const {
+    if (DefaultServes(target) && !IsName(*target.value)) {
+        return DefaultText(*target.value);
+    }
+    if (IsFree(target)) {
+        return std::nullopt;
+    }
+    std::vector<std::byte> bytes(target.size);
+    for (std::uint32_t i = 0; i < target.size; ++i) {
+        const std::uint32_t at = target.offset + i;
+        bytes[i] = IsWanted(at) ? image_[at] : std::byte{0};
+    }
+    return image::KeyText(*target.value, bytes);
+}
+
+/// The longest text that agrees with the wanted bytes. What stands behind its end is left to
+/// earlier values.
+Text Assignment::ChooseText(const Target& target) const {
+    std::string text;
+    bool hasEnd = false;
+    std::string ended;  // up to the last place so far where the text may end
+    for (std::uint32_t i = 0; i < target.size; ++i) {
+        const std::uint32_t at = target.offset + i;
+        if (IsWanted(at) && image_[at] == std::byte{0}) {
+            ended = text;
+            hasEnd = true;
+            break;
+        }
+        if (!IsWanted(at)) {
+            ended = text;
+            hasEnd = true;
+        }
+        text += IsWanted(at) ? std::to_integer<char>(image_[at]) : '_';
+    }
+    if (!hasEnd || !tree::Spelled(ended) ||
+        (target.value->field->notes.emptyByQuotes && ended == "\"\"")) {
+        return std::nullopt;
+    }
+    return ended;
+}
+
+void Assignment::Claim(const Target& target, const Text& text) {
+    std::size_t size = target.size;
+    if (IsText(*target.value)) {
+        size = text ? std::min(StoredSize(*text), std::size_t{target.size}) : 0;
+    } else if (IsName(*target.value) && !text) {
+        size = 0;
+    }
+    for (std::size_t i = 0; i < size; ++i) {
+        claimed_.set(target.offset + i);
+    }
+}
+
+}  // namespace paramgen::decompile

@@ -1,0 +1,236 @@
+#include "decompile/like.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <memory>
+
+#include "compile/session.h"
+#include "decompile/image_facts.h"
+#include "decompile/lost.h"
+#include "decompile/solver.h"
+#include "image/input.h"
+#include "output/result.h"
+#include "output/shown_text.h"
+#include "tree/edit.h"
+#include "tree/product.h"
+#include "tree/spelling.h"
+
+namespace paramgen::decompile {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The path of a tree's file from the tree's directory.
+std::string PathWithin(const tree::Product& product, const tree::FoundFile& file) {
+    fs::path path = fs::path(file.path).lexically_normal();
+    if (path.is_absolute()) {
+        path = path.lexically_relative(fs::canonical(product.directory()));
+    }
+    const std::string text = path.string();
+    if (text.empty() || text == ".." || text.starts_with("../")) {
+        throw output::UserError(output::Shown(file.shown) + ": lies outside of the tree");
+    }
+    return text;
+}
+
+/// The files of a tree while they are changed.
+class EditedTree {
+public:
+    explicit EditedTree(const tree::Product& product) : product_(product) {
+        files_[PathWithin(product, product.entry())] =
+            std::make_unique<tree::IniFile>(product.entry().ini->bytes());
+        entry_ = PathWithin(product, product.entry());
+        for (const tree::Module& module : product.modules()) {
+            if (module.fate == tree::ModuleFate::kRead) {
+                const std::string path = PathWithin(product, *module.file);
+                files_[path] = std::make_unique<tree::IniFile>(module.file->ini->bytes());
+                paths_[module.name] = path;
+                StayWithin(module.name, path);
+            }
+        }
+    }
+
+    /// Gives a module a file, and lists it.
+    void AddModule(const std::string& name) {
+        const std::string number = std::to_string(++moduleCount());
+        SetIn(entry_, "module:module" + number, name);
+        SetIn(entry_, "module:module_num", number);
+        GiveFile(name, "");
+    }
+
+    /// Gives a module a file of its own, with what its file has now.
+    void Split(const std::string& name) { GiveFile(name, files_.at(paths_.at(name))->bytes()); }
+
+    /// The modules of each file that several have.
+    std::vector<std::vector<std::string>> SharingModules() const {
+        std::map<std::string, std::vector<std::string>> modules;
+        for (const auto& [name, path] : paths_) {
+            modules[path].push_back(name);
+        }
+        std::vector<std::vector<std::string>> sharing;
+        for (auto& [path, names] : modules) {
+            if (names.size() > 1) {
+                sharing.push_back(std::move(names));
+            }
+        }
+        return sharing;
+    }
+
+    bool HasModule(const std::string& name) const { return paths_.count(name) != 0; }
+
+    /// Gives a key of a module its value; none takes it out.
+    void Set(const KeyId& key, const std::optional<std::string>& text) {
+        const std::string& path = paths_.at(key.first);
+        const tree::IniFile& file = *files_.at(path);
+        const tree::Line* line = file.Find(key.second);
+        const bool isThere = line != nullptr && line->kind == tree::LineKind::kValue;
+        if (text && isThere && file.TextOf(line->value) == *text) {
+            return;
+        }
+        if (text) {
+            SetIn(path, key.second, *text);
+        } else if (isThere) {
+            files_[path] = std::make_unique<tree::IniFile>(tree::WithoutKey(file, key.second));
+        }
+    }
+
+    std::vector<TreeFile> Files() const {
+        std::vector<TreeFile> files = {{.path = entry_, .bytes = files_.at(entry_)->bytes()}};
+        for (const auto& [path, file] : files_) {
+            if (path != entry_) {
+                files.push_back({.path = path, .bytes = file->bytes()});
+            }
+        }
+        return files;
+    }
+
+private:
+    /// A path that begins at the root would lead out of the new tree.
+    void StayWithin(const std::string& module, const std::string& path) {
+        const tree::IniFile& file = *files_.at(entry_);
+        const tree::Line* line = file.Find(module + ":path");
+        if (line != nullptr && file.TextOf(line->value).starts_with('/')) {
+            SetIn(entry_, module + ":path", "./" + fs::path(path).parent_path().string());
+        }
+    }
+
+    void GiveFile(const std::string& name, const std::string& bytes) {
+        std::string path = name + ".ini";
+        while (files_.count(path) != 0) {
+            path = "_" + path;
+        }
+        SetIn(entry_, name + ":path", "./");
+        SetIn(entry_, name + ":cfg_filename", path);
+        files_[path] = std::make_unique<tree::IniFile>(bytes);
+        paths_[name] = path;
+    }
+
+    std::int32_t& moduleCount() {
+        if (moduleCount_ == 0) {
+            moduleCount_ = product_.moduleCount();
+        }
+        return moduleCount_;
+    }
+
+    void SetIn(const std::string& path, const std::string& key, const std::string& text) {
+        const std::optional<std::string> bytes = tree::WithKey(*files_.at(path), key, text);
+        if (bytes) {
+            files_[path] = std::make_unique<tree::IniFile>(*bytes);
+        }
+    }
+
+    const tree::Product& product_;
+    std::string entry_;
+    std::int32_t moduleCount_ = 0;
+    std::map<std::string, std::unique_ptr<tree::IniFile>> files_;  ///< by path
+    std::map<std::string, std::string> paths_;                     ///< of modules
+};
+
+/// The keys that a module is asked for, and what each is to be; none: absent.
+using Wanted = std::map<std::string, std::optional<std::string>>;
+
+std::map<std::string, Wanted> WantedKeys(const Solution& solution) {
+    std::map<std::string, Wanted> wanted;
+    for (const compile::Answer& answer : solution.asked) {
+        const auto found = solution.keys.texts.find({answer.module, answer.key});
+        wanted[answer.module][answer.key] =
+            found == solution.keys.texts.end() ? std::nullopt : std::optional(found->second);
+    }
+    return wanted;
+}
+
+/// Adds the keys of `more` to `all`. Returns false, adding nothing, when one is to be something
+/// else.
+bool Join(const Wanted& more, Wanted* all) {
+    for (const auto& [key, text] : more) {
+        const auto found = all->find(key);
+        if (found != all->end() && found->second != text) {
+            return false;
+        }
+    }
+    all->insert(more.begin(), more.end());
+    return true;
+}
+
+/// Modules that share a file, and want different values for a key, part.
+void SplitSharedFiles(const std::map<std::string, Wanted>& wanted, EditedTree* tree) {
+    for (const std::vector<std::string>& modules : tree->SharingModules()) {
+        Wanted together;
+        for (const std::string& module : modules) {
+            const auto own = wanted.find(module);
+            if (own != wanted.end() && !Join(own->second, &together)) {
+                tree->Split(module);
+            }
+        }
+    }
+}
+
+/// What a tree has that may be kept.
+Kept KeptOf(const compile::Compilation& compilation) {
+    Kept kept;
+    for (const compile::ModuleFile& file : compilation.files) {
+        if (file.isRead && IsOptional(file.name)) {
+            kept.modules.insert(file.name);
+        }
+    }
+    for (const compile::Answer& answer : compilation.answers) {
+        if (answer.text) {
+            kept.texts[{answer.module, answer.key}] = *answer.text;
+        }
+        if (answer.text && !answer.place && answer.key == "common:mediamode") {
+            kept.servedModes[answer.module] = *answer.text;
+        }
+    }
+    kept.answers = compilation.answers;
+    kept.image = compilation.image;
+    return kept;
+}
+
+}  // namespace
+
+Decompiled DecompileLike(const image::Image& image, const Options& options) {
+    const image::Input like = image::ReadInput(*options.like);
+    if (!like.isTree) {
+        throw output::UserError(output::Shown(*options.like) + ": is no tree");
+    }
+    const tree::Product product(*options.like);
+    const Kept kept = KeptOf(*like.compilation);
+    const Wish wish = {.all = options.all, .kept = &kept};
+    const Solution solution = Solve(image, wish);
+    EditedTree edited(product);
+    for (const std::string& module : solution.keys.modules) {
+        if (!edited.HasModule(module)) {
+            edited.AddModule(module);
+        }
+    }
+    const std::map<std::string, Wanted> wanted = WantedKeys(solution);
+    SplitSharedFiles(wanted, &edited);
+    for (const compile::Answer& answer : solution.asked) {
+        edited.Set({answer.module, answer.key}, wanted.at(answer.module).at(answer.key));
+    }
+    return {
+        .files = edited.Files(), .lost = Explain(image, solution.lost), .image = solution.image};
+}
+
+}  // namespace paramgen::decompile

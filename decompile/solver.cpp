@@ -1,0 +1,106 @@
+#include "decompile/solver.h"
+
+#include <algorithm>
+
+#include "decompile/assignment.h"
+#include "decompile/image_facts.h"
+#include "decompile/plan.h"
+
+namespace paramgen::decompile {
+namespace {
+
+/// More rounds than any product needs: there are fewer counts.
+constexpr int kRoundsMax = 200;
+
+/// Decides about a count that later values overwrite, or no longer do. Returns whether there was
+/// one: what is asked for may be different then.
+bool DecideCount(const std::vector<std::uint32_t>& overwritten, Decisions* decisions) {
+    for (auto count = decisions->counts.begin(); count != decisions->counts.end(); ++count) {
+        if (std::find(overwritten.begin(), overwritten.end(), count->first) == overwritten.end()) {
+            decisions->counts.erase(count);
+            return true;
+        }
+    }
+    const auto open = std::find_if(overwritten.rbegin(), overwritten.rend(), [&](std::uint32_t at) {
+        return decisions->counts.count(at) == 0;
+    });
+    if (open == overwritten.rend()) {
+        return false;
+    }
+    decisions->counts[*open] = 0;
+    return true;
+}
+
+/// Finds keys for what has been decided, and decides about counts on the way.
+Solution SolveCounts(const image::Image& image, const Wish& wish, Decisions* decisions) {
+    Solution solution;
+    for (int round = 0; round < kRoundsMax; ++round) {
+        solution.asked = AskedKeys(image, decisions);
+        Assignment assignment(image, wish, decisions->counts, decisions->barred);
+        assignment.Assign(solution.asked);
+        solution.keys.modules = decisions->modules;
+        solution.keys.texts = assignment.texts();
+        if (!DecideCount(assignment.overwrittenCounts(), decisions)) {
+            break;
+        }
+    }
+    return solution;
+}
+
+/// Runs the loaders on what has been found.
+void Prove(const image::Image& image, Solution* solution) {
+    compile::Compilation result = compile::CompileImagined(&solution->keys, true);
+    solution->image = result.image;
+    solution->asked = std::move(result.answers);
+    solution->lost.clear();
+    for (std::uint32_t at = 0; at < image.size(); ++at) {
+        if (solution->image[at] != image[at]) {
+            solution->lost.push_back(at);
+        }
+    }
+}
+
+/// Lets a count that does not matter reach a lost byte. Returns whether there is one.
+bool GrowCount(std::uint32_t lost, Decisions* decisions) {
+    for (auto& [at, count] : decisions->counts) {
+        for (const CountedElement& element : CountedElements().at(at)) {
+            if (element.offset <= lost && lost < element.offset + element.size &&
+                element.number >= count) {
+                count = element.number + 1;
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// Tries to find less that is lost by letting counts that are overwritten reach further.
+void Improve(const image::Image& image, const Wish& wish, Decisions decisions, Solution* best) {
+    for (int round = 0; round < kRoundsMax && !best->lost.empty(); ++round) {
+        const bool grown =
+            std::any_of(best->lost.rbegin(), best->lost.rend(),
+                        [&](std::uint32_t lost) { return GrowCount(lost, &decisions); });
+        if (!grown) {
+            return;
+        }
+        Solution solution = SolveCounts(image, wish, &decisions);
+        Prove(image, &solution);
+        if (solution.lost.size() < best->lost.size()) {
+            *best = std::move(solution);
+        }
+    }
+}
+
+}  // namespace
+
+Solution Solve(const image::Image& image, const Wish& wish) {
+    const Kept nothing;
+    const Kept& kept = wish.kept == nullptr ? nothing : *wish.kept;
+    Decisions decisions = DecideModules(image, kept.modules, kept.servedModes);
+    Solution solution = SolveCounts(image, wish, &decisions);
+    Prove(image, &solution);
+    Improve(image, wish, std::move(decisions), &solution);
+    return solution;
+}
+
+}  // namespace paramgen::decompile

@@ -1,0 +1,38 @@
+/// A decompiled tree on its way to its directory.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "decompile/decompile.h"
+
+namespace paramgen::decompile {
+
+/// What becomes of files that are in the directory already.
+enum class Old { kNone, kReplaced };
+
+/// A tree that has been written down, beside the directory that it is meant for, and compiled.
+class WrittenTree {
+public:
+    /// Writes `files`. `directory` need not be there. Throws `output::UserError` when it is no
+    /// directory, when it is not empty and nothing is to be replaced, and when writing fails.
+    WrittenTree(const std::vector<TreeFile>& files, const std::string& directory, Old old);
+    ~WrittenTree();
+    WrittenTree(const WrittenTree&) = delete;
+    WrittenTree& operator=(const WrittenTree&) = delete;
+
+    /// What the program makes of it; no image when it refuses it.
+    const std::optional<image::Image>& image() const { return image_; }
+
+    /// Lets it appear in its directory.
+    void Appear();
+
+private:
+    const std::vector<TreeFile>& files_;
+    std::filesystem::path directory_;
+    std::filesystem::path temporary_;
+    std::optional<image::Image> image_;
+};
+
+}  // namespace paramgen::decompile

@@ -1,0 +1,257 @@
+#include "decompile/decompile.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "compile/session.h"
+#include "decompile/tree_directory.h"
+#include "support/product_tree.h"
+#include "support/temp_dir.h"
+
+namespace paramgen::decompile {
+namespace {
+
+using paramgen::testing::ProductTree;
+using paramgen::testing::TempDir;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+/// The modules that every product needs, without keys.
+ProductTree EmptyProduct() {
+    ProductTree tree;
+    for (const char* module :
+         {"devmng", "filemng", "media_common", "workmode_common", "workmode_photo",
+          "workmode_record", "valueset", "cam0_comm", "cam0_comm_record", "cam0_comm_photo"}) {
+        tree.AddModule(module);
+    }
+    return tree;
+}
+
+image::Image Compiled(const ProductTree& tree) {
+    const TempDir directory;
+    tree.WriteTo(directory);
+    const compile::Compilation result = compile::Compile(directory.path());
+    EXPECT_EQ(result.status, kOk);
+    return result.image;
+}
+
+void Put(image::Image* image, std::uint32_t offset, std::uint32_t number) {
+    std::memcpy(&(*image)[offset], &number, sizeof number);
+}
+
+/// The file of a module; empty when it has none.
+std::string FileOf(const Decompiled& result, const std::string& module) {
+    for (const TreeFile& file : result.files) {
+        if (file.path == module + ".ini") {
+            return file.bytes;
+        }
+    }
+    return "";
+}
+
+bool HasModule(const Decompiled& result, const std::string& module) {
+    return result.files.front().bytes.find("\n[" + module + "]\n") != std::string::npos;
+}
+
+/// Decompiles, and expects that what is written makes the same image.
+Decompiled Back(const image::Image& image, const Options& options = {}) {
+    Decompiled result = Decompile(image, options);
+    EXPECT_THAT(result.lost, IsEmpty());
+    const TempDir home;
+    const WrittenTree tree(result.files, (home.path() / "t").string(), Old::kNone);
+    EXPECT_EQ(tree.image(), image);
+    return result;
+}
+
+std::vector<std::uint32_t> LostOffsets(const image::Image& image) {
+    std::vector<std::uint32_t> offsets;
+    for (const Lost& lost : Decompile(image, {}).lost) {
+        offsets.push_back(lost.offset);
+    }
+    return offsets;
+}
+
+TEST(Decompile, AnEmptyProductHasNoKeys) {
+    const Decompiled result = Back(Compiled(EmptyProduct()));
+    EXPECT_EQ(FileOf(result, "devmng"), "");
+    EXPECT_EQ(FileOf(result, "media_common"), "");
+    EXPECT_FALSE(HasModule(result, "cam0_mediamode0"));
+    EXPECT_FALSE(HasModule(result, "cam0_comm_playback"));
+    EXPECT_FALSE(HasModule(result, "cam0_ldccfg_0"));
+}
+
+TEST(Decompile, AllWritesEveryKeyThatIsRead) {
+    const Decompiled result = Back(Compiled(EmptyProduct()), {.all = true, .like = std::nullopt});
+    EXPECT_THAT(FileOf(result, "media_common"), HasSubstr("work_mode = 6\n"));
+    EXPECT_THAT(FileOf(result, "devmng"), HasSubstr("[gsensor]\nsensitivity = 0\n"));
+    EXPECT_THAT(FileOf(result, "workmode_record"), Not(HasSubstr("[osd.0]")));
+}
+
+TEST(Decompile, AValueAtItsDefaultIsLeftOutAndZeroIsNot) {
+    image::Image image = Compiled(EmptyProduct());
+    Put(&image, 8928 + 656 + 24, 0);  // the work mode of sound, 6 without its key
+    EXPECT_EQ(FileOf(Back(image), "media_common"), "[ao.0]\nwork_mode = 0\n");
+}
+
+TEST(Decompile, EncodersThatAreCountedHaveTheirKey) {
+    ProductTree tree = EmptyProduct();
+    tree.Set("cam0_comm_record", "venc.0:enable", "0");
+    tree.Set("cam0_comm_record", "venc.1:enable", "0");
+    tree.Set("cam0_comm_record", "venc.2:payload", "3");
+    EXPECT_EQ(FileOf(Back(Compiled(tree)), "cam0_comm_record"),
+              "[venc.0]\nenable = 0\n\n[venc.1]\nenable = 0\n\n[venc.2]\npayload = 3\n");
+}
+
+TEST(Decompile, AnEncoderThatIsNotCountedCannotHaveItsKey) {
+    ProductTree tree = EmptyProduct();
+    tree.Set("cam0_comm_record", "venc.0:enable", "1");
+    image::Image image = Compiled(tree);
+    constexpr std::uint32_t kVenc = 9648 + 16 + 744;
+    Put(&image, kVenc + 4 + 80, 1);       // enabled, but not counted
+    Put(&image, kVenc + 4 + 160 + 4, 7);  // behind the one that is not counted
+    EXPECT_THAT(LostOffsets(image), ElementsAre(kVenc + 4 + 80, kVenc + 4 + 160 + 4));
+}
+
+TEST(Decompile, AMediaModeThatIsThereAndOneThatIsNot) {
+    ProductTree tree = EmptyProduct();
+    tree.Set("cam0_mediamode1", "vpss.0:max_width", "1920");
+    tree.AddModule("cam0_mediamode3");
+    const Decompiled result = Back(Compiled(tree));
+    EXPECT_TRUE(HasModule(result, "cam0_mediamode1"));
+    EXPECT_TRUE(HasModule(result, "cam0_mediamode3")) << "it has defaults that are not zero";
+    EXPECT_FALSE(HasModule(result, "cam0_mediamode0"));
+    EXPECT_EQ(FileOf(result, "cam0_mediamode1"), "[vpss.0]\nmax_width = 1920\n");
+}
+
+TEST(Decompile, AModuleOfZerosWhereDefaultsAreNot) {
+    image::Image image = Compiled(EmptyProduct());
+    Put(&image, 13160 + 1212, 1920);  // the largest width of media mode 0, and nothing else
+    const Decompiled result = Back(image);
+    EXPECT_THAT(FileOf(result, "cam0_mediamode0"), HasSubstr("vivpssmode = 0\n"));
+    EXPECT_THAT(FileOf(result, "cam0_mediamode0"), HasSubstr("MotionDenoiseIsoThresh = 0\n"));
+}
+
+TEST(Decompile, LensModulesAreFoundByTheirMediaModes) {
+    ProductTree tree = EmptyProduct();
+    tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    tree.Set("cam0_mediamode2", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
+    tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
+    tree.Set("cam0_ldccfg_0", "LDCV3Attr:src_calibration_ratio8", "5");
+    tree.Set("cam0_ldccfg_1", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    tree.Set("cam0_ldccfg_1", "LDCV1Attr:xratio", "-7");
+    const Decompiled result = Back(Compiled(tree));
+    EXPECT_EQ(FileOf(result, "cam0_ldccfg_0"),
+              "[common]\nmediamode = QX_PARAM_MEDIAMODE_1080P_30\n\n"
+              "[LDCV1Attr]\nxratio = -7\n");
+}
+
+TEST(Decompile, AThirdCalibrationCannotBe) {
+    ProductTree tree = EmptyProduct();
+    tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    tree.Set("cam0_ldccfg_0", "LDCV1Attr:xratio", "7");
+    image::Image image = Compiled(tree);
+    constexpr std::uint32_t kRatio = 13160 + 1532 + 8;
+    Put(&image, kRatio, 8);  // of the processing group alone
+    EXPECT_THAT(Decompile(image, {}).lost, Not(IsEmpty()));
+}
+
+TEST(Decompile, TextsThatTheGrammarCannotCarryAreTold) {
+    image::Image image = Compiled(EmptyProduct());
+    std::memcpy(&image[23988], "a;b", 3);
+    const Decompiled result = Decompile(image, {});
+    ASSERT_EQ(result.lost.size(), 1U);
+    EXPECT_EQ(result.lost.front().offset, 23988U);
+    EXPECT_EQ(result.lost.front().member, "devMng.devInfo.model");
+    EXPECT_EQ(result.lost.front().reason, "no value of its key is stored so");
+}
+
+TEST(Decompile, TextsAreQuotedWhereTheyHaveToBe) {
+    image::Image image = Compiled(EmptyProduct());
+    std::memcpy(&image[23988], " a #", 4);
+    EXPECT_EQ(FileOf(Back(image), "devmng"), "[devinfo]\nmodel = \" a #\"\n");
+}
+
+TEST(Decompile, BytesThatNothingStoresAreTold) {
+    image::Image image = Compiled(EmptyProduct());
+    Put(&image, 9644, 1);
+    Put(&image, 4, 1);
+    const Decompiled result = Decompile(image, {});
+    ASSERT_EQ(result.lost.size(), 2U);
+    EXPECT_EQ(result.lost[0].member, "header.totalSize");
+    EXPECT_EQ(result.lost[0].reason, "it is always 29928");
+    EXPECT_EQ(result.lost[1].member, "gap");
+    EXPECT_EQ(result.lost[1].reason, "nothing is stored there");
+}
+
+TEST(Decompile, ChoicesBeyondASetComeBack) {
+    ProductTree tree = EmptyProduct();
+    tree.Set("valueset", "photo.type:num", "12");
+    for (int i = 0; i < 12; ++i) {
+        tree.Set("valueset", "photo.type:description" + std::to_string(i), "d");
+        tree.Set("valueset", "photo.type:value" + std::to_string(i), std::to_string(i + 100));
+    }
+    tree.Set("valueset", "volume:num", "30");
+    tree.Set("valueset", "volume:value29", "77");
+    tree.Set("valueset", "volume:description20", "seventy");
+    tree.Set("valueset", "cam.0.wdr.status:num", "9");
+    tree.Set("valueset", "cam.0.wdr.status:description3", "elevenchars");
+    static_cast<void>(Back(Compiled(tree)));
+    static_cast<void>(Back(Compiled(tree), {.all = true, .like = std::nullopt}));
+}
+
+TEST(Decompile, HandlesBeyondTheirArrayComeBack) {
+    for (const int count : {4, 5, 6, 7, 100, 1105}) {
+        for (const char* files : {"0", "1", "2"}) {
+            ProductTree tree = EmptyProduct();
+            tree.Set("workmode_record", "normal.0:thmcnt", std::to_string(count));
+            tree.Set("workmode_record", "normal.0:filecnt", files);
+            tree.Set("workmode_record", "normal.0:playfps", "30");
+            tree.Set("workmode_photo", "photosource.0:venchdl", "4");
+            tree.Set("workmode_record", "normal.0.filenum.0.fileattr:recvbuf_size", "9");
+            for (int i = 0; i < count; ++i) {
+                tree.Set("workmode_record", "normal.0:thmhdl" + std::to_string(i),
+                         std::to_string(i + 1));
+            }
+            static_cast<void>(Back(Compiled(tree)));
+        }
+    }
+}
+
+TEST(Decompile, LikeATreeOnlyWhatDiffersChanges) {
+    const TempDir directory;
+    ProductTree tree = EmptyProduct();
+    tree.Set("devmng", "gsensor:sensitivity", "2").Set("devmng", "keytone:enable", "0");
+    tree.WriteTo(directory);
+    directory.Write("devmng.ini",
+                    "# mine\r\n[GSensor]\r\n Sensitivity = 2 ; low\r\n[keytone]\r\nenable = 0\r\n");
+    image::Image image = compile::Compile(directory.path()).image;
+    const Options like = {.all = false, .like = directory.path().string()};
+    EXPECT_THAT(FileOf(Back(image, like), "devmng"), HasSubstr(" Sensitivity = 2 ; low\r\n"));
+    Put(&image, 24316, 5);
+    EXPECT_EQ(FileOf(Back(image, like), "devmng"),
+              "# mine\r\n[GSensor]\r\n Sensitivity = 5 ; low\r\n[keytone]\r\nenable = 0\r\n");
+}
+
+TEST(WrittenTree, DoesNotTouchWhatIsThere) {
+    const Decompiled result = Decompile(Compiled(EmptyProduct()), {});
+    const TempDir home;
+    const std::string mine = home.Write("mine", "x");
+    const std::string directory = home.path().string();
+    EXPECT_ANY_THROW(WrittenTree(result.files, directory, Old::kNone));
+    {
+        WrittenTree tree(result.files, directory, Old::kReplaced);
+        EXPECT_FALSE(std::filesystem::exists(home.path() / "devmng.ini"));
+        tree.Appear();
+    }
+    EXPECT_EQ(paramgen::testing::ReadFile(mine), "x");
+    EXPECT_TRUE(std::filesystem::exists(home.path() / "devmng.ini"));
+}
+
+}  // namespace
+}  // namespace paramgen::decompile
