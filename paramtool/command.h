@@ -25,6 +25,14 @@ void AddCheck(CLI::App& app, int* status);
 void AddReference(CLI::App& app, int* status);
 void AddLayout(CLI::App& app, int* status);
 void AddCompletion(CLI::App& app, int* status);
+void AddDecompile(CLI::App& app, int* status);
+void AddDeps(CLI::App& app, int* status);
+void AddDiff(CLI::App& app, int* status);
+void AddDump(CLI::App& app, int* status);
+void AddGet(CLI::App& app, int* status);
+void AddIdentify(CLI::App& app, int* status);
+void AddInit(CLI::App& app, int* status);
+void AddSet(CLI::App& app, int* status);
 
 // For programs only: help does not list them.
 void AddComplete(CLI::App& app, int* status);

@@ -4,7 +4,8 @@ namespace paramgen::paramtool {
 
 const std::vector<AddCommand>& Commands() {
     static const std::vector<AddCommand> kCommands = {
-        AddCheck, AddReference, AddLayout, AddCompletion, AddComplete, AddManual,
+        AddCheck, AddDump, AddDiff,      AddIdentify, AddDecompile,  AddGet,      AddSet,
+        AddInit,  AddDeps, AddReference, AddLayout,   AddCompletion, AddComplete, AddManual,
     };
     return kCommands;
 }

@@ -1,0 +1,176 @@
+#include <algorithm>
+#include <map>
+#include <memory>
+
+#include "compile/errors.h"
+#include "image/diff.h"
+#include "output/result.h"
+#include "output/shown_text.h"
+#include "output/whole_files.h"
+#include "paramtool/command.h"
+#include "paramtool/key_argument.h"
+#include "tree/edit.h"
+#include "tree/product.h"
+
+namespace paramgen::paramtool {
+namespace {
+
+struct SetOptions {
+    std::string tree;
+    std::vector<std::string> assignments;
+    bool dryRun = false;
+};
+
+/// A change that is refused: exit status 1.
+class Refused : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// One KEY=VALUE.
+struct Assignment {
+    layout::KeyName name;
+    std::string value;
+};
+
+Assignment ParseAssignment(const std::string& argument) {
+    const std::size_t equals = argument.find('=');
+    if (equals == std::string::npos) {
+        throw output::UserError(output::Shown(argument) + ": an assignment is KEY=VALUE");
+    }
+    return {.name = OneKey(argument.substr(0, equals)), .value = argument.substr(equals + 1)};
+}
+
+/// The files of a tree while they are changed.
+class Change {
+public:
+    explicit Change(const std::string& tree) : product_(tree), session_(tree) {
+        if (product_.entryFate() == tree::EntryFate::kMissing) {
+            throw output::UserError(output::Shown(tree) + ": has no " + tree::kEntryName);
+        }
+        stops_ = compile::FindStops(&session_, {});
+        before_ = session_.Run();
+    }
+
+    void Apply(const Assignment& assignment) {
+        const layout::KeyName& name = assignment.name;
+        const tree::Module* module = product_.FindModule(name.module);
+        if (module == nullptr) {
+            throw Refused("the tree has no module " + output::Shown(name.module));
+        }
+        const std::string key = name.section + ":" + name.key;
+        const tree::IniFile& file = FileOf(*module);
+        const std::optional<std::string> bytes = tree::WithKey(file, key, assignment.value);
+        if (!bytes) {
+            throw Refused(layout::Text(name) + ": no line of an INI file can say '" +
+                          output::Shown(assignment.value) + "'");
+        }
+        files_[module->file] = std::make_unique<tree::IniFile>(*bytes);
+        for (const tree::Module& other : product_.modules()) {
+            if (other.file == module->file) {
+                pretence_.texts[{other.name, key}] = assignment.value;
+            }
+        }
+        keys_.push_back(name);
+    }
+
+    /// Throws `Refused` when there is an error that was not there before.
+    void Check() {
+        for (const compile::Stop& stop : compile::FindStops(&session_, pretence_)) {
+            const bool isOld = std::any_of(stops_.begin(), stops_.end(), [&](const auto& old) {
+                return old.at == stop.at && old.module == stop.module && old.key == stop.key &&
+                       pretence_.texts.count({stop.module, stop.key}) == 0;
+            });
+            if (!isOld) {
+                throw Refused(stop.at == compile::Stop::At::kKey
+                                  ? stop.module + "/" + stop.key + ": paramgen refuses such a value"
+                                  : "paramgen would then miss the module " + stop.module);
+            }
+        }
+    }
+
+    /// Tells what becomes of the image.
+    void TellDifference(const std::string& tree) {
+        const compile::Compilation after = session_.Run(pretence_);
+        const image::Input old = {.argument = tree,
+                                  .isTree = true,
+                                  .image = before_.image,
+                                  .compilation = before_,
+                                  .remarks = {}};
+        image::Input fresh = old;
+        fresh.image = after.image;
+        fresh.compilation = after;
+        output::WriteResult("", image::TextDiff(image::Differences(old, fresh), {}));
+        for (const layout::KeyName& name : keys_) {
+            const bool isRead = std::any_of(after.answers.begin(), after.answers.end(),
+                                            [&](const compile::Answer& answer) {
+                                                return answer.module == name.module &&
+                                                       answer.key == name.section + ":" + name.key;
+                                            });
+            if (!isRead && after.status == kOk) {
+                Tell("paramtool: " + layout::Text(name) +
+                     " is not read with this tree's counts and modules");
+            }
+        }
+    }
+
+    void Write() const {
+        std::vector<output::NewContent> contents;
+        for (const auto& [file, changed] : files_) {
+            if (changed->bytes() != file->ini->bytes()) {
+                contents.push_back({.path = file->shown, .bytes = changed->bytes()});
+            }
+        }
+        output::WriteWholeFiles(contents);
+    }
+
+private:
+    const tree::IniFile& FileOf(const tree::Module& module) const {
+        const auto changed = files_.find(module.file);
+        return changed == files_.end() ? *module.file->ini : *changed->second;
+    }
+
+    tree::Product product_;
+    compile::Session session_;
+    std::vector<compile::Stop> stops_;  ///< errors that the tree has already
+    compile::Compilation before_ = {};
+    compile::Pretence pretence_;
+    std::map<const tree::FoundFile*, std::unique_ptr<tree::IniFile>> files_;
+    std::vector<layout::KeyName> keys_;
+};
+
+int RunSet(const SetOptions& options) {
+    try {
+        Change change(options.tree);
+        for (const std::string& argument : options.assignments) {
+            change.Apply(ParseAssignment(argument));
+        }
+        change.Check();
+        if (!options.dryRun) {
+            change.Write();
+        }
+        change.TellDifference(options.tree);
+        return kAllWell;
+    } catch (const Refused& refused) {
+        Tell(std::string("paramtool: ") + refused.what() + "; nothing is changed");
+        return kFound;
+    } catch (const UnknownKey& unknown) {
+        Tell(std::string("paramtool: ") + unknown.what() + "; nothing is changed");
+        return kFound;
+    }
+}
+
+}  // namespace
+
+void AddSet(CLI::App& app, int* status) {
+    const auto options = std::make_shared<SetOptions>();
+    CLI::App* command = app.add_subcommand("set", "change values in a tree's files");
+    command->footer("Example: paramtool set my-product devmng/gsensor:sensitivity=2");
+    command->add_flag("--dry-run", options->dryRun, "show only what would become of the image");
+    command->add_option("TREE", options->tree, "the tree to change")->required();
+    command->add_option("KEY=VALUE", options->assignments, "the changes: all are done, or none")
+        ->required();
+    command->callback([options, status] { *status = RunSet(*options); });
+}
+
+}  // namespace paramgen::paramtool
