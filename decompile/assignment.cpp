@@ -83,7 +83,7 @@ void Assignment::AssignOne(const compile::Answer& answer) {
     }
     const auto known = texts_.find(id);
     Text text = known != texts_.end() ? Text(known->second) : std::nullopt;
-    if (CountedElements().count(offset) != 0 && !IsWhole(target)) {
+    if (IsCount(id, offset) && !IsWhole(target)) {
         overwritten_.push_back(offset);
     }
     if (!text && absent_.count(id) == 0) {
@@ -171,7 +171,7 @@ Text Assignment::Choose(const Target& target) const {
         return std::nullopt;
     }
     const auto count = counts_.find(target.offset);
-    if (count != counts_.end() && CountedElements().count(target.offset) != 0) {
+    if (count != counts_.end() && IsCount(target.id, target.offset)) {
         return count->second == 0 && !wish_.all ? std::nullopt
                                                 : Text(std::to_string(count->second));
     }

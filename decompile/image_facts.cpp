@@ -76,6 +76,12 @@ const std::map<std::uint32_t, std::vector<CountedElement>>& CountedElements() {
     return kElements;
 }
 
+bool IsCount(const KeyId& key, std::uint32_t offset) {
+    const layout::Value* owner = layout::ValueAt(offset);
+    return CountedElements().count(offset) != 0 && owner->module == key.first &&
+           owner->section + ":" + owner->key == key.second;
+}
+
 const std::map<KeyId, LeadingKey>& LeadingKeys() {
     static const auto kKeys = [] {
         std::map<KeyId, LeadingKey> keys;

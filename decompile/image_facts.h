@@ -30,6 +30,10 @@ const layout::Value* ValueOf(const KeyId& key, std::uint32_t offset);
 /// Elements by the offset of what counts them.
 const std::map<std::uint32_t, std::vector<CountedElement>>& CountedElements();
 
+/// Whether a key whose value goes to `offset` counts elements. Another key's element may be stored
+/// at the same place.
+bool IsCount(const KeyId& key, std::uint32_t offset);
+
 /// Keys that count by being there.
 const std::map<KeyId, LeadingKey>& LeadingKeys();
 

@@ -105,7 +105,7 @@ private:
 
     std::optional<std::string> TextAt(const KeyId& id, std::uint32_t offset) const {
         const auto count = decisions_.counts.find(offset);
-        if (count != decisions_.counts.end()) {
+        if (count != decisions_.counts.end() && IsCount(id, offset)) {
             return std::to_string(count->second);
         }
         const layout::Value* value = ValueOf(id, offset);

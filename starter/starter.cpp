@@ -47,6 +47,15 @@ std::string DefaultText(const layout::Value& value) {
     return value.HasDefault() ? std::to_string(value.Default()) : "";
 }
 
+/// A value that is healthy beside the others: its default; but pipes have handles of their own.
+std::string StarterText(const layout::Value& value) {
+    const std::string_view section = value.section;
+    if (section.starts_with("vcap.pipe.") && value.key == "vcappipehdl") {
+        return std::string(section.substr(section.rfind('.') + 1));
+    }
+    return DefaultText(value);
+}
+
 /// The product: every key is at its default, and of elements that lead by their keys the first one
 /// is there.
 class Starter : public compile::Imagined {
@@ -69,7 +78,7 @@ public:
         if (known == nullptr || known->values.empty() || IsLeading(*known->values.front())) {
             return std::nullopt;
         }
-        return DefaultText(*known->values.front());
+        return StarterText(*known->values.front());
     }
 
 private:
