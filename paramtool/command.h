@@ -24,6 +24,7 @@ const std::vector<AddCommand>& Commands();
 void AddCheck(CLI::App& app, int* status);
 void AddReference(CLI::App& app, int* status);
 void AddLayout(CLI::App& app, int* status);
+void AddReport(CLI::App& app, int* status);
 void AddCompletion(CLI::App& app, int* status);
 void AddDecompile(CLI::App& app, int* status);
 void AddDeps(CLI::App& app, int* status);

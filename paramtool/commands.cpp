@@ -4,8 +4,9 @@ namespace paramgen::paramtool {
 
 const std::vector<AddCommand>& Commands() {
     static const std::vector<AddCommand> kCommands = {
-        AddCheck, AddDump, AddDiff,      AddIdentify, AddDecompile,  AddGet,      AddSet,
-        AddInit,  AddDeps, AddReference, AddLayout,   AddCompletion, AddComplete, AddManual,
+        AddCheck,  AddDump,   AddDiff,       AddIdentify, AddDecompile,
+        AddGet,    AddSet,    AddInit,       AddDeps,     AddReference,
+        AddLayout, AddReport, AddCompletion, AddComplete, AddManual,
     };
     return kCommands;
 }

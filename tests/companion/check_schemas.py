@@ -27,6 +27,9 @@ def main():
             ("diff", ["diff", example, example], 0),
             ("diff", ["diff", noise, example], 1),
             ("identify", ["identify", noise, example], 1),
+            ("layout", ["layout"], 0),
+            ("layout-compare", ["layout", "compare", os.path.join(schemas, "../layout.json")], 0),
+            ("reference", ["reference"], 0),
         ]:
             with open(os.path.join(schemas, name + ".json"), encoding="utf-8") as file:
                 schema = json.load(file)

@@ -54,8 +54,10 @@ class Browser:
                      features=[{"name": "prefers-color-scheme", "value": scheme}])
 
     def said(self):
-        """The console's messages since the last call."""
-        return [entry["message"] for entry in self.driver.get_log("browser")]
+        """The console's messages since the last call, but for the browser's remarks on how long
+        something took."""
+        return [entry["message"] for entry in self.driver.get_log("browser")
+                if entry.get("source") != "violation"]
 
     def requests(self):
         """The addresses asked for since the last call."""
