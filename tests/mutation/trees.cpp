@@ -89,7 +89,11 @@ void WriteAll(const std::filesystem::path& directory) {
     Product counts;
     std::map<std::string, std::uint32_t> modes;  // of the media modes' modules, in their order
     std::uint32_t number = 0;
+    std::uint32_t rows = 0;
+    const Pattern* row = nullptr;
     for (const Key& key : Keys()) {
+        rows += key.pattern == row ? 0 : 1;
+        row = key.pattern;
         none[key.name.module];
         counts[key.name.module];
         if (key.role == KeyRole::kSpill) {
@@ -117,9 +121,8 @@ void WriteAll(const std::filesystem::path& directory) {
             counts[key.name.module][key.name.section][key.name.key] = text;
         }
         set[key.name.module][key.name.section][key.name.key] = text;
-        const bool isOtherSwitch = !key.values.empty() &&
-                                   key.values.front()->Kind() == FieldKind::kBool &&
-                                   number % 2 == 0;
+        const bool isOtherSwitch =
+            !key.values.empty() && key.values.front()->Kind() == FieldKind::kBool && rows % 2 == 0;
         if (Decides(key, limits) || isOtherSwitch) {
             counts[key.name.module][key.name.section][key.name.key] = text;
         }
