@@ -120,6 +120,15 @@ private:
         });
     }
 
+    /// Whether one of these modules is listed, and not there.
+    bool IsLost(const char* modules) const {
+        const auto& listed = inspection_.product().modules();
+        return std::any_of(listed.begin(), listed.end(), [&](const tree::Module& module) {
+            return module.fate != tree::ModuleFate::kRead &&
+                   layout::MatchesWildcards(modules, module.name);
+        });
+    }
+
     void CheckRepeatedHandles() {
         for (const TargetRow& row : TargetRows()) {
             const bool isFirstOfKind = &TargetRowOf(row.kind) == &row;
@@ -159,6 +168,9 @@ private:
                          place->second->module + " serves " + given->text + " as well");
                 AddNote(finding, *place->second, "here");
             }
+        }
+        if (IsLost(kModeModules)) {
+            return;  // it may be the one that serves a mode
         }
         for (const ModeRule& rule : ModeRules()) {
             for (const Given* given : references_.Find(rule.module, rule.section, rule.key)) {
