@@ -20,7 +20,7 @@ std::string WithoutDots(std::string_view path) {
 Place PlaceOf(const tree::FoundFile& file) {
     Place place;
     place.file = file.shown;
-    place.path = WithoutDots(file.path);
+    place.path = WithoutDots(file.inTree);
     return place;
 }
 

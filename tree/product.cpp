@@ -85,6 +85,7 @@ std::string Product::Shown(std::string_view path) const {
 void Product::ReadEntry() {
     entry_ = std::make_unique<FoundFile>();
     entry_->path = kEntryName;
+    entry_->inTree = kEntryName;
     entry_->shown = Shown(kEntryName);
     const std::string path = directory_ + "/" + kEntryName;
     const std::string resolved = Resolve(path);
@@ -187,7 +188,8 @@ const FoundFile* Product::Open(const std::string& path) {
     file->path = path;
     const std::string prefix = home_ + "/";
     const bool isAtHome = path.starts_with(prefix);
-    file->shown = Shown(isAtHome ? std::string_view(path).substr(prefix.size()) : path);
+    file->inTree = isAtHome ? path.substr(prefix.size()) : path;
+    file->shown = Shown(file->inTree);
     const std::string opened = path.starts_with('/') ? path : directory_ + "/" + path;
     std::error_code ignored;
     file->isDirectory = std::filesystem::is_directory(opened, ignored);
