@@ -32,9 +32,9 @@ enum class ModuleFate : std::uint8_t {
 
 /// A file as it was found.
 struct FoundFile {
-    std::string path;   ///< as it was opened, from the product's directory unless absolute
-    std::string shown;  ///< the same for people: joined with the directory as it was given
-    std::string inTree;     ///< the same from the product's directory, where it lies in it
+    std::string path;    ///< as it was opened, from the product's directory unless absolute
+    std::string shown;   ///< the same for people: joined with the directory as it was given
+    std::string inTree;  ///< the same from the product's directory, where it lies in it
     bool isReadable = false;
     bool isDirectory = false;
     std::unique_ptr<IniFile> ini;  ///< null when it is not readable
