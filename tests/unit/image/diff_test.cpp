@@ -76,6 +76,46 @@ TEST(Differences, BytesWithoutAKeyGoByTheirMember) {
     EXPECT_EQ(TextDiff(Differences(before, after), {}), "gap: 00000000 -> 01000000\n");
 }
 
+/// Whether the key of an answer only gives its own value: it neither counts nor names a media mode.
+bool StandsForItself(const compile::Answer& answer) {
+    const std::string key = answer.key.substr(answer.key.rfind(':') + 1);
+    for (const char* count : {"num", "osdcnt", "dispnum", "thmcnt", "filecnt", "venccnt", "aenccnt",
+                              "bindcnt", "max_poolcnt", "mediamode"}) {
+        if (key == count) {
+            return false;
+        }
+    }
+    return answer.place.has_value() && answer.text.has_value();
+}
+
+TEST(Differences, AChangedKeyIsNamedAndNoOther) {
+    compile::Session session(std::filesystem::path(PARAMGEN_EXAMPLES) / "dashcam");
+    Input before = Example();
+    std::size_t tried = 0;
+    for (std::size_t i = 0; i < before.compilation->answers.size(); i += 25) {
+        const compile::Answer& answer = before.compilation->answers[i];
+        const layout::Value& value = *layout::ValueAt(answer.place ? answer.place->offset : 0);
+        if (!StandsForItself(answer) || value.Kind() == FieldKind::kName) {
+            continue;
+        }
+        compile::Pretence pretence;
+        pretence.texts[{answer.module, answer.key}] = answer.text == "1" ? "0" : "1";
+        Input after = before;
+        after.compilation = session.Run(pretence);
+        ASSERT_EQ(after.compilation->status, kOk) << answer.key;
+        after.image = after.compilation->image;
+        const std::vector<Difference> found = Differences(before, after);
+        for (const Difference& difference : found) {
+            const layout::Value& changed = *difference.places.front();
+            const bool isCopy = changed.Source() == FieldSource::kCopy;
+            const layout::Value& owner = isCopy ? *layout::ValueAt(changed.origin) : changed;
+            EXPECT_EQ(owner.section + ":" + owner.key, answer.key) << changed.member;
+        }
+        tried += found.empty() ? 0 : 1;
+    }
+    EXPECT_GT(tried, 20U);
+}
+
 TEST(Differences, DefaultsAndUnreadKeysAreTold) {
     const Input before = FromImage(Image{});
     Input after = before;

@@ -1,0 +1,110 @@
+#!/usr/bin/env python3
+"""Runs commands of paramtool as a user does, and looks at what they leave.
+
+Usage: check_commands.py PARAMTOOL PARAMGEN EXAMPLE.
+"""
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+
+PARAMTOOL, PARAMGEN, EXAMPLE = (os.path.abspath(path) for path in sys.argv[1:])
+
+
+def run(*arguments, expect=0):
+    """Runs paramtool; the exit status has to be `expect`. Returns what it wrote."""
+    done = subprocess.run([PARAMTOOL, *arguments], capture_output=True, text=True, check=False)
+    if done.returncode != expect:
+        sys.exit(f"{arguments}: exit status {done.returncode}, not {expect}\n{done.stdout}{done.stderr}")
+    return done.stdout, done.stderr
+
+
+def require(holds, what):
+    if not holds:
+        sys.exit(what)
+
+
+def image_of(tree):
+    subprocess.run([PARAMGEN], cwd=tree, stdout=subprocess.DEVNULL, check=True)
+    with open(os.path.join(tree, "param.bin"), "rb") as file:
+        return file.read()
+
+
+def text_of(path):
+    with open(path, encoding="utf-8", newline="") as file:
+        return file.read()
+
+
+def check_init():
+    run("init", "fresh")
+    out, err = run("check", "--strict", "fresh")
+    require(out == "" and err == "", "a fresh product has no findings")
+    image_of("fresh")
+    run("init", "fresh", expect=2)
+
+
+def check_set():
+    before = text_of("product/devmng.ini")
+    out, _ = run("set", "--dry-run", "product", "gsensor:sensitivity=1")
+    require(out == "devmng/gsensor:sensitivity: 2 -> 1\n", out)
+    require(text_of("product/devmng.ini") == before, "a dry run changes nothing")
+    run("set", "product", "devmng/gsensor:sensitivity=1")
+    after = text_of("product/devmng.ini")
+    changed = [pair for pair in zip(before.splitlines(), after.splitlines()) if pair[0] != pair[1]]
+    require(len(changed) == 1 and "sensitivity = 1" in changed[0][1], str(changed))
+    require(run("get", "gsensor:sensitivity", "product")[0] == "1\n", "get reads what was set")
+    for bad in ["gsensor:sensitivity=99999999999", "gsensor:sensitivty=1", "devinfo:model=a;b"]:
+        run("set", "product", "keytone:enable=0", bad, expect=1)
+    run("set", "product", "sensitivity=1", expect=2)
+    run("set", "product", "gsensor:sensitivity", expect=2)
+    require(text_of("product/devmng.ini") == after, "what is refused changes nothing")
+
+
+def check_decompile():
+    image = image_of("product")
+    run("decompile", "product/param.bin", "-o", "back")
+    require(image_of("back") == image, "the image comes back")
+    run("decompile", "product/param.bin", "--all", "-o", "all")
+    require(image_of("all") == image, "the image comes back with all keys")
+    run("decompile", "product/param.bin", "-o", "back", expect=2)
+    with open("odd.bin", "wb") as file:
+        file.write(image[:8] + b"\1" + image[9:])
+    _, err = run("decompile", "odd.bin", "-o", "odd", expect=1)
+    require("lost: @8 1 byte of header.reserved: nothing is stored there" in err, err)
+    require(not os.path.exists("odd"), "nothing is written that does not make the image")
+    run("decompile", "odd.bin", "--lossy", "-o", "odd", expect=1)
+    require(image_of("odd") == image, "the rest comes back")
+
+
+def check_deps():
+    out, _ = run("deps", "product", "--target", "a b")
+    require(out.startswith("a\\ b: \\\n  product/config_cfgaccess_entry.ini \\\n"), out)
+    require("product/workmode/record.ini" in out, out)
+    os.remove("product/devmng.ini")
+    out, _ = run("deps", "product")
+    require("\n  product \\\n" in out and "devmng.ini" not in out, out)
+    _, err = run("dump", "product", expect=2)
+    require("error:" in err and "devmng" in err, err)
+
+
+def check_wrong_use():
+    run("dump", "nothing", expect=2)
+    run("dump", expect=2)
+    with open("short.bin", "wb") as file:
+        file.write(b"x" * 29927)
+    run("dump", "short.bin", expect=2)
+    run("get", "gsensor:sensitivty", "product", expect=1)
+
+
+with tempfile.TemporaryDirectory() as home:
+    os.chdir(home)
+    shutil.copytree(EXAMPLE, "product")
+    check_init()
+    check_set()
+    check_decompile()
+    nearest = run("identify", "product/param.bin", "fresh", "product")[0].splitlines()[3]
+    require(nearest.split() == ["equal", "product"], "the nearest tree comes first: " + nearest)
+    require(run("diff", "product/param.bin", "product")[0] == "", "a tree makes its image")
+    check_deps()
+    check_wrong_use()
