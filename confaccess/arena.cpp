@@ -8,9 +8,6 @@
 namespace paramgen {
 namespace {
 
-/// Pieces of this size and more are asked for in huge pages.
-constexpr std::size_t kHugePage = std::size_t{2} * 1024 * 1024;
-
 /// The size of a piece behind which the next one is aligned.
 std::size_t Aligned(std::size_t size) {
     constexpr std::size_t kAlignment = 8;
@@ -45,18 +42,12 @@ void Arena::BackTo(const Mark& mark) {
 }
 
 /// Returns `size` new bytes behind a chunk's head, or null. `flags` are of mmap.
-char* Arena::NewChunk(std::uint64_t size, int flags) {
-    if (size > SIZE_MAX - sizeof(Chunk)) {
-        return nullptr;
-    }
-    const std::size_t whole = sizeof(Chunk) + static_cast<std::size_t>(size);
+char* Arena::NewChunk(std::size_t size, int flags) {
+    const std::size_t whole = sizeof(Chunk) + size;
     void* memory =
         mmap(nullptr, whole, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | flags, -1, 0);
     if (memory == MAP_FAILED) {
         return nullptr;
-    }
-    if (whole >= kHugePage) {
-        madvise(memory, whole, MADV_HUGEPAGE);
     }
     Chunk* chunk = static_cast<Chunk*>(memory);
     *chunk = {.next = chunks_, .size = whole};
@@ -66,10 +57,13 @@ char* Arena::NewChunk(std::uint64_t size, int flags) {
 
 void* Arena::Take(std::uint64_t size) {
     last_ = nullptr;
-    if (size > left_ && size > kChunkSize / 4) {
-        return NewChunk(size, 0);  // the rest of the present one serves smaller pieces
+    if (size > SIZE_MAX / 2) {  // no system gives so much
+        return nullptr;
     }
     const std::size_t taken = Aligned(static_cast<std::size_t>(size));
+    if (taken > left_ && taken > kChunkSize / 4) {
+        return NewChunk(taken, 0);  // the rest of the present one serves smaller pieces
+    }
     if (taken > left_) {
         // With all of its pages at once: that costs less than each when it is touched first. Of a
         // large piece much may never be touched.

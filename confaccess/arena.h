@@ -50,7 +50,7 @@ public:
 private:
     static constexpr std::size_t kChunkSize = std::size_t{64} * 1024 - sizeof(Chunk);
 
-    char* NewChunk(std::uint64_t size, int flags);
+    char* NewChunk(std::size_t size, int flags);
     void FreeChunksUpTo(const Chunk* last);
 
     Chunk* chunks_ = nullptr;

@@ -52,20 +52,18 @@ std::uint32_t Dictionary::PlaceIn(Slot slot) const {
 }
 
 void Dictionary::Add(std::string_view name, std::string_view value) {
-    if (sizeof(Record) + name.size() + value.size() >= room_ - end_) {
+    Record* record = RecordAt(end_);
+    const std::size_t room = room_ - end_ - sizeof(Record);
+    if (sizeof(Record) + name.size() + value.size() >= room_ - end_ ||
+        CopyText(record->Name(), room, name.data(), name.size()) != 0 ||
+        CopyText(record->Name() + name.size(), room - name.size(), value.data(), value.size()) !=
+            0) {
         isFull_ = true;
         return;
     }
-    const std::size_t room = room_ - end_ - sizeof(Record);
-    Record* record = RecordAt(end_);
     record->section = section_;
     record->nameLength = static_cast<std::uint16_t>(name.size());
     record->valueLength = static_cast<std::uint16_t>(value.size()) & 0x7FFFU;
-    if (CopyText(record->Name(), room, name.data(), name.size()) != 0 ||
-        CopyText(record->Value(), room - name.size(), value.data(), value.size()) != 0) {
-        isFull_ = true;
-        return;
-    }
     end_ += record->Size();
     ++recordCount_;
 }
@@ -126,24 +124,23 @@ bool Dictionary::Finish(Arena* arena) {
     if (slots_ == nullptr || isFull_) {
         return false;
     }
-    char key[2 * kNameMax + 1];  // it begins with the present section and a colon
-    std::size_t begin = 1;
+    char key[2 * kNameMax + 2];  // it begins with the present section and a colon
+    std::size_t afterColon = 1;
     key[0] = ':';
     for (std::uint32_t place = next_; place != end_; place += RecordAt(place)->Size()) {
         Record* record = RecordAt(place);
-        if (record->section == place) {
-            Index(place, {record->Name(), record->nameLength});
-            if (CopyText(key, sizeof key - 1, record->Name(), record->nameLength) != 0) {
-                return false;
-            }
-            key[record->nameLength] = ':';
-            begin = record->nameLength + std::size_t{1};
-        } else {
-            if (CopyText(key + begin, sizeof key - begin, record->Name(), record->nameLength) !=
-                0) {
-                return false;
-            }
-            Index(place, {key, begin + record->nameLength});
+        const bool isSection = record->section == place;
+        const std::size_t begin = isSection ? 0 : afterColon;
+        const std::size_t end = begin + record->nameLength;
+        // There is room for a colon behind it, too.
+        if (CopyText(key + begin, sizeof key - 1 - begin, record->Name(), record->nameLength) !=
+            0) {
+            return false;
+        }
+        Index(place, {key, end});
+        if (isSection) {
+            key[end] = ':';
+            afterColon = end + 1;
         }
     }
     return true;

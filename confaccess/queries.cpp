@@ -14,16 +14,9 @@
 namespace paramgen {
 namespace {
 
-/// Lines that the checks of a typed query name, in the order in which they are made.
-struct QueryLines {
-    CheckLine noConfigName;
-    CheckLine noModule;
-    CheckLine noKey;
-    CheckLine noValue;
-    CheckLine longConfigName;
-    CheckLine longModule;
-    CheckLine longKey;
-};
+/// The line of the first check of the string query. Every typed query has the same checks, each as
+/// many lines behind the first one as in the others.
+constexpr CheckLine kGetStringLine = 377;
 
 std::string_view MeasuredName(const char* name) {
     return Measured(name, QX_CONFACCESS_NAME_MAX_LEN);
@@ -33,37 +26,34 @@ std::string_view MeasuredKey(const char* confItem) {
     return Measured(confItem, QX_CONFACCESS_KEY_MAX_LEN);
 }
 
-/// Lines that the checks of `ZV_CONFACCESS_GetString` name.
-constexpr QueryLines kGetStringLines = {377, 378, 379, 380, 381, 383, 385};
-
 bool HasNullArgument(const LockedModule& module, std::string_view confItem, const void* value,
-                     const char* function, const QueryLines& lines) {
-    return IsNullArgument(module.cfgName().data(), function, lines.noConfigName, "cfgName") ||
-           IsNullArgument(module.module().data(), function, lines.noModule, "module") ||
-           IsNullArgument(confItem.data(), function, lines.noKey, "confItem") ||
-           IsNullArgument(value, function, lines.noValue, "value");
+                     const char* function, CheckLine firstLine) {
+    return IsNullArgument(module.cfgName().data(), function, firstLine, "cfgName") ||
+           IsNullArgument(module.module().data(), function, firstLine + 1, "module") ||
+           IsNullArgument(confItem.data(), function, firstLine + 2, "confItem") ||
+           IsNullArgument(value, function, firstLine + 3, "value");
 }
 
 bool HasLongArgument(const LockedModule& module, std::string_view confItem, const char* function,
-                     const QueryLines& lines) {
-    return IsLongConfigName(module.cfgName(), function, lines.longConfigName) ||
-           IsLongModuleName(module.module(), function, lines.longModule) ||
-           IsLongKey(confItem, function, lines.longKey);
+                     CheckLine firstLine) {
+    return IsLongConfigName(module.cfgName(), function, firstLine + 4) ||
+           IsLongModuleName(module.module(), function, firstLine + 6) ||
+           IsLongKey(confItem, function, firstLine + 8);
 }
 
 /// Checks the arguments of a query and finds the value that it asks for.
 class Lookup {
 public:
     Lookup(const LockedModule& module, std::string_view confItem, const void* value,
-           const char* function, const QueryLines& lines, const char* defaultValue)
+           const char* function, CheckLine firstLine, const char* defaultValue)
         : status_(module.status()) {
-        if (HasNullArgument(module, confItem, value, function, lines)) {
+        if (HasNullArgument(module, confItem, value, function, firstLine)) {
             status_ = kBadArgument;
             return;
         }
         // Checked only if something is wrong: registered names are short enough.
         const bool isLong = confItem.size() >= QX_CONFACCESS_KEY_MAX_LEN;
-        if ((status_ != kOk || isLong) && HasLongArgument(module, confItem, function, lines)) {
+        if ((status_ != kOk || isLong) && HasLongArgument(module, confItem, function, firstLine)) {
             status_ = kBadArgument;
         }
         if (status_ == kOk) {
@@ -113,7 +103,7 @@ LockedModule::~LockedModule() {
 
 Status FindText(const LockedModule& module, std::string_view confItem, const char* defaultValue,
                 const char** value) {
-    const Lookup found(module, confItem, value, "ZV_CONFACCESS_GetString", kGetStringLines,
+    const Lookup found(module, confItem, value, "ZV_CONFACCESS_GetString", kGetStringLine,
                        defaultValue);
     if (found.status() == kOk) {
         *value = found.text();
@@ -124,7 +114,7 @@ Status FindText(const LockedModule& module, std::string_view confItem, const cha
 Status ZV_CONFACCESS_GetString(const char* cfgName, const char* module, const char* confItem,
                                const char* defaultValue, char** value) {
     const LockedModule locked(MeasuredName(cfgName), MeasuredName(module));
-    const Lookup found(locked, MeasuredKey(confItem), value, __func__, kGetStringLines,
+    const Lookup found(locked, MeasuredKey(confItem), value, __func__, kGetStringLine,
                        defaultValue);
     if (found.status() != kOk) {
         return found.status();
@@ -148,8 +138,7 @@ Status ZV_CONFACCESS_GetInt(const char* cfgName, const char* module, const char*
 
 Status ZV_CONFACCESS_GetInt(const LockedModule& module, std::string_view confItem,
                             std::int32_t defaultValue, std::int32_t* value) {
-    const Lookup found(module, confItem, value, __func__, {424, 425, 426, 427, 428, 430, 432},
-                       nullptr);
+    const Lookup found(module, confItem, value, __func__, 424, nullptr);
     const Status status = found.TellStatus(__func__, 437);
     if (status != kOk) {
         return status;
@@ -179,8 +168,7 @@ Status ZV_CONFACCESS_GetDouble(const char* cfgName, const char* module, const ch
 
 Status ZV_CONFACCESS_GetDouble(const LockedModule& module, std::string_view confItem,
                                double defaultValue, double* value) {
-    const Lookup found(module, confItem, value, __func__, {456, 457, 458, 459, 460, 462, 464},
-                       nullptr);
+    const Lookup found(module, confItem, value, __func__, 456, nullptr);
     const Status status = found.TellStatus(__func__, 469);
     if (status == kOk) {
         *value = found.text() == nullptr ? defaultValue : ParseDouble(found.text());
@@ -196,8 +184,7 @@ Status ZV_CONFACCESS_GetBool(const char* cfgName, const char* module, const char
 
 Status ZV_CONFACCESS_GetBool(const LockedModule& module, std::string_view confItem,
                              std::int32_t defaultValue, std::int32_t* value) {
-    const Lookup found(module, confItem, value, __func__, {484, 485, 486, 487, 488, 490, 492},
-                       nullptr);
+    const Lookup found(module, confItem, value, __func__, 484, nullptr);
     const Status status = found.TellStatus(__func__, 497);
     if (status != kOk) {
         return status;
@@ -234,13 +221,7 @@ Status ZV_CONFACCESS_IsMoudleExist(const char* cfgName, const char* module, std:
         IsLongModuleName(moduleName, __func__, 583)) {
         return kBadArgument;
     }
-    *isExist = 0;
-    ConfigEntry* config = FindConfig(configName);
-    if (config != nullptr) {
-        pthread_mutex_lock(&config->lock);
-        *isExist = WATCH_MODULE(moduleName, FindModule(config, moduleName)) == nullptr ? 0 : 1;
-        pthread_mutex_unlock(&config->lock);
-    }
+    *isExist = LockedModule(configName, moduleName).status() == kOk ? 1 : 0;
     return kOk;
 }
 
@@ -252,15 +233,13 @@ Status ZV_CONFACCESS_IsConfItemExist(const char* cfgName, const char* module, co
         IsNullArgument(isExist, __func__, 626, "isExist")) {
         return kBadArgument;
     }
-    const LockedModule locked(MeasuredName(cfgName), MeasuredName(module));
-    const Lookup found(locked, MeasuredKey(confItem), isExist, "ZV_CONFACCESS_GetString",
-                       kGetStringLines, nullptr);
-    const Status status = found.status();
-    if (status != kOk) {
-        TellErrorCode(__func__, 630, status);
-    }
+    const char* text = nullptr;
+    const Status status = FindText({MeasuredName(cfgName), MeasuredName(module)},
+                                   MeasuredKey(confItem), nullptr, &text);
     if (status == kOk) {
-        *isExist = found.text() == nullptr ? 0 : 1;
+        *isExist = text == nullptr ? 0 : 1;
+    } else {
+        TellErrorCode(__func__, 630, status);
     }
     return status;
 }

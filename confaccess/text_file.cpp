@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 
 #include "safestr/safestr.h"
@@ -11,8 +10,8 @@
 namespace paramgen {
 namespace {
 
-/// The size of the first piece of a file whose size is not known.
-constexpr std::size_t kFirstPiece = 4096;
+/// The room for a file whose size is not known, at first.
+constexpr std::size_t kFirstRoom = 4096;
 
 /// An open file.
 class Descriptor {
@@ -58,7 +57,7 @@ ReadResult ReadSized(const Descriptor& file, off_t size, Arena* arena, Text* tex
     // Some directories give a very large size: one byte tells such a directory from a large file.
     const bool isTooLong = size > off_t{kTextMax};
     const std::size_t most = isTooLong ? 1 : static_cast<std::size_t>(size);
-    char* bytes = static_cast<char*>(arena->Take(most + 1));
+    char* bytes = static_cast<char*>(arena->Take(most));
     if (bytes == nullptr) {
         return ReadResult::kNoMemory;
     }
@@ -70,38 +69,30 @@ ReadResult ReadSized(const Descriptor& file, off_t size, Arena* arena, Text* tex
     return ReadResult::kRead;
 }
 
-/// Reads the rest of a file of unknown size into pieces, and joins them when the end is reached.
-/// `before` bytes have been read. Each piece is as large as all before it, so that the recursion
-/// is 18 calls deep at most.
-ReadResult ReadRest(const Descriptor& file, std::size_t before, Arena* arena, Text* text) {
-    const std::size_t size = std::max(before, kFirstPiece);
-    if (before > kTextMax) {
-        return ReadResult::kUnreadable;
-    }
-    char* piece = static_cast<char*>(arena->Take(size));
-    if (piece == nullptr) {
-        return ReadResult::kNoMemory;
-    }
-    const ssize_t read = file.Read(piece, size, false);
-    if (read == -1) {
-        return ReadResult::kUnreadable;
-    }
-    const std::size_t count = static_cast<std::size_t>(read);
-    if (count == size) {
-        const ReadResult result = ReadRest(file, before + size, arena, text);
-        if (result != ReadResult::kRead) {
-            return result;
-        }
-    } else {
-        text->size = before + count;
-        text->bytes = static_cast<char*>(arena->Take(text->size + 1));
-        if (text->bytes == nullptr) {
+/// Reads a file of unknown size, into twice as much room whenever it is full.
+ReadResult ReadUnsized(const Descriptor& file, Arena* arena, Text* text) {
+    char* bytes = nullptr;
+    std::size_t size = 0;
+    for (std::size_t room = kFirstRoom; room / 2 <= kTextMax; room *= 2) {
+        char* larger = static_cast<char*>(arena->Take(room));
+        if (larger == nullptr) {
             return ReadResult::kNoMemory;
         }
+        if (size != 0 && memcpy_s(larger, room, bytes, size) != 0) {
+            return ReadResult::kUnreadable;
+        }
+        bytes = larger;
+        const ssize_t count = file.Read(bytes + size, room - size, false);
+        if (count == -1) {
+            return ReadResult::kUnreadable;
+        }
+        size += static_cast<std::size_t>(count);
+        if (size != room) {
+            *text = {.bytes = bytes, .size = size};
+            return ReadResult::kRead;
+        }
     }
-    return memcpy_s(text->bytes + before, text->size + 1 - before, piece, count) == 0
-               ? ReadResult::kRead
-               : ReadResult::kUnreadable;
+    return ReadResult::kUnreadable;
 }
 
 }  // namespace
@@ -112,7 +103,7 @@ ReadResult ReadTextFile(const char* path, Arena* arena, Text* text) {
         return ReadResult::kUnreadable;
     }
     const off_t size = file.Size();
-    return size > 0 ? ReadSized(file, size, arena, text) : ReadRest(file, 0, arena, text);
+    return size > 0 ? ReadSized(file, size, arena, text) : ReadUnsized(file, arena, text);
 }
 
 }  // namespace paramgen

@@ -8,7 +8,7 @@
 
 namespace paramgen {
 
-/// A text in memory, with a terminating NUL.
+/// A text in memory. No NUL ends it.
 struct Text {
     char* bytes = nullptr;
     std::size_t size = 0;

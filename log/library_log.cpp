@@ -94,11 +94,10 @@ std::int32_t ZV_LOG_Printf(const char* module, std::int32_t level, const char* f
         return -1;
     }
     const WallClock now = ReadWallClock();
-    PrintOutput("[%02d:%02d:%02d:%03lld]", now.hour, now.minute, now.second, now.millisecond);
-    PrintOutput("[%s] ", module);
+    PrintOutput("[%02d:%02d:%02d:%03lld][%s] ", now.hour, now.minute, now.second, now.millisecond,
+                module);
     std::va_list args;
     va_start(args, format);
-    FlushOutput();
     std::vprintf(format, args);
     va_end(args);
     return 0;

@@ -7,32 +7,28 @@ namespace paramgen {
 namespace {
 
 char g_records[std::size_t{32} * 1024];
-std::size_t g_held = 0;  ///< how much of them
-bool g_isHolding = false;
+std::size_t g_held = 0;     ///< how much of them
+std::size_t g_heldMax = 0;  ///< how much may be; there is room for one more record
 
 }  // namespace
 
 HeldOutput::HeldOutput(bool isHolding) {
-    g_isHolding = isHolding;
+    g_heldMax = isHolding ? sizeof g_records - kRecordRoom : 0;
 }
 
 HeldOutput::~HeldOutput() {
     FlushOutput();
-    g_isHolding = false;
+    g_heldMax = 0;
 }
 
 char* RecordRoom() {
-    if (sizeof g_records - g_held < kRecordRoom) {
-        FlushOutput();
-    }
     return g_records + g_held;
 }
 
 void TakeRecord(std::size_t size) {
-    if (g_isHolding) {
-        g_held += size;
-    } else {
-        std::fwrite(g_records, 1, size, stdout);
+    g_held += size;
+    if (g_held > g_heldMax) {
+        FlushOutput();
     }
 }
 

@@ -22,7 +22,6 @@ protected:
         Text text;
         ASSERT_EQ(ReadTextFile(path.c_str(), &arena_, &text), ReadResult::kRead) << path;
         EXPECT_EQ(std::string(text.View()), expected) << path;
-        EXPECT_EQ(text.bytes[text.size], '\0') << path;
     }
 
     void ExpectUnreadable(const std::string& path) {
