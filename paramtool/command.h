@@ -28,6 +28,7 @@ void AddReport(CLI::App& app, int* status);
 void AddCompletion(CLI::App& app, int* status);
 void AddDecompile(CLI::App& app, int* status);
 void AddDeps(CLI::App& app, int* status);
+void AddExplain(CLI::App& app, int* status);
 void AddDiff(CLI::App& app, int* status);
 void AddDump(CLI::App& app, int* status);
 void AddGet(CLI::App& app, int* status);

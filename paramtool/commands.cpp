@@ -4,9 +4,9 @@ namespace paramgen::paramtool {
 
 const std::vector<AddCommand>& Commands() {
     static const std::vector<AddCommand> kCommands = {
-        AddCheck,  AddDump,   AddDiff,       AddIdentify, AddDecompile,
-        AddGet,    AddSet,    AddInit,       AddDeps,     AddReference,
-        AddLayout, AddReport, AddCompletion, AddComplete, AddManual,
+        AddCheck,  AddExplain,    AddDump,     AddDiff,   AddIdentify,  AddDecompile,
+        AddGet,    AddSet,        AddInit,     AddDeps,   AddReference, AddLayout,
+        AddReport, AddCompletion, AddComplete, AddManual,
     };
     return kCommands;
 }

@@ -22,6 +22,9 @@ def main():
         with open(noise, "wb") as file:
             file.write(bytes((i * i * 31 + i // 7) % 256 for i in range(29928)))
         for name, arguments, expected in [
+            ("explain", ["explain", "*", example], 0),
+            ("explain", ["explain", "venc.0:*"], 0),
+            ("explain", ["explain", "@9228", noise], 0),
             ("dump", ["dump", example], 0),
             ("dump", ["dump", noise], 0),
             ("diff", ["diff", example, example], 0),

@@ -1,0 +1,244 @@
+#include "paramtool/explanation.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "diagnostics/places.h"
+#include "image/entry.h"
+#include "output/shown_text.h"
+#include "output/table.h"
+
+namespace paramgen::paramtool {
+namespace {
+
+using layout::Value;
+using output::Json;
+using output::JsonText;
+using output::Shown;
+
+std::string NameOf(const Value& value) {
+    return value.HasKey() ? value.module + "/" + value.section + ":" + value.key : value.member;
+}
+
+bool IsSameKey(const Value& a, const Value& b) {
+    return a.HasKey() && a.module == b.module && a.section == b.section && a.key == b.key;
+}
+
+std::string Stored(const Value& value) {
+    char offset[32];
+    std::snprintf(offset, sizeof offset, "%u (0x%x)", value.offset, value.offset);
+    return std::string(layout::KindName(value.Kind())) + ", " + std::to_string(value.size) +
+           (value.size == 1 ? " byte at " : " bytes at ") + offset + ", " + value.member;
+}
+
+std::string DefaultOf(const Value& value) {
+    return value.HasDefault() ? std::to_string(value.Default()) : "";
+}
+
+std::vector<std::string> ConditionsOf(const Value& value) {
+    std::vector<std::string> words;
+    for (const layout::Condition& condition : value.conditions) {
+        words.push_back(layout::Words(condition));
+    }
+    return words;
+}
+
+std::string Joined(const std::vector<std::string>& texts) {
+    std::string joined;
+    for (const std::string& text : texts) {
+        joined += (joined.empty() ? "" : ", and ") + text;
+    }
+    return joined;
+}
+
+/// Rows of a name and a text; those without a text are left out.
+class Rows {
+public:
+    void Add(const std::string& name, const std::string& text) {
+        if (!text.empty()) {
+            table_.Add({"  " + (name == last_ ? "" : name), text});
+            last_ = name;
+        }
+    }
+
+    std::string Text() const { return table_.Text(); }
+
+private:
+    output::Table table_;
+    std::string last_;
+};
+
+std::string PlaceText(const diagnostics::Place& place) {
+    return place.file + ":" + std::to_string(place.line) + ":" + std::to_string(place.column);
+}
+
+void AddRelations(const Explanation& explanation, Rows* rows) {
+    for (const bool isOutward : {true, false}) {
+        for (const check::Relation& relation : explanation.relations) {
+            if (relation.isOutward == isOutward) {
+                rows->Add(isOutward ? "refers to" : "referred to by",
+                          relation.module + "/" + relation.section + ":" + relation.key + ": " +
+                              relation.reason);
+            }
+        }
+    }
+}
+
+/// What an image has of a key.
+void AddStored(const Explanation& explanation, const image::Input& input, Rows* rows) {
+    for (const Value* value : explanation.values) {
+        const image::Entry entry = image::EntryOf(input.image, *value);
+        std::string text =
+            value->Kind() == FieldKind::kText ? "'" + Shown(entry.text) + "'" : Shown(entry.text);
+        if (!entry.name.empty()) {
+            text += ", " + entry.name;
+        }
+        rows->Add("stored", text + (text.empty() ? "" : ", ") + "bytes " + entry.raw);
+    }
+    if (!image::IsRead(input.image, *explanation.values.front())) {
+        rows->Add("", "its key is not read here");
+    }
+}
+
+}  // namespace
+
+std::vector<Explanation> Explain(const std::vector<const Value*>& values) {
+    std::vector<Explanation> explanations;
+    for (const Value* value : values) {
+        const auto known = std::find_if(explanations.begin(), explanations.end(),
+                                        [&](const Explanation& explanation) {
+                                            return IsSameKey(*explanation.values.front(), *value);
+                                        });
+        if (known != explanations.end()) {
+            continue;
+        }
+        const layout::Key* key =
+            value->HasKey() ? layout::FindKey(value->modules.front(), value->section, value->key)
+                            : nullptr;
+        Explanation explanation;
+        explanation.values =
+            key == nullptr || key->values.empty() ? std::vector{value} : key->values;
+        if (value->HasKey()) {
+            explanation.relations =
+                check::RelationsOf(value->modules.front(), value->section, value->key);
+        }
+        explanations.push_back(std::move(explanation));
+    }
+    return explanations;
+}
+
+void AddPlaces(const tree::Product& product, std::vector<Explanation>* explanations) {
+    for (Explanation& explanation : *explanations) {
+        const Value& value = *explanation.values.front();
+        for (const std::string& name : value.modules) {
+            const tree::Module* module = product.FindModule(name);
+            const tree::Line* line = module == nullptr || explanation.place.has_value()
+                                         ? nullptr
+                                         : module->file->ini->Find(value.section + ":" + value.key);
+            if (line != nullptr && line->kind == tree::LineKind::kValue) {
+                explanation.place = diagnostics::PlaceOf(
+                    *module->file, *line, line->value.Size() == 0 ? line->name : line->value);
+                explanation.text = module->file->ini->TextOf(line->value);
+            }
+        }
+    }
+}
+
+std::string ExplanationText(const Explanation& explanation, const image::Input* input) {
+    const Value& value = *explanation.values.front();
+    Rows rows;
+    rows.Add("what", value.About());
+    rows.Add("of", value.context);
+    rows.Add("unit", value.Unit());
+    rows.Add("numbers", value.Numbers());
+    for (const Value* each : explanation.values) {
+        rows.Add("type", Stored(*each));
+    }
+    rows.Add("default", DefaultOf(value));
+    if (value.HasKey()) {
+        const std::string conditions = Joined(ConditionsOf(value));
+        rows.Add("read", conditions.empty() ? "always" : conditions);
+    }
+    AddRelations(explanation, &rows);
+    if (input != nullptr && input->isTree && value.HasKey()) {
+        rows.Add("set", explanation.place.has_value() ? Shown(PlaceText(*explanation.place)) +
+                                                            " to '" + Shown(explanation.text) + "'"
+                                                      : "nowhere");
+    }
+    if (input != nullptr) {
+        AddStored(explanation, *input, &rows);
+    }
+    return NameOf(value) + "\n" + rows.Text();
+}
+
+namespace {
+
+Json PlacesJson(const Explanation& explanation) {
+    Json places = Json::array();
+    for (const Value* value : explanation.values) {
+        places.push_back(
+            {{"offset", value->offset}, {"size", value->size}, {"member", value->member}});
+    }
+    return places;
+}
+
+Json RelationsJson(const Explanation& explanation, bool isOutward) {
+    Json relations = Json::array();
+    for (const check::Relation& relation : explanation.relations) {
+        if (relation.isOutward == isOutward) {
+            relations.push_back({{"module", relation.module},
+                                 {"section", relation.section},
+                                 {"key", relation.key},
+                                 {"reason", relation.reason}});
+        }
+    }
+    return relations;
+}
+
+void AddText(const char* name, const std::string& text, Json* json) {
+    if (!text.empty()) {
+        (*json)[name] = JsonText(text);
+    }
+}
+
+void AddTreeJson(const Explanation& explanation, Json* json) {
+    (*json)["isSet"] = explanation.place.has_value();
+    if (explanation.place.has_value()) {
+        (*json)["file"] = JsonText(explanation.place->file);
+        (*json)["line"] = explanation.place->line;
+        (*json)["column"] = explanation.place->column;
+        (*json)["text"] = JsonText(explanation.text);
+    }
+}
+
+}  // namespace
+
+Json ExplanationJson(const Explanation& explanation, const image::Input* input) {
+    const Value& value = *explanation.values.front();
+    Json json;
+    AddText("module", value.module, &json);
+    AddText("section", value.section, &json);
+    AddText("key", value.key, &json);
+    json["type"] = layout::KindName(value.Kind());
+    json["places"] = PlacesJson(explanation);
+    AddText("description", value.About(), &json);
+    AddText("unit", value.Unit(), &json);
+    AddText("numbers", value.Numbers(), &json);
+    if (value.HasDefault()) {
+        json["default"] = value.Default();
+    }
+    json["conditions"] = ConditionsOf(value);
+    json["refersTo"] = RelationsJson(explanation, true);
+    json["referredToBy"] = RelationsJson(explanation, false);
+    if (input != nullptr && input->isTree) {
+        AddTreeJson(explanation, &json);
+    }
+    if (input != nullptr) {
+        json["isRead"] = image::IsRead(input->image, value);
+        json["value"] = image::ValueJson(input->image, value);
+        json["raw"] = image::EntryOf(input->image, value).raw;
+    }
+    return json;
+}
+
+}  // namespace paramgen::paramtool
