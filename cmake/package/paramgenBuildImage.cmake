@@ -67,6 +67,11 @@ function(explain_failure status)
   message(FATAL_ERROR "${TREE}: paramgen failed (${status}); its log is ${OUTPUT}/paramgen.log")
 endfunction()
 
+# CMake's Makefiles add what a depfile lists to what it has listed before, and a file that is gone would
+# make the image anew in every build. Without what they remember they read the depfile alone.
+cmake_path(GET WORK FILENAME name)
+file(REMOVE "${WORK}/../../${name}.dir/compiler_depend.internal")
+
 file(REMOVE "${OUTPUT}/param.bin" "${OUTPUT}/paramdef.bin" "${OUTPUT}/paramgen.log")
 file(REMOVE_RECURSE "${WORK}/root")
 
