@@ -71,6 +71,7 @@ function showControls() {
 
 function listen() {
   filterForm.addEventListener("input", onFilter);
+  moduleChoice.addEventListener("change", onFilter);
   filterForm.addEventListener("submit", (event) => event.preventDefault());
   filterForm.addEventListener("reset", () => setTimeout(onFilter));
   document.getElementById("clear").addEventListener("click", () => {

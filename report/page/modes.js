@@ -77,6 +77,7 @@ function makeModes() {
   });
   for (const control of [comparisonChoice, onlyDifferences, modesQuery]) {
     control.addEventListener("input", showComparison);
+    control.addEventListener("change", showComparison);
   }
 }
 
