@@ -299,6 +299,7 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.browser.run("return document.getElementById('map-canvas').width"),
                          2 * width)
         self.assertEqual(self.find("#zoom").text, "2×")
+        self.browser.said()  # the browser's advice on reading pixels, which only this test does
 
     def test_media_modes_stand_side_by_side(self):
         self.open("#modes")
