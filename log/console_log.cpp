@@ -114,17 +114,17 @@ void ConsoleLogPrint(std::uint32_t level, const char* module, const char* functi
                      std::uint32_t line, const char* format, ...) {
     std::va_list args;
     va_start(args, format);
-    ConsoleLogPrintV(level, OrEmpty(module), function, line, format, args);
+    ConsoleLogPrintV(level, module, function, line, format, args);
     va_end(args);
 }
 
-void ConsoleLogPrintV(std::uint32_t level, std::string_view module, const char* function,
+void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* function,
                       std::uint32_t line, const char* format, std::va_list args) {
     if (level > g_settings.level || !g_settings.enabled) {
         return;
     }
     char* text = RecordRoom();
-    char* const message = Begin(&text, level, module, OrEmpty(function), line);
+    char* const message = Begin(&text, level, OrEmpty(module), OrEmpty(function), line);
     const std::size_t prefix = static_cast<std::size_t>(message - text);
     const int length =
         format == nullptr ? 0 : FormatPlain(message, kRecordRoom - prefix, format, args);

@@ -7,7 +7,6 @@
 
 #include <cstdarg>
 #include <cstdint>
-#include <string_view>
 
 namespace paramgen {
 
@@ -32,9 +31,8 @@ void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint3
                                                    const char* function, std::uint32_t line,
                                                    const char* format, ...);
 
-/// The same with the arguments in `args`. A NUL ends `module`, which is not null: most callers know
-/// its length when they are compiled.
-[[gnu::format(printf, 5, 0)]] void ConsoleLogPrintV(std::uint32_t level, std::string_view module,
+/// The same with the arguments in `args`.
+[[gnu::format(printf, 5, 0)]] void ConsoleLogPrintV(std::uint32_t level, const char* module,
                                                     const char* function, std::uint32_t line,
                                                     const char* format, std::va_list args);
 
