@@ -31,6 +31,7 @@ Json NoteJson(const Note& note) {
 Json FindingJson(const Finding& finding) {
     Json json;
     json["id"] = RuleOf(finding.id).name;
+    json["group"] = RuleOf(finding.id).group;
     json["severity"] = NameOf(finding.severity);
     AddPlace(finding.place, &json);
     json["message"] = JsonText(finding.message);

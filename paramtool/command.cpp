@@ -2,10 +2,12 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <map>
 
+#include "diagnostics/suggestion.h"
 #include "manual/layout_data.h"
 #include "output/shown_text.h"
 #include "report/sha256.h"
@@ -69,6 +71,24 @@ std::string VersionText() {
     return "paramtool " PARAMGEN_VERSION "\nlayout " + digest.substr(0, 16);
 }
 
+/// Whether the first argument is meant as a command, and no command has that name; says so.
+bool IsUnknownCommand(const CLI::App& app, int argc, const char* const* argv) {
+    const std::string name = argc > 1 ? argv[1] : "-";
+    std::vector<std::string> commands;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        commands.push_back(command->get_name());
+    }
+    if (name.starts_with('-') ||
+        std::find(commands.begin(), commands.end(), name) != commands.end()) {
+        return false;
+    }
+    const std::string nearest = diagnostics::Nearest(name, commands);
+    Tell("paramtool: there is no command '" + output::Shown(name) + "'" +
+         (nearest.empty() ? "" : "; did you mean '" + nearest + "'?"));
+    Tell("Run 'paramtool --help' for the commands.");
+    return true;
+}
+
 int ParseAndRun(int argc, const char* const* argv) {
     CLI::App app("Checks, explains, compares and edits the settings of camera products.",
                  "paramtool");
@@ -77,6 +97,9 @@ int ParseAndRun(int argc, const char* const* argv) {
     app.require_subcommand(1);
     for (const AddCommand add : Commands()) {
         add(app, &status);
+    }
+    if (IsUnknownCommand(app, argc, argv)) {
+        return kWrongUse;
     }
     try {
         app.parse(argc, argv);

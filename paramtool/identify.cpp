@@ -43,14 +43,21 @@ Self SelfOf(const image::Image& bytes) {
     return self;
 }
 
+/// How many keys of a tree differ from the image.
+std::string InWords(std::size_t keys) {
+    if (keys == 0) {
+        return "equal";
+    }
+    return std::to_string(keys) + (keys == 1 ? " key differs" : " keys differ");
+}
+
 std::string Text(const Self& self, const std::vector<Distance>& distances) {
     std::string text = "model:            " + output::Shown(self.model) +
                        "\nsoftware version: " + output::Shown(self.version) +
                        "\nflagged values:   " + std::to_string(self.flagged) + "\n";
     output::Table table;
     for (const Distance& distance : distances) {
-        table.Add({distance.keys == 0 ? "equal" : std::to_string(distance.keys) + " keys differ",
-                   output::Shown(distance.tree)});
+        table.Add({InWords(distance.keys), output::Shown(distance.tree)});
     }
     return text + table.Text();
 }

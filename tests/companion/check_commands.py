@@ -89,6 +89,8 @@ def check_deps():
 
 
 def check_wrong_use():
+    _, err = run("chekc", "product", expect=2)
+    require("no command 'chekc'; did you mean 'check'?" in err, err)
     run("dump", "nothing", expect=2)
     run("dump", expect=2)
     with open("short.bin", "wb") as file:

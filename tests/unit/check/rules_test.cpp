@@ -310,6 +310,7 @@ void ExpectForms(const std::vector<Finding>& findings) {
 
     const output::Json json = diagnostics::JsonReport(findings);
     EXPECT_EQ(json["findings"][0]["id"], id);
+    EXPECT_EQ(json["findings"][0]["group"], RuleOf(finding.id).group);
     EXPECT_EQ(json["findings"][0]["severity"], severity);
     EXPECT_EQ(json["findings"][0].contains("line"), finding.place.line != 0);
     EXPECT_EQ(json["errors"], finding.severity == Severity::kError ? 1 : 0);
