@@ -77,7 +77,8 @@ TEST(JsonReport, LeavesOutWhatDoesNotApply) {
     finding.message = "empty";
     EXPECT_EQ(
         JsonReport({finding}).dump(),
-        "{\"schema\":1,\"findings\":[{\"id\":\"empty-module\",\"severity\":\"warning\","
+        "{\"schema\":1,\"findings\":[{\"id\":\"empty-module\",\"group\":\"lost\",\"severity\":"
+        "\"warning\","
         "\"file\":\"a\xEF\xBF\xBD.ini\",\"message\":\"empty\"}],\"errors\":0,\"warnings\":1}");
 }
 
