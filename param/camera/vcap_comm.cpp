@@ -11,9 +11,7 @@ constexpr Field kVcapPipeChnCommFields[] = {
     FIELD(VcapPipeChnCommCfg, pixelFormat, "pixelformat", 0)
         .About("Pixel format")
         .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
-    FIELD(VcapPipeChnCommCfg, rotate, "rotate", 0)
-        .About("Rotation of the picture")
-        .Numbers("0 none, 1 90 degrees, 2 180 degrees, 3 270 degrees"),
+    FIELD(VcapPipeChnCommCfg, rotate, "rotate", 0).About("Rotation of the picture"),
     FIELD(VcapPipeChnCommCfg, mirror, "mirror", 0)
         .About("The picture is mirrored left to right"),  // read before flip, stored after it
     FIELD(VcapPipeChnCommCfg, flip, "flip", 0).About("The picture is flipped upside down"),

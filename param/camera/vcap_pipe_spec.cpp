@@ -26,8 +26,7 @@ constexpr Field kVcapIspPubFields[] = {
         .Unit("px"),
     RESERVED(VcapIspPubAttr, reserved).About("Reserved"),
     FIELD(VcapIspPubAttr, mirrorFlip, "isp_mirrorflip", 0)
-        .About("How the image processor turns the picture")
-        .Numbers("0 none, 1 mirror, 2 flip, 3 both"),
+        .About("How the image processor turns the picture"),
 };
 
 constexpr Field kVcapPipeChnSpecFields[] = {

@@ -32,8 +32,7 @@ constexpr Field kExtVportCommFields[] = {
         .About("Pixel format")
         .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
     FIELD(ExtVportCommCfg, cropEnable, "cropenable", 0)
-        .About("A part of the picture is cut out")
-        .Numbers("0 whole picture, 1 cut out"),  // stored before the formats
+        .About("A part of the picture is cut out"),  // stored before the formats
     FIELD(ExtVportCommCfg, lowDelayEnable, "lowdelayenable", 0)
         .About("Lines are handed on before the frame is complete"),
     FIELD(ExtVportCommCfg, lowDelayLine, "lowdelayline", 0)
@@ -48,15 +47,11 @@ constexpr TableOf<ExtVportCommCfg> kExtVportCommTable{"vpss.%d.extvport.%d", kEx
 constexpr Field kVportCommFields[] = {
     FIELD(VportCommCfg, enable, "enable", 0).About("The port is in use"),
     FIELD(VportCommCfg, handle, "vporthdl", 0).About("Handle of the port"),
-    FIELD(VportCommCfg, rotate, "rotate", 0)
-        .About("Rotation of the picture")
-        .Numbers("0 none, 1 90 degrees, 2 180 degrees, 3 270 degrees"),
+    FIELD(VportCommCfg, rotate, "rotate", 0).About("Rotation of the picture"),
     FIELD(VportCommCfg, mirror, "mirror", 0)
         .About("The picture is mirrored left to right"),  // read before flip, stored after it
     FIELD(VportCommCfg, flip, "flip", 0).About("The picture is flipped upside down"),
-    FIELD(VportCommCfg, cropEnable, "cropenable", 0)
-        .About("A part of the picture is cut out")
-        .Numbers("0 whole picture, 1 cut out"),
+    FIELD(VportCommCfg, cropEnable, "cropenable", 0).About("A part of the picture is cut out"),
     FIELD(VportCommCfg, videoFormat, "video_format", 0)
         .About("Video format")
         .Numbers("0 linear, 1 tile, 2 tile64"),  // stored after the two that follow

@@ -22,22 +22,17 @@ constexpr Field kStorageFields[] = {
 constexpr Field kGsensorFields[] = {
     FIELD(GsensorCfg, sensitivity, "sensitivity", 0)
         .At("gsensor")
-        .About("Sensitivity of the g-sensor while driving")
-        .Numbers("0 off, 1 low, 2 middle, 3 high"),
+        .About("Sensitivity of the g-sensor while driving"),
     FIELD(GsensorCfg, parkingSensitivity, "sensitivity", 0)
         .At("parking")
-        .About("Sensitivity of the g-sensor while parked")
-        .Numbers("0 off, 1 low, 2 middle, 3 high"),
+        .About("Sensitivity of the g-sensor while parked"),
     CONSTANT(GsensorCfg, reserved, 0).About("Always 0"),
 };
 
 constexpr Field kSysFields[] = {
     FIELD(SysCfg, keyTone, "enable", 0).At("keytone").About("Keys make a tone"),
     FIELD(SysCfg, bootSound, "enable", 0).At("bootsound").About("A sound is played at power-on"),
-    FIELD(SysCfg, language, "system_language", 0)
-        .At("language")
-        .About("Language of the menus")
-        .Numbers("0 Chinese, 1 English, 2 German, 3 French, 4 Spanish"),
+    FIELD(SysCfg, language, "system_language", 0).At("language").About("Language of the menus"),
     FIELD(SysCfg, buzzer, "enable", 0).At("buzzer").About("The buzzer is on"),
 };
 

@@ -30,12 +30,8 @@ constexpr Field kOsdDisplayFields[] = {
 constexpr TableOf<OsdDisplayCfg> kOsdDisplayTable{"%s.display.%u", kOsdDisplayFields};
 
 constexpr Field kOsdEntryFields[] = {
-    LOADED(OsdEntryCfg, type, "type", 4)
-        .About("What the overlay shows")
-        .Numbers("0 date and time, 1 fixed text, 2 bitmap, 3 speed and position, 4 nothing"),
-    FIELD(OsdEntryCfg, timeFormat, "timefmt", 0)
-        .About("Format of the date")
-        .Numbers("0 YYYY-MM-DD, 1 DD.MM.YYYY, 2 MM/DD/YYYY"),
+    LOADED(OsdEntryCfg, type, "type", 4).About("What the overlay shows"),
+    FIELD(OsdEntryCfg, timeFormat, "timefmt", 0).About("Format of the date"),
     FIELD(OsdEntryCfg, text, "string").About("The text, or the file name of the bitmap"),
     FIELD(OsdEntryCfg, color, "color", 0).About("Colour: red * 65536 + green * 256 + blue"),
     FIELD(OsdEntryCfg, backgroundColor, "bg_color", 0)

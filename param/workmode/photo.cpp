@@ -24,8 +24,6 @@ constexpr Field kPhotoBurstFields[] = {
     QUERY(PhotoBurstCfg, mediaMode, "mediamode").About("Media mode of bursts"),
     FIELD(PhotoBurstCfg, type, "burst_type", 0)
         .Label("LoadIntValueByNodePrefix")
-        .Numbers(
-            "0 3 in 1, 1 5 in 1, 2 10 in 1, 3 15 in 1, 4 30 in 1, 5 20 in 2, 6 30 in 2, 7 30 in 3")
         .About("Shots in seconds")
         .Numbers(
             "0 3 in 1, 1 5 in 1, 2 10 in 1, 3 15 in 1, 4 30 in 1, 5 20 in 2, 6 30 in 2, 7 30 in 3"),
@@ -35,13 +33,10 @@ constexpr TableOf<PhotoSourceCfg> kPhotoSourceTable{nullptr, kPhotoSourceFields}
 constexpr TableOf<PhotoBurstCfg> kPhotoBurstTable{nullptr, kPhotoBurstFields};
 
 constexpr Field kPhotoTypeFields[] = {
-    FIELD(PhotoTypeCfg, type, "type", 0)
-        .About("Kind of photo that the mode starts with")
-        .Numbers("0 single, 1 time lapse, 2 burst"),
+    FIELD(PhotoTypeCfg, type, "type", 0).About("Kind of photo that the mode starts with"),
     FIELD(PhotoTypeCfg, singleOutputFormat, "outputformat", 0)
         .Under("phototype.%u.single")
-        .About("Format of single photos")
-        .Numbers("0 JPEG, 1 raw, 2 both"),
+        .About("Format of single photos"),
     FIELD(PhotoTypeCfg, lapseInterval, "interval_time", 0)
         .Under("phototype.%u.lapse")
         .About("Time between two photos")

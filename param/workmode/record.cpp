@@ -18,7 +18,7 @@ constexpr Field kRecCommFields[] = {
     QUERY(RecCommCfg, thumbnailType, "thm_type", 0)
         .At("record.common")
         .About("Where the thumbnail is")
-        .Numbers("0 a file of its own, 1 embedded in the video, 2 none"),
+        .Numbers("0 independent, 1 embedded, 2 none"),
     QUERY(RecCommCfg, repairUnit, "repaire_unit", 0)
         .At("record.common")
         .About("Data after which repair information is written")
@@ -63,9 +63,7 @@ constexpr Field kRecAttrFields[] = {
     FIELD(RecAttrCfg, playFrameRate, "playfps", 0)
         .About("Frame rate of time lapse files")
         .Unit("fps"),
-    FIELD(RecAttrCfg, recordType, "record_type", 0)
-        .About("Type of the recording")
-        .Numbers("0 loop, 1 time lapse, 2 loop with events"),
+    FIELD(RecAttrCfg, recordType, "record_type", 0).About("Type of the recording"),
     FIELD(RecAttrCfg, lapseInterval, "lapse_interval", 0)
         .About("Time between two frames of a time lapse")
         .Unit("ms"),

@@ -19,7 +19,7 @@ TEST(FormatTable, HasOneLineForAValue) {
     EXPECT_THAT(
         FormatTable("devMng"),
         HasSubstr("| 24336 | 4 | i32 | `language:system_language` | `devmng` | 0 | Language "
-                  "of the menus: 0 Chinese, 1 English, 2 German, 3 French, 4 Spanish |\n"));
+                  "of the menus |\n"));
     EXPECT_THAT(FormatTable("devMng"), Not(HasSubstr("filemng")));
 }
 
