@@ -39,9 +39,12 @@ struct Secret {
 };
 
 /// Made of random bytes that the system gives each process at its start: it takes no system call.
-Secret NewSecret() {
+Secret NewSecret() noexcept {
     Secret secret = {.start = 0, .factor = static_cast<Word>(0x9E3779B97F4A7C15U)};
-    const auto* random = reinterpret_cast<const void*>(getauxval(AT_RANDOM));  // 16 bytes
+    const unsigned long address = getauxval(AT_RANDOM);  // of 16 bytes
+    const void* random = nullptr;
+    static_assert(sizeof random == sizeof address);
+    std::memcpy(&random, &address, sizeof random);
     if (random != nullptr) {
         std::memcpy(&secret, random, sizeof secret);
     }

@@ -34,8 +34,9 @@ Status PDT_INIPARAM_LoadIntValueByNodePrefix(const char* module, const char* pre
                                              const char* key, std::int32_t defaultValue,
                                              std::int32_t* value) {
     if (prefix == nullptr || key == nullptr) {
-        CALL_OR_RETURN(ZV_CONFACCESS_GetInt(kProductConfig, module, nullptr, defaultValue, value),
-                       kNoKey);
+        AT_THIS_LINE_ return LogFailed(
+            __func__, line_, kNoKey,
+            ZV_CONFACCESS_GetInt(kProductConfig, module, nullptr, defaultValue, value));
     }
     return PDT_INIPARAM_LoadIntValueByNodePrefix(ProductModule(module), std::string_view(prefix),
                                                  std::string_view(key), defaultValue, value);
@@ -58,8 +59,9 @@ Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* pr
                                               const char* key, std::int32_t defaultValue,
                                               std::uint32_t* value) {
     if (prefix == nullptr || key == nullptr) {
-        CALL_OR_RETURN(ZV_CONFACCESS_GetInt(kProductConfig, module, nullptr, defaultValue, nullptr),
-                       kNoKey);
+        AT_THIS_LINE_ return LogFailed(
+            __func__, line_, kNoKey,
+            ZV_CONFACCESS_GetInt(kProductConfig, module, nullptr, defaultValue, nullptr));
     }
     return PDT_INIPARAM_LoadUintValueByNodePrefix(ProductModule(module), std::string_view(prefix),
                                                   std::string_view(key), defaultValue, value);
@@ -82,7 +84,9 @@ Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const ProductModule& module, std::
 Status PDT_INIPARAM_LoadBoolValueByNodePrefix(const char* module, const char* prefix,
                                               const char* key, Bool32 defaultValue, Bool32* value) {
     if (prefix == nullptr || key == nullptr) {
-        CALL_OR_RETURN(ZV_CONFACCESS_GetBool(kProductConfig, module, nullptr, 0, nullptr), kNoKey);
+        AT_THIS_LINE_ return LogFailed(
+            __func__, line_, kNoKey,
+            ZV_CONFACCESS_GetBool(kProductConfig, module, nullptr, 0, nullptr));
     }
     return PDT_INIPARAM_LoadBoolValueByNodePrefix(ProductModule(module), std::string_view(prefix),
                                                   std::string_view(key), defaultValue, value);
