@@ -31,7 +31,7 @@ std::string InOtherCase(const std::filesystem::path& directory, const std::strin
     std::error_code error;
     std::filesystem::directory_iterator it(directory, error);
     for (; !error && it != std::filesystem::directory_iterator(); it.increment(error)) {
-        const std::string found = it->path().filename().string();
+        std::string found = it->path().filename().string();
         if (tree::LowerCase(found) == tree::LowerCase(name)) {
             return found;
         }

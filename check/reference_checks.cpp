@@ -12,7 +12,6 @@ namespace paramgen::check {
 namespace {
 
 using diagnostics::Finding;
-using diagnostics::Note;
 using diagnostics::RuleId;
 
 class ReferenceChecker {

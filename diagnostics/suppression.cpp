@@ -30,7 +30,7 @@ public:
 
     std::string Next() {
         const std::size_t length = std::min(rest_.find_first_of(" \t\r\v\f("), rest_.size());
-        const std::string word(rest_.substr(0, length));
+        std::string word(rest_.substr(0, length));
         rest_.remove_prefix(length);
         SkipSpace();
         return word;

@@ -151,7 +151,8 @@ bool UsesColor(ColorChoice choice, int descriptor) {
     if (IsSet("NO_COLOR")) {
         return false;
     }
-    if (IsSet("CLICOLOR_FORCE") && std::strcmp(std::getenv("CLICOLOR_FORCE"), "0") != 0) {
+    const char* force = std::getenv("CLICOLOR_FORCE");
+    if (force != nullptr && *force != '\0' && std::strcmp(force, "0") != 0) {
         return true;
     }
     const char* terminal = std::getenv("TERM");

@@ -144,6 +144,7 @@ private:
 
 void WriteWholeFiles(const std::vector<NewContent>& files) {
     std::vector<std::unique_ptr<StagedFile>> staged;
+    staged.reserve(files.size());
     for (const NewContent& file : files) {
         staged.push_back(std::make_unique<StagedFile>(file));
     }

@@ -153,8 +153,9 @@ std::optional<std::string> AddKey(const IniFile& file, std::string_view key,
     const auto beforeLast = static_cast<std::uint32_t>(lastLine == bytes.npos ? 0 : lastLine + 1);
     const std::string end = file.lines().empty() ? "\n" : LineEnd(bytes, file.lines().back().text);
     for (const std::string& spelling : Spellings(value)) {
-        const std::string header = "[" + std::string(key.substr(0, colon)) + "]" + end;
-        const std::string alone = header + std::string(item) + " = " + spelling + end;
+        std::string alone = "[";
+        alone.append(key.substr(0, colon)).append("]").append(end);
+        alone.append(item).append(" = ").append(spelling).append(end);
         std::vector<std::string> tries;
         if (last != nullptr) {
             tries.push_back(
