@@ -80,8 +80,8 @@ if(PARAMGEN_COVERAGE)
   endif()
   # Only what ships is counted. Atomic, since threads count too.
   set(profiles "-fprofile-instr-generate=${PROJECT_BINARY_DIR}/profiles/%4m.profraw")
-  target_compile_options(paramgen_program_flags INTERFACE
-    ${profiles} -fcoverage-mapping -fprofile-update=atomic)
+  set(PARAMGEN_COVERAGE_OPTIONS ${profiles} -fcoverage-mapping -fprofile-update=atomic)
+  target_compile_options(paramgen_program_flags INTERFACE ${PARAMGEN_COVERAGE_OPTIONS})
   add_link_options(${profiles})
 endif()
 
