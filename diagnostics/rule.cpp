@@ -5,7 +5,6 @@
 #include <iterator>
 
 namespace paramgen::diagnostics {
-namespace {
 
 constexpr std::string_view kEntry = "entry";
 constexpr std::string_view kLost = "lost";
@@ -146,8 +145,6 @@ constexpr Rule kRules[] = {
      "A suppression silences nothing.",
      "What it was for is gone, is an error, or has another id. Remove it."},
 };
-
-}  // namespace
 
 std::span<const Rule> Rules() {
     return kRules;

@@ -4,7 +4,6 @@
 #include "safestr/safestr.h"
 
 namespace paramgen {
-namespace {
 
 constexpr Field kHeaderFields[] = {
     CONSTANT(ImageHeader, magic, kImageMagic)
@@ -33,8 +32,6 @@ constexpr Field kImageFields[] = {
     RECORD(ParamImage, cam, kCamMediaTable),
     RESERVED(ParamImage, gap).About("Brings the cameras to an 8-byte boundary"),
 };
-
-}  // namespace
 
 constexpr TableOf<ParamImage> kImageTable{nullptr, kImageFields};
 

@@ -5,11 +5,8 @@
 #include "output/shown_text.h"
 
 namespace paramgen::output {
-namespace {
 
 constexpr std::size_t kGap = 2;
-
-}  // namespace
 
 void Table::Add(std::vector<std::string> row) {
     rows_.push_back(std::move(row));

@@ -5,7 +5,7 @@
 namespace paramgen {
 
 constexpr Field kCamMediaModeFields[] = {
-    // Its label speaks of another key; whoever reads the log knows it by that name.
+    // The label names another key. Readers of the log know this failure by it.
     FIELD(CamMediaModeCfg, camId, "camid", 0)
         .Label("wifi.info:enable")
         .About("Number of the camera"),

@@ -1,4 +1,4 @@
-/// Which camera a work mode uses, and in which media mode. Shared with the work modes.
+/// The camera that a work mode uses, and its media mode. The work mode section uses this file too.
 #pragma once
 
 #include <cstdint>
@@ -12,14 +12,14 @@ namespace paramgen {
 /// A camera and its media mode. 8 bytes.
 struct CamMediaModeCfg {
     std::int32_t camId;
-    MediaMode mediaMode;  ///< left as it is when the key is absent
+    MediaMode mediaMode;  ///< unchanged when the key is absent
 };
 static_assert(sizeof(CamMediaModeCfg) == 8);
 
 extern const TableOf<CamMediaModeCfg> kCamMediaModeTable;
 
-/// Reads `cfg` under the node `prefix` of `module`. Returns 0 or the code of the first failing
-/// step, having logged it; -1 for an unknown media mode.
+/// Loads `cfg` from the node `prefix` of `module`. Returns 0, or the code of the first step that
+/// failed, having logged it; -1 for an unknown media mode and when `cfg` is null.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamMediaModeCfg(const char* module, const char* prefix,
                                                       CamMediaModeCfg* cfg);
 

@@ -37,7 +37,7 @@ Status PDT_INIPARAM_LoadCamFuncAttr(const char* module, CamMediaCfg* cam) {
     return kOk;
 }
 
-// One function in spite of its length: every record of a camera's blocks goes by its name.
+// Not split in spite of its length: its name stands in the log records of all blocks of a camera.
 Status PDT_INIPARAM_LoadCamMediaCfg(CamMediaCfg* cams, std::uint32_t count) {
     REQUIRE_RECORD_OR_RETURN(cams);
     for (std::uint32_t c = 0; c < count && c < kCamCount; ++c) {

@@ -1,5 +1,5 @@
-/// Camera section: one unit per camera, with its switches, what its media modes have in common for
-/// recording, photo and playback, and its selectable media modes.
+/// Camera section: for each camera its switches, the common settings of its media modes for
+/// recording, photo and playback, and its media modes.
 #pragma once
 
 #include <cstddef>
@@ -30,9 +30,9 @@ struct CamMediaCfg {
     CamFuncAttr func;
     CamMediaModeCommCfg record;
     CamMediaModeCommCfg photo;
-    CamMediaModeCommCfg playback;  ///< zero when the product has no such module
+    CamMediaModeCommCfg playback;  ///< zero when the product has no module for it
     std::byte reserved[4];
-    CamMediaModeSpecCfg mediaModes[kCamMediaModeSpecCount];  ///< zero where there is no such module
+    CamMediaModeSpecCfg mediaModes[kCamMediaModeSpecCount];  ///< zero where the module is missing
 };
 static_assert(sizeof(CamMediaCfg) == 12832);
 static_assert(offsetof(CamMediaCfg, func) == 4);
@@ -45,12 +45,12 @@ static_assert(offsetof(CamMediaCfg, mediaModes) == 3512);
 extern const TableOf<CamFuncAttr> kCamFuncTable;
 extern const TableOf<CamMediaCfg> kCamMediaTable;
 
-/// Loads the switches of `cam`. Returns 0 or the code of the first failing step, having logged it.
+/// Loads the switches of `cam` from `module`. Returns 0, or the code of the first step that failed,
+/// having logged it; -1 when `cam` is null.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamFuncAttr(const char* module, CamMediaCfg* cam);
 
-/// Loads the first `count` of `cams`, but never more than the image holds. Returns 0 or the code of
-/// the first failing step, having logged it; -1 when `cams` is null. What was loaded before a
-/// failure stays.
+/// Loads the first `count` of `cams`, at most `kCamCount`. Returns 0, or the code of the first step
+/// that failed, having logged it; -1 when `cams` is null. What was loaded before a failure stays.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamMediaCfg(CamMediaCfg* cams, std::uint32_t count);
 
 }  // namespace paramgen

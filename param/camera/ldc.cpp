@@ -52,7 +52,7 @@ constexpr Field kLdcV3Fields[] = {
     FIELD(LdcV3Attr, coefIntpRatio, "coef_intp_ratio", 0)
         .About("Part of the next calibration in the blend of the two")
         .Unit("%"),
-    // Element by element: of each number the next calibration's comes first.
+    // Read element by element. Of each index, the next calibration's coefficient comes first.
     QUERY(LdcV3Attr, srcCalibrationRatioNext, "src_calibration_ratio_next%d", 0)
         .About("Coefficient of the next calibration")
         .Unit("1/100000"),
@@ -79,12 +79,12 @@ constexpr TableOf<VcapLDCAttr> kVcapLDCTable{nullptr, kVcapLDCFields};
 
 namespace {
 
-/// For what a module is looked for.
+/// Which kind of loader searches for a module. It only decides the text of a log record.
 enum class LdcUser : std::uint8_t { kChannel, kGroup };
 
-/// Looks for the module that serves `wanted`, for the loader at `site`. `module` is its name then;
-/// empty when there is none. A module that names no media mode serves the one that the module
-/// before it named.
+/// Searches for the module that serves `wanted`, and stores its name in `module`; an empty name
+/// when there is none. A module without a media mode serves that of the module before it. Logs
+/// under the loader's name and line, `site`.
 Status FindLdcModule(CallSite site, LdcUser user, MediaMode wanted, Key* module) {
     MediaMode served = kMediaModeNone;
     for (std::uint32_t i = 0; i < kLdcSearch.count; ++i) {
@@ -112,7 +112,8 @@ Status FindLdcModule(CallSite site, LdcUser user, MediaMode wanted, Key* module)
     return kOk;
 }
 
-/// Loads both models from `module`, for the loader at `site`.
+/// Loads both models, with their switches, from `module`. Logs under the loader's name and line,
+/// `site`.
 Status LoadBothModels(CallSite site, const char* module, VcapLDCAttr* attr) {
     constexpr const Field& kV1Enable = ROW(kVcapLDCTable, v1Enable);
     constexpr const Field& kV3Enable = ROW(kVcapLDCTable, v3Enable);
@@ -175,7 +176,7 @@ Status PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(MediaMode mode, VcapLDCAttr* a
     if (status != kOk || module.View().empty()) {
         return status;
     }
-    // The label is an earlier name of the loader, and the one that the log has always had.
+    // The label is an earlier name of the loader. It stays as it is: other programs read the log.
     CALL_OR_RETURN(PDT_INITPARAM_LoadVcapLDCAttr(module.c_str(), attr),
                    "PDT_INITPARAM_LoadVcapPipeChnLDCAttr");
     return kOk;

@@ -1,9 +1,8 @@
-/// Lens-distortion correction. Its values stand in modules of their own, each of which serves one
-/// media mode; a capture channel and a processing group take those of the module that serves
-/// theirs.
+/// Lens-distortion correction. Its values are in modules of their own. Each of these modules serves
+/// one media mode; capture channels and processing groups use the module that serves their mode.
 ///
-/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays.
+/// Every loader returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +17,7 @@ namespace paramgen {
 
 inline constexpr std::size_t kLdcCalibrationCount = 9;
 
-/// The first model: one distortion figure. 28 bytes.
+/// The first model: one distortion ratio. 28 bytes.
 struct LdcV1Attr {
     Bool32 aspect;
     std::int32_t xRatio;
@@ -59,10 +58,10 @@ static_assert(sizeof(VcapLDCAttr) == 144);
 static_assert(offsetof(VcapLDCAttr, v3Enable) == 32);
 static_assert(offsetof(VcapLDCAttr, v3) == 36);
 
-/// The modules: camera 0, configurations 0 and 1.
+/// Template of the modules' names. It takes the camera and the configuration.
 inline constexpr char kLdcModule[] = "cam%d_ldccfg_%d";
 
-/// The search for the calibrations of a media mode. They are those of camera 0.
+/// The search for the module that serves a media mode. Only camera 0 has such modules.
 inline constexpr ModuleSearch kLdcSearch = {
     .modules = kLdcModule, .key = "common:mediamode", .camera = 0, .count = 2};
 
@@ -70,22 +69,25 @@ extern const TableOf<LdcV1Attr> kLdcV1Table;
 extern const TableOf<LdcV3Attr> kLdcV3Table;
 extern const TableOf<VcapLDCAttr> kVcapLDCTable;
 
+/// Loads the first model from `module`.
 [[nodiscard]] Status PDT_INIPARAM_LoadLDCV1Attr(const char* module, LdcV1Attr* attr);
+
+/// Loads the third model from `module`.
 [[nodiscard]] Status PDT_INIPARAM_LoadLDCV3Attr(const char* module, LdcV3Attr* attr);
 
-/// Loads the two calibrations of the third model.
+/// Loads the coefficients of the third model's two calibrations from `module`.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamLDCV3MatrixCfg(const char* module, LdcV3Attr* attr);
 
-/// Loads both models of a capture channel from `module`.
+/// Loads both models of a capture channel, with their switches, from `module`.
 [[nodiscard]] Status PDT_INITPARAM_LoadVcapLDCAttr(const char* module, VcapLDCAttr* attr);
 
-/// Loads both models of a capture channel from the first module that serves `mode`; without one,
-/// `attr` stays as it is. A module that names no media mode serves the one that the module before
-/// it named or, when there was none, `kMediaModeNone`. Returns -1 when a module names an unknown
+/// Loads both models of a capture channel from the first module that serves `mode`. `attr` stays
+/// unchanged when there is no such module. A module without a media mode serves that of the module
+/// before it; the first one serves `kMediaModeNone` then. Returns -1 when a module names an unknown
 /// media mode.
 [[nodiscard]] Status PDT_INITPARAM_LoadCorrespondingVcapLDCAttr(MediaMode mode, VcapLDCAttr* attr);
 
-/// The same for a processing group.
+/// Loads both models of a processing group in the same way.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVportSpecLDCCfg(MediaMode mode, VcapLDCAttr* attr);
 
 }  // namespace paramgen

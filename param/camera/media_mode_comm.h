@@ -1,8 +1,9 @@
-/// Media-mode common block: what all media modes of a camera's use (recording, photo, playback)
-/// have in common.
+/// Media-mode common block: the settings that all media modes of a camera share, once each for
+/// recording, photo and playback.
 ///
-/// Every loader takes the module to read, and the record to fill; it returns 0 or the code of its
-/// first failing step, having logged it. What was loaded before a failure stays.
+/// Every loader takes the module to read, and the record to fill; it returns 0, or the code of the
+/// first step that failed, having logged it. What was loaded before a failure stays. A null record
+/// fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -43,6 +44,7 @@ static_assert(offsetof(CamMediaModeCommCfg, dispCrop) == 1148);
 extern const TableOf<DispCropCfg> kDispCropTable;
 extern const TableOf<CamMediaModeCommCfg> kCamMediaModeCommTable;
 
+/// Loads the crop of the display window.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamDispCropCfg(const char* module, DispCropCfg* cfg);
 
 /// Loads the whole block.

@@ -1,4 +1,4 @@
-/// What a camera's pipeline is set to in one media mode.
+/// The settings of a camera's pipeline in one media mode.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ namespace paramgen {
 
 inline constexpr std::uint32_t kVpssSpecCount = 1;
 
-/// How a capture pipe hands its picture to video processing. 8 bytes.
+/// How a capture pipe passes its pictures to video processing. 8 bytes.
 struct VcapPipeModeCfg {
     std::int32_t vcapPipeHdl;
     std::int32_t viVpssMode;
@@ -25,7 +25,7 @@ static_assert(sizeof(VcapPipeModeCfg) == 8);
 
 /// One media mode. 1864 bytes.
 struct CamMediaModeSpecCfg {
-    MediaMode mediaMode;  ///< left as it is when the key is absent
+    MediaMode mediaMode;  ///< unchanged when the key is absent
     VcapPipeModeCfg vcapPipes[kVcapPipeSpecCount];
     std::byte reserved[4];
     VBSpecCfg vb;
@@ -43,8 +43,9 @@ static_assert(offsetof(CamMediaModeSpecCfg, venc) == 1676);
 extern const TableOf<VcapPipeModeCfg> kVcapPipeModeTable;
 extern const TableOf<CamMediaModeSpecCfg> kCamMediaModeSpecTable;
 
-/// Loads one media mode from `module`. Returns 0 or the code of the first failing step, having
-/// logged it; -1 when the module names an unknown media mode. What was loaded before stays.
+/// Loads one media mode from `module`. Returns 0, or the code of the first step that failed, having
+/// logged it; -1 when the module names an unknown media mode, and when `cfg` is null. What was
+/// loaded before a failure stays.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaModeSpecCfg(const char* module,
                                                        CamMediaModeSpecCfg* cfg);
 

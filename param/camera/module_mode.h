@@ -1,4 +1,4 @@
-/// The media mode that a module of the camera is about.
+/// The media mode that a module of the camera belongs to.
 #pragma once
 
 #include "confaccess/status.h"
@@ -6,9 +6,9 @@
 
 namespace paramgen {
 
-/// Stores in `mode` the media mode that `module` names under the full key `key`. `mode` stays as it
-/// is when the module does not name one or cannot be asked; neither is a failure. Returns -1 for an
-/// unknown media mode, which the caller labels.
+/// Stores in `mode` the media mode under the full key `key` of `module`. `mode` stays unchanged
+/// when the key is absent or the query fails; neither is an error. Returns -1 for an unknown media
+/// mode, having logged its name; the caller logs its label.
 [[nodiscard]] Status ReadModuleMode(const char* module, const char* key, MediaMode* mode);
 
 }  // namespace paramgen

@@ -13,7 +13,7 @@ inline constexpr std::uint32_t kVBPoolCount = 8;
 
 /// One pool. 16 bytes.
 struct VBPoolCfg {
-    std::uint64_t blkSize;  ///< of a block, in bytes; a negative size keeps its sign
+    std::uint64_t blkSize;  ///< of a block, in bytes; sign-extended from 32 bits
     std::uint32_t blkCount;
     std::byte reserved[4];
 };
@@ -31,9 +31,9 @@ static_assert(offsetof(VBSpecCfg, pools) == 8);
 extern const TableOf<VBPoolCfg> kVBPoolTable;
 extern const TableOf<VBSpecCfg> kVBSpecTable;
 
-/// Loads the pool count and that many pools from `module`; the other pools stay as they are.
-/// Returns 0 or the code of the first failing step, having logged it; -1 for more than 8 pools, the
-/// count being stored then.
+/// Loads the pool count and that many pools from `module`; the other pools stay unchanged. Returns
+/// 0, or the code of the first step that failed, having logged it; -1 when `cfg` is null, and for
+/// more than 8 pools, after storing the count.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVBSpecCfg(const char* module, VBSpecCfg* cfg);
 
 }  // namespace paramgen

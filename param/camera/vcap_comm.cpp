@@ -13,7 +13,7 @@ constexpr Field kVcapPipeChnCommFields[] = {
         .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
     FIELD(VcapPipeChnCommCfg, rotate, "rotate", 0).About("Rotation of the picture"),
     FIELD(VcapPipeChnCommCfg, mirror, "mirror", 0)
-        .About("The picture is mirrored left to right"),  // read before flip, stored after it
+        .About("The picture is mirrored left to right"),  // read before flip, but stored after it
     FIELD(VcapPipeChnCommCfg, flip, "flip", 0).About("The picture is flipped upside down"),
     FIELD(VcapPipeChnCommCfg, brightness, "brightness", 0).About("Brightness of the picture"),
     FIELD(VcapPipeChnCommCfg, saturation, "saturation", 0).About("Saturation of the picture"),

@@ -1,9 +1,9 @@
 /// Capture settings that all modes of a media-mode common block share: the capture device, its
 /// pipes and their channels.
 ///
-/// Every loader takes the module to read, the numbers that its node names, and the record to fill;
-/// it returns 0 or the code of its first failing step, having logged it. What was loaded before a
-/// failure stays.
+/// Every loader takes the module to read, the numbers that its node takes, and the record to fill;
+/// it returns 0, or the code of the first step that failed, having logged it. What was loaded
+/// before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -49,7 +49,7 @@ struct VcapPipeCommCfg {
 static_assert(sizeof(VcapPipeCommCfg) == 64);
 static_assert(offsetof(VcapPipeCommCfg, chns) == 16);
 
-/// Noise reduction by a trained model. No key fills it yet. 156 bytes.
+/// Noise reduction by a trained model. It has no keys yet. 156 bytes.
 struct VcapAibnrAttr {
     std::int32_t enable;
     std::byte reserved1[4];
@@ -83,28 +83,30 @@ extern const TableOf<VcapPipeCommCfg> kVcapPipeCommTable;
 extern const TableOf<VcapAibnrAttr> kVcapAibnrTable;
 extern const TableOf<VcapCommCfg> kVcapCommTable;
 
-/// A channel's members up to its colours, and those from its low delay on.
+/// Loads a channel's members from `enable` to `saturation`.
 [[nodiscard]] Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartOne(const char* module,
                                                                 std::int32_t pipe, std::int32_t chn,
                                                                 VcapPipeChnCommCfg* cfg);
+
+/// Loads a channel's members from `lowDelayEnable` on.
 [[nodiscard]] Status PDT_INIPARAM_LoadVcapPipeChnCommCfgPartTwo(const char* module,
                                                                 std::int32_t pipe, std::int32_t chn,
                                                                 VcapPipeChnCommCfg* cfg);
 
-/// Both parts of a channel.
+/// Loads both parts of a channel.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeChnCommCfg(const char* module, std::int32_t pipe,
                                                             std::int32_t chn,
                                                             VcapPipeChnCommCfg* cfg);
 
-/// A pipe with its channels.
+/// Loads a pipe with its channels.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeCommCfg(const char* module, std::int32_t pipe,
                                                          VcapPipeCommCfg* cfg);
 
-/// The two places where the model's noise reduction will be read: nothing yet.
+/// These two will load the model's noise reduction. They read nothing yet.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapAibnrAttr(const char* module, VcapCommCfg* cfg);
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapAibnrModelAttr(const char* module, VcapCommCfg* cfg);
 
-/// The device with all its pipes.
+/// Loads the device with all its pipes.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapCommCfg(const char* module, VcapCommCfg* cfg);
 
 }  // namespace paramgen

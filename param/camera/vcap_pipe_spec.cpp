@@ -53,7 +53,7 @@ constexpr Field kVcapPipeChnSpecFields[] = {
 
 constexpr TableOf<VcapFrameRateCfg> kVcapFrameRateTable{"vcap.pipe.%d", kVcapFrameRateFields};
 constexpr TableOf<VcapIspPubAttr> kVcapIspPubTable{nullptr, kVcapIspPubFields};
-// "chl": what is common to all media modes stands under "chn".
+// "chl", not "chn": the keys that all media modes share are under "chn".
 constexpr TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable{"vcap.pipe.%d.chl.%d",
                                                             kVcapPipeChnSpecFields};
 

@@ -1,7 +1,7 @@
 /// The capture pipes of one media mode, each with its channel.
 ///
-/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays.
+/// Every loader returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -17,14 +17,14 @@ namespace paramgen {
 
 inline constexpr std::uint32_t kVcapPipeSpecChnCount = 1;
 
-/// Frames a second that come in and go out; -1 as they come. 8 bytes.
+/// Input and output frame rates, in frames per second; -1: unchanged. 8 bytes.
 struct VcapFrameRateCfg {
     std::int32_t src;
     std::int32_t dst;
 };
 static_assert(sizeof(VcapFrameRateCfg) == 8);
 
-/// What the image processor puts out. 20 bytes.
+/// Output of the image processor. 20 bytes.
 struct VcapIspPubAttr {
     float frameRate;
     std::uint32_t width;
@@ -40,7 +40,7 @@ struct VcapPipeChnSpecCfg {
     std::uint32_t dstHeight;
     std::int32_t srcFrameRate;
     std::int32_t dstFrameRate;
-    VcapLDCAttr ldc;  ///< of the lens-distortion module that serves the media mode
+    VcapLDCAttr ldc;  ///< from the lens-distortion module that serves the media mode
     Bool32 motionDenoise;
     std::uint32_t motionDenoiseIsoThresh;
     std::uint32_t zero;
@@ -76,11 +76,12 @@ extern const TableOf<VcapIspPubAttr> kVcapIspPubTable;
 extern const TableOf<VcapPipeChnSpecCfg> kVcapPipeChnSpecTable;
 extern const TableOf<VcapPipeSpecCfg> kVcapPipeSpecTable;
 
+/// Loads the frame rates of a pipe.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeFrameRateCfg(const char* module,
                                                               std::uint32_t pipe,
                                                               VcapFrameRateCfg* cfg);
 
-/// Loads what stands under the pipe's `node`.
+/// Loads the image processor's output of the pipe at `node`.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapIspPubAttr(const char* module, const char* node,
                                                         VcapIspPubAttr* attr);
 
@@ -88,7 +89,7 @@ extern const TableOf<VcapPipeSpecCfg> kVcapPipeSpecTable;
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapSingleValue(const char* module, std::uint32_t pipe,
                                                          VcapPipeSpecCfg* cfg);
 
-/// Loads a channel; its lens-distortion correction from the module that serves `mode`.
+/// Loads a channel, with its lens-distortion correction from the module that serves `mode`.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapPipeChnSpecCfg(const char* module, std::uint32_t pipe,
                                                             std::uint32_t chn, MediaMode mode,
                                                             VcapPipeChnSpecCfg* cfg);

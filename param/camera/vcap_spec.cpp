@@ -85,7 +85,7 @@ Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapS
             LOG_ERROR("componentmask error, out of range");
             return kFailed;
         }
-        cfg->componentMask[i] = static_cast<std::uint32_t>(mask);  // also when the query failed
+        cfg->componentMask[i] = static_cast<std::uint32_t>(mask);  // 0 when the query failed
         CALL_OR_RETURN(status, item.c_str());
         LOG_DEBUG("vcap dev attr,componentmask%u[%u] \n", i, cfg->componentMask[i]);
     }

@@ -1,7 +1,7 @@
 /// Capture in one media mode: the sensor, the capture device and its pipes.
 ///
-/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays.
+/// Every loader returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -51,9 +51,10 @@ static_assert(offsetof(VcapSpecCfg, pipes) == 76);
 extern const TableOf<VcapSnsAttr> kVcapSnsTable;
 extern const TableOf<VcapSpecCfg> kVcapSpecTable;
 
+/// Loads the sensor from `module`.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapSnsCfg(const char* module, VcapSnsAttr* attr);
 
-/// Loads all of capture from `module`; the lens-distortion correction of its channels from the
+/// Loads all of capture from `module`, and the lens-distortion correction of its channels from the
 /// module that serves `mode`. Returns -1 for a negative component mask.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode,
                                                      VcapSpecCfg* cfg);

@@ -43,7 +43,7 @@ constexpr Field kVencCommAttrFields[] = {
         .About("What the encoder puts out")
         .Numbers("0 H.264, 1 H.265, 2 MJPEG, 3 JPEG, 4 AAC"),
     FIELD(VencCommAttr, isByFrame, "isByFrame", 0)
-        .About("The stream is handed out by frame, not by packet"),  // stored before the binding
+        .About("The stream is handed out by frame, not by packet"),  // stored before the bindings
     FIELD(VencCommAttr, rcMode, "rcmode", 0).About("Rate control").Numbers("0 CBR, 1 VBR"),
     FIELD(VencCommAttr, type, "type", 0)
         .About("What the encoder is for")

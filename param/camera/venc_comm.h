@@ -1,9 +1,9 @@
-/// Encoder settings of a media-mode common block: the encoders that are configured, each with the
-/// source that it is bound to and its intra refresh.
+/// Encoder settings of a media-mode common block: each configured encoder with its bindings and its
+/// intra refresh.
 ///
 /// Every loader takes the module to read, the number of the encoder, and the record to fill; it
-/// returns 0 or the code of its first failing step, having logged it. What was loaded before a
-/// failure stays.
+/// returns 0, or the code of the first step that failed, having logged it. What was loaded before a
+/// failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -18,10 +18,10 @@ namespace paramgen {
 inline constexpr std::int32_t kVencCount = 5;
 inline constexpr std::uint32_t kVencBindCount = 4;
 
-/// What an encoder is bound to. Bindings at and beyond the count stay as they are. 40 bytes.
+/// The sources that an encoder is bound to. Handles beyond the count stay unchanged. 40 bytes.
 struct VencBindSrcAttr {
     std::int32_t module;
-    std::uint32_t count;  ///< of bindings, as configured; 4 at most are read
+    std::uint32_t count;  ///< of bindings, as configured; at most 4 are read
     std::int32_t moduleHandles[kVencBindCount];
     std::int32_t chnHandles[kVencBindCount];
 };
@@ -66,18 +66,21 @@ extern const TableOf<VencIntraRefreshCfg> kVencIntraRefreshTable;
 extern const TableOf<VencCommAttr> kVencCommAttrTable;
 extern const TableOf<CamVencCommCfg> kCamVencCommTable;
 
+/// Loads the bindings of encoder `venc`.
 [[nodiscard]] Status PDT_PARAM_LoadCamVencBindSrcAttr(const char* module, std::int32_t venc,
                                                       VencBindSrcAttr* cfg);
+
+/// Loads the intra refresh of encoder `venc`.
 [[nodiscard]] Status PDT_INIPARAM_LoadVencChnIntraFreshCfg(const char* module, std::int32_t venc,
                                                            VencIntraRefreshCfg* cfg);
 
-/// One encoder; `isExist` tells whether it has an "enable" key (1) or not (0). It is loaded either
-/// way.
+/// Loads encoder `venc`, and stores in `isExist` whether it has an "enable" key (1) or not (0). The
+/// encoder is loaded in both cases.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVencCommAttr(const char* module, std::int32_t venc,
                                                       VencCommAttr* cfg, std::int32_t* isExist);
 
-/// The encoders up to and including the first one without an "enable" key, and the count, which
-/// leaves that one out.
+/// Loads the encoders up to and including the first one without an "enable" key. The count does not
+/// include that one.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVencCommCfg(const char* module, CamVencCommCfg* cfg);
 
 }  // namespace paramgen

@@ -20,7 +20,7 @@ constexpr Field kVencSpecAttrFields[] = {
         .Unit("fps"),
     FIELD(VencSpecAttr, h265BitRate, "h265bitrate", 0)
         .About("Bit rate as H.265")
-        .Unit("kbit/s"),  // read before h264's, stored after it
+        .Unit("kbit/s"),  // read before h264's, but stored after it
     FIELD(VencSpecAttr, h264BitRate, "h264bitrate", 0).About("Bit rate as H.264").Unit("kbit/s"),
     FIELD(VencSpecAttr, statTime, "stat_time", 0)
         .About("Time over which the bit rate is held")

@@ -1,7 +1,7 @@
 /// The encoders of one media mode.
 ///
-/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays.
+/// Every loader returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ inline constexpr std::uint32_t kVencSpecCount = 5;
 
 /// An encoder. 36 bytes.
 struct VencSpecAttr {
-    std::uint32_t resWidth;  ///< an encoder without this key, and those after it, do not count
+    std::uint32_t resWidth;  ///< encoders from the first one without this key on do not count
     std::uint32_t resHeight;
     std::uint32_t bufSize;
     std::uint32_t gop;
@@ -41,12 +41,13 @@ static_assert(offsetof(VencSpecCfg, vencs) == 4);
 extern const TableOf<VencSpecAttr> kVencSpecAttrTable;
 extern const TableOf<VencSpecCfg> kVencSpecTable;
 
-/// Loads encoder `venc` from `module`, keys that are absent from their defaults; `exists` becomes 1
-/// when it has a width, else 0.
+/// Loads encoder `venc` from `module`, and stores in `exists` whether it has a width (1) or not
+/// (0). The encoder is loaded in both cases.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVencSpecAttr(const char* module, std::uint32_t venc,
                                                       VencSpecAttr* attr, std::int32_t* exists);
 
-/// Loads encoders up to and including the first that does not exist, and counts those that do.
+/// Loads the encoders up to and including the first one without a width. The count does not include
+/// that one.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVencSpecCfg(const char* module, VencSpecCfg* cfg);
 
 }  // namespace paramgen

@@ -49,12 +49,12 @@ constexpr Field kVportCommFields[] = {
     FIELD(VportCommCfg, handle, "vporthdl", 0).About("Handle of the port"),
     FIELD(VportCommCfg, rotate, "rotate", 0).About("Rotation of the picture"),
     FIELD(VportCommCfg, mirror, "mirror", 0)
-        .About("The picture is mirrored left to right"),  // read before flip, stored after it
+        .About("The picture is mirrored left to right"),  // read before flip, but stored after it
     FIELD(VportCommCfg, flip, "flip", 0).About("The picture is flipped upside down"),
     FIELD(VportCommCfg, cropEnable, "cropenable", 0).About("A part of the picture is cut out"),
     FIELD(VportCommCfg, videoFormat, "video_format", 0)
         .About("Video format")
-        .Numbers("0 linear, 1 tile, 2 tile64"),  // stored after the two that follow
+        .Numbers("0 linear, 1 tile, 2 tile64"),  // stored after the two rows that follow
     FIELD(VportCommCfg, bufferShare, "buffershare", 0)
         .About("Output buffers are shared with the next module"),
     FIELD(VportCommCfg, ctrlByDisp, "ctrlbydisp", 0).About("The display starts and stops the port"),

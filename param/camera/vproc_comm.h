@@ -1,9 +1,9 @@
 /// Video processing settings of a media-mode common block: one processing group with its noise
 /// reduction, its output ports and its extended ports.
 ///
-/// Every loader takes the module to read, the numbers that its node names, and the record to fill;
-/// it returns 0 or the code of its first failing step, having logged it. What was loaded before a
-/// failure stays.
+/// Every loader takes the module to read, the numbers that its node takes, and the record to fill;
+/// it returns 0, or the code of the first step that failed, having logged it. What was loaded
+/// before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -54,7 +54,7 @@ static_assert(offsetof(VportCommCfg, cropEnable) == 20);
 static_assert(offsetof(VportCommCfg, videoFormat) == 32);
 static_assert(offsetof(VportCommCfg, lowDelay) == 40);
 
-/// One extended port of a processing group: it takes what a port puts out. 32 bytes.
+/// One extended port of a processing group. Its input is the output of a port. 32 bytes.
 struct ExtVportCommCfg {
     Bool32 enable;
     std::int32_t handle;
@@ -96,21 +96,28 @@ extern const TableOf<VportCommCfg> kVportCommTable;
 extern const TableOf<ExtVportCommCfg> kExtVportCommTable;
 extern const TableOf<VprocCommCfg> kVprocCommTable;
 
+/// Loads the noise reduction of a group.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVprocNrAttr(const char* module, std::int32_t group,
                                                      VprocNrAttr* cfg);
+
+/// Loads the low-delay output of a port.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVportLowDelayInfo(const char* module, std::int32_t group,
                                                            std::int32_t port,
                                                            VportLowDelayInfo* cfg);
+
+/// Loads a port with its low-delay output.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVportCommCfg(const char* module, std::int32_t group,
                                                       std::int32_t port, VportCommCfg* cfg);
+
+/// Loads an extended port.
 [[nodiscard]] Status PDT_INIPARAM_LoadExtVportCommCfg(const char* module, std::int32_t group,
                                                       std::int32_t port, ExtVportCommCfg* cfg);
 
-/// The group's own members with its noise reduction, without its ports.
+/// Loads a group with its noise reduction, but without its ports.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVprocCommArg(const char* module, std::int32_t group,
                                                       VprocCommCfg* cfg);
 
-/// The whole group.
+/// Loads a group with its ports.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVprocCommCfg(const char* module, std::int32_t group,
                                                       VprocCommCfg* cfg);
 

@@ -1,7 +1,7 @@
 /// Video processing in one media mode: the group, its ports and extended ports.
 ///
-/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays.
+/// Every loader returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -46,7 +46,7 @@ struct VpssSpecAttr {
     std::uint32_t cropHeight;
     VportSpecCfg vports[kVportSpecCount];
     VportSpecCfg extVports[kExtVportSpecCount];
-    VcapLDCAttr ldc;  ///< of the lens-distortion module that serves the media mode
+    VcapLDCAttr ldc;  ///< from the lens-distortion module that serves the media mode
 };
 static_assert(sizeof(VpssSpecAttr) == 464);
 static_assert(offsetof(VpssSpecAttr, vports) == 32);
@@ -56,11 +56,11 @@ static_assert(offsetof(VpssSpecAttr, ldc) == 320);
 extern const TableOf<VportSpecCfg> kVportSpecTable;
 extern const TableOf<VpssSpecAttr> kVpssSpecTable;
 
-/// Loads what stands under the port's `node`.
+/// Loads the port or extended port at `node`.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVportSpecCfg(const char* module, const char* node,
                                                       VportSpecCfg* cfg);
 
-/// Loads processing group `group` from `module`; its lens-distortion correction from the module
+/// Loads processing group `group` from `module`, and its lens-distortion correction from the module
 /// that serves `mode`.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamVpssSpecAttr(const char* module, std::uint32_t group,
                                                       MediaMode mode, VpssSpecAttr* attr);

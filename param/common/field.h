@@ -7,31 +7,35 @@
 /// exactly once does not compile.
 ///
 /// Rows are written with the macros at the end of this file, each of which may be followed by:
-/// - `.At(node)`: the key stands under this very node, wherever the loader is; its label is then
+/// - `.At(node)`: the key is looked up under `node`, not under the loader's node; its label is then
 ///   "node:key";
-/// - `.Label(text)`: the label is `text`; `.FullLabel()`: it is the key with its node;
-/// - `.Under(node)`: the loader reads the row under this node template, not under the record's;
-///   for a nested record: the prefix that it is given;
+/// - `.Label(text)`: the label is `text`; `.FullLabel()`: the label is "node:key";
+/// - `.Under(node)`: the loader reads the row under this node template, not under the record's; a
+///   nested record gets it as its prefix;
 /// - `.From(module)`: the loader reads the row, or the nested record, from this module;
-/// - `.FromMatching(search)`: the same, from the module that this search finds; the numbers in its
-///   name are the search's own;
+/// - `.FromMatching(search)`: the same, from the module that `search` finds; the search gives the
+///   numbers in the module's name;
 /// - `.About(text)`, `.Unit(text)`, `.Numbers(text)`: what the value is, in one line; its unit; and
 ///   what its numbers mean;
-/// - `.CountedBy(offset, beyond)`: the elements are counted by the member at `offset`;
-/// - `.WhileExists(key, offset)`: each element is read while those before it have `key`, the member
-///   at `offset` says how many have;
+/// - `.CountedBy(offset, beyond)`: the member at `offset` holds the number of elements; `beyond`
+///   says what happens when it is larger than the array;
+/// - `.WhileExists(key, offset)`: an element is read only when all elements before it have `key`;
+///   the member at `offset` holds the number of elements that have it;
 /// - `.Optional()`: the product may lack the row's module;
-/// - `.WantedBy(search)`: a search below this record looks for the module that names this value;
-/// - `.Times(factor)`: the numbers in the array elements below are stored multiplied;
-/// - `.CountsUpTo(max)`: more elements below are an error, even when they could spill;
+/// - `.WantedBy(search)`: `search`, which a nested record uses, looks for the module that names the
+///   value of this row;
+/// - `.Times(factor)`: numbers in arrays of the nested record are multiplied before they are
+/// stored;
+/// - `.CountsUpTo(max)`: a larger count in the nested record is an error, even when the section has
+///   room for the elements;
 /// - `.EmptyByQuotes()`: two double quotes stand for the empty text.
 ///
 /// From `.About` on, these are notes for the companion (`field_notes.h`); the program's compilation
 /// drops them.
 ///
-/// In the templates of keys, nodes and modules, "%d" and "%u" are the numbers of the array elements
-/// that lead to the value, the innermost last; "%s" is, in a table's node, the prefix that the
-/// record was given and, after `.Under`, the record's own node.
+/// In the templates of keys, nodes and modules, "%d" and "%u" stand for the indices of the array
+/// elements around the value, the innermost last. "%s" stands for the record's prefix in a table's
+/// node, and for the record's own node in `.Under`.
 #pragma once
 
 #include <cstddef>
@@ -45,22 +49,23 @@
 
 namespace paramgen {
 
-/// Who gives a member its value.
+/// Where a member's value comes from.
 enum class FieldSource : std::uint8_t {
-    kReader,    ///< a typed reader: it logs a failure, then the loader does with the row's label
-    kQuery,     ///< a query of its own: a failure is logged once, with the full key
-    kLoader,    ///< the loader, in its own way
+    kReader,    ///< a typed reader: both it and the loader log a failure, the loader with the label
+    kQuery,     ///< a query of the configuration: only the loader logs a failure, with the full key
+    kLoader,    ///< code of its own in the loader
     kConstant,  ///< always the row's default
     kCopy,      ///< another member
-    kTable,     ///< the rows of a nested table
-    kNobody,    ///< reserved: stays zero
+    kTable,     ///< the nested record's table
+    kNobody,    ///< nothing: reserved bytes, which stay zero
 };
 
 struct RecordTable;
 
 namespace field_detail {
 
-// Never defined: a compiler that has to evaluate one of these names the mistake in a table.
+// Not constexpr and never defined: a mistake in a table makes the compiler evaluate a call of one,
+// which it refuses; its message then names the mistake.
 void ARowOverlapsAnother();
 void TheRowsLeaveBytesOut();
 void NoSuchRowsInThisOrder();
@@ -73,16 +78,17 @@ void ARowHasOneExtraAtMost();
 
 }  // namespace field_detail
 
-/// What a row has besides. No row has two of these, so that one place holds either.
+/// Which member of its union a row uses. No row needs two of them.
 enum class FieldExtra : std::uint8_t {
-    kNumber,          ///< a number, see `Number`; a row with something else has the number 0
-    kLabel,           ///< what its failure is labelled with
-    kModule,          ///< where it comes from, if not from the record's module
+    kNumber,          ///< a number, see `Number`; rows with another extra have the number 0
+    kLabel,           ///< the label of its failures
+    kModule,          ///< the module it is read from, instead of the record's
     kSearchedModule,  ///< the same, found by a search
-    kLookup,          ///< kName: who knows the names
+    kLookup,          ///< kName: the function that looks names up
 };
 
-// What a row says of a note: itself with the note, in the companion's compilation only.
+// Body of a function that adds a note: returns a copy of the row with the note. The program's
+// compilation drops the note.
 #if defined(PARAMGEN_DESCRIBED)
 #define NOTE_(note, value)    \
     Field row = *this;        \
@@ -94,13 +100,13 @@ enum class FieldExtra : std::uint8_t {
     return *this
 #endif
 
-/// One row. Hundreds of them are what the program is largely made of, hence the unions and widths.
+/// One row. The program holds hundreds of them; unions and narrow members keep it small.
 struct Field {
     union {
         const char* key;           ///< item name or its template; null when there is none
         const RecordTable* table;  ///< kTable
     };
-    const char* node;  ///< where it stands, if not under the record's node; see `ownNode`
+    const char* node;  ///< node template when it is not the record's, else null; see `ownNode`
     union {
         std::int32_t number;
         const char* label;
@@ -110,14 +116,14 @@ struct Field {
     std::uint16_t offset;    ///< of the first element, in bytes from the record's start
     std::uint16_t size;      ///< of one element, in bytes
     std::uint8_t count;      ///< number of elements, 1 when the member is no array
-    std::uint8_t keyLength;  ///< of `key`, in characters: keys are joined by the thousand
+    std::uint8_t keyLength;  ///< of `key`, in characters: saves measuring it in every run
     FieldKind kind : 4;
     FieldSource source : 4;
     FieldExtra extra : 4;
-    bool isArray : 1;     ///< an element's number belongs to the numbers that templates take
+    bool isArray : 1;     ///< the member is an array: templates take the element's index
     bool isNumbered : 1;  ///< `key` is a template that takes a number
-    bool ownNode : 1;     ///< `node` is the very node, whatever node the loader is at
-    bool fullLabel : 1;   ///< its failure is labelled with key and node, not with the key alone
+    bool ownNode : 1;     ///< `node` is a node, not a template; the loader's node does not matter
+    bool fullLabel : 1;   ///< the label of its failures is "node:key", not the key alone
 #if defined(PARAMGEN_DESCRIBED)
     FieldNotes notes;
 #endif
@@ -163,7 +169,7 @@ struct Field {
         return row;
     }
 
-    // Notes cost the program nothing: they are dropped while it is compiled.
+    // Notes. The program's compilation drops them.
     consteval Field Member(const char* name) const {
         NOTE_(member, name);
     }
@@ -198,7 +204,8 @@ struct Field {
         NOTE_(emptyByQuotes, true);
     }
 
-    /// The default of an absent key; kConstant: the value; kCopy: the offset of what is copied.
+    /// The value when the key is absent; kConstant: the value; kCopy: the offset of the member that
+    /// is copied.
     constexpr std::int32_t Number() const {
         return extra == FieldExtra::kNumber ? number : 0;
     }
@@ -247,14 +254,15 @@ struct RecordTable {
     std::string_view type;  ///< "GsensorCfg"
 #endif
 
-    /// Template of the node that `row`, one of these, is read under, or the record that it is.
+    /// Template of the node that `row` of this table is read under; for a nested record, of the
+    /// node that its own rows are read under.
     constexpr const char* NodeOf(const Field& row) const {
         const bool isOfTable = row.source == FieldSource::kTable && row.table->node != nullptr;
         return row.node != nullptr ? row.node : isOfTable ? row.table->node : node;
     }
 };
 
-/// Rows of a table that stand side by side.
+/// Consecutive rows of a table.
 struct TableRows {
     const RecordTable* table;
     std::span<const Field> fields;
@@ -273,7 +281,7 @@ consteval std::string_view NameOfType() {
 }
 #endif
 
-/// A member element by element; a text is one element.
+/// Element type and count of a member. A text, and reserved bytes, count as one element.
 template <typename Member>
 struct Shape {
     using Element = Member;
@@ -354,7 +362,7 @@ constexpr Field CopyRow(std::size_t offset, std::size_t from) {
     return row;
 }
 
-/// The table of a record type; it refuses rows that do not fit the type.
+/// The table of a record type. Its constructor refuses rows that overlap or leave bytes out.
 template <typename RecordType>
 struct TableOf : RecordTable {
     using Record = RecordType;
@@ -381,7 +389,7 @@ struct TableOf : RecordTable {
         }
     }
 
-    /// The rows from the one of the member at offset `first` through the one of that at `last`.
+    /// The rows from the member at offset `first` through the member at offset `last`.
     consteval TableRows Rows(std::size_t first, std::size_t last) const {
         std::size_t from = 0;
         while (from < fields.size() && fields[from].offset != first) {
@@ -428,8 +436,8 @@ using TableOf = field_detail::TableOf<Record>;
 
 #define ROW(table, member) (ROWS(table, member, member).fields.front())
 
-// Rows. `Record` is the record's type, `member` its member. Keys may be followed by the default of
-// an absent key, which is 0 when not given; texts and names have none.
+// Rows. `Record` is the record's type, `member` its member. A key may be followed by the value for
+// an absent key, 0 unless given; texts and names take none.
 
 /// A key that a typed reader reads.
 #define FIELD(Record, member, ...)                                               \
@@ -437,7 +445,7 @@ using TableOf = field_detail::TableOf<Record>;
         ::paramgen::FieldSource::kReader, offsetof(Record, member), __VA_ARGS__) \
         .Member(#member)
 
-/// A key that is queried directly.
+/// A key that is queried from the configuration without a typed reader.
 #define QUERY(Record, member, ...)                                              \
     ::paramgen::field_detail::KeyRow<decltype(Record::member)>(                 \
         ::paramgen::FieldSource::kQuery, offsetof(Record, member), __VA_ARGS__) \
@@ -461,13 +469,13 @@ using TableOf = field_detail::TableOf<Record>;
         offsetof(Record, member), offsetof(Record, from))                                \
         .Member(#member)
 
-/// A member that nobody writes.
+/// Reserved bytes: nothing is stored there.
 #define RESERVED(Record, member)                                                                   \
     ::paramgen::field_detail::Row<decltype(Record::member)>(                                       \
         offsetof(Record, member), ::paramgen::FieldKind::kBytes, ::paramgen::FieldSource::kNobody) \
         .Member(#member)
 
-/// A member that the loader works out; it has no key of its own.
+/// A member without a key, whose value the loader computes.
 #define COMPUTED(Record, member)                                                            \
     ::paramgen::field_detail::Row<decltype(Record::member)>(                                \
         offsetof(Record, member), ::paramgen::FieldTraits<decltype(Record::member)>::kKind, \

@@ -1,4 +1,4 @@
-/// What the rows of field tables tell the companion, beyond what the program needs of them.
+/// Notes on the rows of field tables, for the companion. The program does not need them.
 #pragma once
 
 #include <cstdint>
@@ -7,20 +7,20 @@ namespace paramgen {
 
 class NameTable;
 
-/// What becomes of array elements that are counted but have no place in the array.
+/// What happens when an array's count is larger than the array.
 enum class CountBeyond : std::uint8_t {
-    kNotCounted,  ///< the elements are not counted by a member
-    kClamped,     ///< the count is stored as it is, further elements are not read
-    kRefused,     ///< such a count is an error
-    kSpilling,    ///< further elements are stored in the bytes behind the array
+    kNotCounted,  ///< the array has no count
+    kClamped,     ///< the count is stored as it is, elements beyond the array are not read
+    kRefused,     ///< it is an error
+    kSpilling,    ///< elements beyond the array are stored in the bytes behind it
 };
 
-/// A search for the one of several modules that names a media mode.
+/// A search through several modules for the one that names a given media mode.
 struct ModuleSearch {
     const char* modules;  ///< template of their names; it takes the camera and a number
-    const char* key;      ///< where each of them names its media mode, "section:item"
+    const char* key;      ///< the key of each module's media mode, "section:item"
     std::uint32_t camera;
-    std::uint32_t count;  ///< they are numbered from 0
+    std::uint32_t count;  ///< number of modules; they are numbered from 0
 };
 
 /// Notes on one row.
@@ -30,18 +30,18 @@ struct FieldNotes {
     const char* unit;     ///< "ms", "px"; null when there is none
     const char* numbers;  ///< "0 linear, 1 tile": what its numbers mean; null when not known
 
-    const NameTable* names;  ///< of a number that stands for a name; else null
+    const NameTable* names;  ///< names of the value's numbers; null when they have none
 
-    CountBeyond beyond;         ///< of an array: whether its elements are counted, and how
-    std::uint16_t countOffset;  ///< where the count is, in bytes from the record's start
-    /// Of an array of records: element N is read while all elements before it have this key. The
-    /// member at `countOffset` is how many have it, one behind another from the first.
+    CountBeyond beyond;         ///< of an array: whether it has a count, and what limits the count
+    std::uint16_t countOffset;  ///< of the count, in bytes from the record's start
+    /// Of an array of records: element N is read only when all elements before it have this key.
+    /// The member at `countOffset` holds the number of elements before the first one without it.
     const char* whileKey;
-    bool optionalModule;         ///< it is left as it is when the product lacks the row's module
-    const ModuleSearch* search;  ///< how the row's module is found
-    const ModuleSearch* wanted;  ///< this value is what a search for the records around it wants
-    std::uint16_t times;  ///< numbers in elements below are stored multiplied by it; 0: as they are
-    std::uint16_t countMax;  ///< a larger count of elements below is an error; 0: see their rows
+    bool optionalModule;         ///< the product may lack the row's module; the bytes then stay
+    const ModuleSearch* search;  ///< finds the row's module; null when it has a fixed name
+    const ModuleSearch* wanted;  ///< this value is the media mode that the search looks for
+    std::uint16_t times;         ///< factor of numbers in arrays of the nested record; 0: none
+    std::uint16_t countMax;  ///< a larger count in the nested record is an error; 0: no such limit
     bool emptyByQuotes;      ///< a text of two double quotes is stored as an empty one
 };
 

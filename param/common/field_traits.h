@@ -1,4 +1,4 @@
-/// How each type of a record's member is read: the type alone decides.
+/// How a record's member is read, decided by its type alone.
 #pragma once
 
 #include <cstddef>
@@ -16,22 +16,22 @@ enum class FieldKind : std::uint8_t {
     kUint32,  ///< a signed number, its 32 bits stored as they are
     kUint8,   ///< a signed number, its low byte stored
     kInt16,   ///< a signed number; one beyond 16 bits is an error
-    kUint64,  ///< a signed 32-bit number, sign-extended
-    kFloat,   ///< a double, narrowed
-    kText,    ///< a text; one without room for its terminator is an error
-    kName,    ///< the number of a name
+    kUint64,  ///< a signed 32-bit number, sign-extended to 64 bits
+    kFloat,   ///< a double, converted to float
+    kText,    ///< a text; one that does not fit with its terminator is an error
+    kName,    ///< a name, stored as its number
     kRecord,  ///< a record with a table of its own
-    kBytes,   ///< bytes without a meaning
+    kBytes,   ///< reserved bytes
 };
 
-/// Turns a name into its number, logging both. Returns -1, having logged so, for an unknown name.
-/// It runs under the configuration's lock, and must not query the configuration.
+/// Stores the number of `name`, and logs both. Returns -1, having logged it, for an unknown name.
+/// It runs under the configuration's lock and must not query the configuration.
 using NameLookup = Status (*)(const char* name, std::int32_t* number);
 
 class NameTable;
 
-/// Traits of a type that a member may have. An enumeration of names adds its own specialisation,
-/// with its lookup and its names, beside its definition.
+/// Traits of a type that a member may have. An enumeration of names specialises it beside its
+/// definition, with its look-up function and its table of names.
 template <typename T>
 struct FieldTraits;
 

@@ -7,7 +7,8 @@
 
 namespace paramgen {
 
-/// Takes a text of that length over; none of -1.
+/// Sets the length of the text in the buffer and terminates it; -1 makes the key empty. Returns
+/// `length`.
 int Key::Take(int length) {
     length_ = length == -1 ? 0 : static_cast<std::size_t>(length);
     text_[length_] = '\0';
@@ -23,7 +24,7 @@ int Key::Format(const char* format, ...) {
 }
 
 int Key::Join(std::string_view node, std::string_view item) {
-    // There has to be room for the colon and for the terminator.
+    // Two bytes stay free, for the colon and the terminator.
     if (CopyText(text_, sizeof text_ - 2, node.data(), node.size()) != 0) {
         return Take(-1);
     }

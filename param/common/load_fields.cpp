@@ -13,12 +13,12 @@
 namespace paramgen {
 namespace {
 
-/// One row on its way into a record. The texts end in a NUL each.
+/// What it takes to load one row. `node` and `item` end in a NUL behind the view.
 struct Load {
     CallSite site;
     const ProductModule& module;
     std::string_view node;  ///< the row's own, or the loader's
-    std::string_view item;  ///< the row's key, its number in place
+    std::string_view item;  ///< the row's key, with its number filled in
     const Field& field;
     std::byte* dest;
 };
@@ -80,14 +80,14 @@ Status ReadUint(const Load& load) {
     return status;
 }
 
-/// Reads a text under its complete key, which the loader puts together.
+/// Reads the text of `fullKey` through its typed reader.
 Status ReadText(const Load& load, const char* fullKey) {
     return PDT_INIPARAM_LoadStringValue(
         load.module, fullKey, std::span<char>(reinterpret_cast<char*>(load.dest), load.field.size),
         load.field.size);
 }
 
-/// Labels the failure of a row's typed reader.
+/// Logs that a row's typed reader has failed, with the row's label. Returns `status`.
 Status LogReaderFailed(const Load& load, Status status) {
     Key fullKey;
     const char* label = load.item.data();
@@ -101,7 +101,7 @@ Status LogReaderFailed(const Load& load, Status status) {
     return LogFailed(load.site.function, load.site.line, label, status);
 }
 
-/// Reads one row through its typed reader, and labels a failure as the row says.
+/// Reads one row through its typed reader; logs a failure with the row's label.
 Status LoadThroughReader(const Load& load) {
     std::int32_t number = 0;
     Status status = kOk;
@@ -170,7 +170,7 @@ Status QueryNumber(const Load& load, std::string_view fullKey) {
     return status;
 }
 
-/// Queries one row directly; its failure is labelled with the full key.
+/// Queries one row from the configuration; logs a failure with the full key.
 Status LoadThroughQuery(const Load& load) {
     Key fullKey;
     if (fullKey.Join(load.node, load.item) == -1) {
@@ -224,12 +224,12 @@ Status LoadRow(CallSite site, const ProductModule& module, std::string_view node
     return field.source == FieldSource::kReader ? LoadThroughReader(load) : LoadThroughQuery(load);
 }
 
-/// A node, which may be null.
+/// `node`; empty when it is null.
 std::string_view NodeView(const char* node) {
     return node == nullptr ? std::string_view() : node;
 }
 
-/// Loads each of `fields`, of arrays the element `index`.
+/// Loads each of `fields`; of an array element `index`.
 Status LoadRows(CallSite site, const char* module, std::string_view node,
                 std::span<const Field> fields, std::uint32_t index, void* record) {
     if (record == nullptr) {

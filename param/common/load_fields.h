@@ -1,5 +1,5 @@
-/// How the rows of field tables are loaded. Loaders do it by the macros of
-/// `param/common/propagate.h`, which hand a failure on.
+/// Loading rows of field tables. Loaders call these functions by the macros of
+/// `param/common/propagate.h`, which return a failure's code.
 #pragma once
 
 #include <cstdint>
@@ -12,30 +12,30 @@
 
 namespace paramgen {
 
-/// Rows to load, and the template of the node that they stand under.
+/// Rows to load, and the template of the node that they are looked up under.
 struct NodeRows {
     const char* node;
     std::span<const Field> fields;
 };
 
-/// Where a record of the log comes from.
+/// The function and source line that a record of the log names.
 struct CallSite {
     const char* function;
     std::uint32_t line;
 };
 
-/// Gives the member of `field` in `record` its value: from its key under `node` in `module`, or as
-/// the row says. `index` is the number that the key's template takes and, for an array, the element
-/// that is filled. A failure has been logged when this returns, under `site` as the loader's, and
-/// its code is returned. Rows of nested records, of reserved bytes and those that the loader reads
-/// itself are passed over. Returns -1, logging so, when `record` is null.
+/// Stores the value of the row `field` in `record`: that of its key under `node` in `module`, its
+/// constant, or a copy. `index` is the number that the key's template takes and, for an array, the
+/// element to fill. Does nothing for rows of nested records, for reserved bytes and for rows that
+/// the loader reads itself. Returns 0, or the code of what failed, having logged it with the
+/// function and line of `site`; -1 when `record` is null.
 [[nodiscard]] Status LoadField(CallSite site, const char* module, const char* node,
                                const Field& field, std::uint32_t index, void* record);
 [[nodiscard]] Status LoadField(CallSite site, const char* module, std::string_view node,
                                const Field& field, std::uint32_t index, void* record);
 
-/// Loads each of `fields` in turn, up to the first failure; of arrays the element 0. `node` may be
-/// null when every row has its own. Returns -1, logging so, when `record` is null.
+/// Loads each of `fields` in turn, up to the first failure; of an array only element 0. `node` may
+/// be null when every row has its own. Returns what `LoadField` does.
 [[nodiscard]] Status LoadFields(CallSite site, const char* module, const char* node,
                                 std::span<const Field> fields, void* record);
 [[nodiscard]] Status LoadFields(CallSite site, const char* module, std::string_view node,
@@ -58,8 +58,8 @@ template <typename Node>
     return LoadFields(site, module, node, table.fields, record);
 }
 
-/// The same under the node of `rows`, of whose two numbers the template takes as many as it has
-/// places for. When it does not fit, logs "sprintf_s" and returns -1.
+/// The same under the node of `rows`. Its template takes `first`, both numbers or none of them.
+/// When the node does not fit, logs "sprintf_s" and returns -1.
 [[nodiscard]] Status LoadFieldsAt(CallSite site, const char* module, NodeRows rows,
                                   std::uint32_t first, std::uint32_t second, void* record);
 

@@ -3,7 +3,6 @@
 #include "param/common/param_log.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kPrefix[] = "QX_PARAM_MEDIAMODE_";
 
@@ -36,8 +35,6 @@ constexpr NamedNumber<kPrefix, 15> kMediaModes[] = {
     {"QX_PARAM_MEDIAMODE_PHOTO_3000P", 50},  {"QX_PARAM_MEDIAMODE_PHOTO_6000P", 51},
     {"QX_PARAM_MEDIAMODE_PHOTO_8000P", 52},  {"QX_PARAM_MEDIAMODE_PLAYBACK", 53},
 };
-
-}  // namespace
 
 constexpr NameTable kMediaModeNames(kMediaModes);
 

@@ -1,4 +1,4 @@
-/// Enumeration names: how a name in an INI file becomes a number in the image, and back.
+/// Tables of names: from a name in an INI file to its number in the image, and back.
 #pragma once
 
 #include <cstddef>
@@ -11,22 +11,22 @@
 
 namespace paramgen {
 
-/// How many characters of two names are compared. Every name in a table has fewer.
+/// Names are compared up to this many characters. Every name in a table has fewer.
 inline constexpr std::size_t kNameCompareMax = 64;
 
 namespace names_detail {
 
-// Never defined: a compiler that has to evaluate one of these names the mistake in a table.
+// Never defined: a mistake in a table makes the compiler refuse a call of one, and name it.
 void TheNameBeginsOtherwise();
 void TheNameIsTooLong();
 
 }  // namespace names_detail
 
-/// A name that begins with `kPrefix`, and the number that stands for it in the image. What all
-/// names of a table begin with is kept once: it would be half of the table.
+/// A name that begins with `kPrefix`, and its number in the image. Only the rest of the name is
+/// stored: the prefix, which all names of a table share, would be half of the table.
 template <const char* kPrefix, std::size_t kRestMax>
 class NamedNumber {
-    // The number comes first, then the rest of the name: `NameTable` reads them without this type.
+    // The number comes first, then the rest of the name: `NameTable` depends on this order.
 public:
     consteval NamedNumber(std::string_view name, int number)
         : number_(static_cast<std::int16_t>(number)) {
@@ -41,7 +41,7 @@ public:
         name.copy(rest_, kRestMax);
     }
 
-    /// What the name goes on with after the prefix.
+    /// The name without its prefix.
     constexpr const char* rest() const { return rest_; }
     constexpr std::int32_t number() const { return number_; }
 
@@ -50,7 +50,8 @@ private:
     char rest_[kRestMax + 1] = {};
 };
 
-/// The number of `name` in `table`, which must be one of its names. Returns false when it is none.
+/// Stores the number of `name` in `table`. Returns false, storing nothing, when `table` has no such
+/// name or `name` is null. The comparison is case-sensitive.
 template <const char* kPrefix, std::size_t kRestMax, std::size_t kCount>
 bool FindNumber(const NamedNumber<kPrefix, kRestMax> (&table)[kCount], const char* name,
                 std::int32_t* number) {
@@ -67,8 +68,8 @@ bool FindNumber(const NamedNumber<kPrefix, kRestMax> (&table)[kCount], const cha
     return false;
 }
 
-/// The names of one kind and their numbers, whatever the type of their table: for those who go
-/// through all of them, and for the name of a number.
+/// A table of names without its template parameters, to go through all of its names and to find the
+/// name of a number. It refers to the array that it is made from.
 class NameTable {
 public:
     template <const char* kPrefix, std::size_t kRestMax, std::size_t kCount>
@@ -77,10 +78,10 @@ public:
 
     std::size_t Count() const { return count_; }
 
-    /// What all names begin with.
+    /// The prefix of all names.
     const char* Prefix() const { return prefix_; }
 
-    /// What name `index`, in the table's order, goes on with.
+    /// Name `index`, in the table's order, without the prefix.
     const char* Rest(std::size_t index) const { return At(index) + sizeof(std::int16_t); }
 
     /// The number of name `index`.
@@ -90,7 +91,7 @@ public:
         return number;
     }
 
-    /// Stores where the first name for `number` stands; false when it has none.
+    /// Stores the index of the first name of `number`. Returns false when it has none.
     bool FindName(std::int32_t number, std::size_t* index) const;
 
 private:
@@ -104,7 +105,7 @@ private:
     std::uint8_t count_;
 };
 
-/// A row's look-up (`NameLookup`) over the look-up `Get` of an enumeration.
+/// `Get`, the look-up function of an enumeration, as a row calls it (`NameLookup`).
 template <typename Enum, Status (*Get)(const char* name, Enum* value)>
 Status LookUpNumber(const char* name, std::int32_t* number) {
     Enum value = {};

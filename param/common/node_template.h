@@ -1,5 +1,5 @@
-/// The templates of nodes and modules, as tables give them to the loaders. What a template takes is
-/// compared with what a loader gives it when the program is compiled.
+/// Filling in the templates of nodes and modules that tables hold. The compiler checks that the
+/// arguments that a loader gives are those that the template takes.
 #pragma once
 
 #include <concepts>
@@ -16,7 +16,7 @@ namespace paramgen {
 
 namespace field_detail {
 
-// Never defined: a compiler that has to evaluate one of these names the mistake in a loader.
+// Never defined: a mistake in a loader makes the compiler refuse a call of one, and name it.
 void TheRowsStandUnderDifferentNodes();
 void TheTemplateTakesOtherArguments();
 void TheRowHasNoNodeOfItsOwn();
@@ -55,7 +55,7 @@ consteval std::span<const Field> FieldsOf(const TableRows& rows) {
     return rows.fields;
 }
 
-/// `pattern`, which has to take arguments of these types.
+/// Returns `pattern`. The compiler refuses a pattern that does not take arguments of these types.
 template <typename... Args>
 constexpr const char* Taking(const char* pattern) {
     const int texts = (0 + ... + (std::is_integral_v<Args> ? 0 : 1));
@@ -74,13 +74,13 @@ constexpr const char* Taking(const char* pattern) {
 
 }  // namespace field_detail
 
-/// A template that is chosen when the program runs. Whoever uses it knows what it takes.
+/// A template that is chosen at run time. Its arguments are not checked: that is up to its user.
 struct ChosenTemplate {
     const char* pattern;
 };
 
-/// A template that takes arguments of these types: that of a table's node, of the node that one row
-/// or several stand under, or the one given.
+/// A template that takes arguments of these types. It is made from a table or rows of one, whose
+/// node template it is, or from a template itself.
 template <typename... Args>
 struct TemplateTaking {
     const char* pattern;
@@ -90,7 +90,8 @@ struct TemplateTaking {
         : pattern(field_detail::Taking<Args...>(field_detail::NodeOf(where))) {}
 };
 
-/// Fills in a template that is known to take these arguments; returns what `Key::Format` does.
+/// Fills in a template that has been checked against these arguments. Returns what `Key::Format`
+/// does.
 template <typename... Args>
 [[nodiscard]] int FillChecked(Key* key, const char* pattern, Args... args) {
 #pragma GCC diagnostic push
@@ -100,7 +101,7 @@ template <typename... Args>
 #pragma GCC diagnostic pop
 }
 
-/// Fills in a template; returns what `Key::Format` does.
+/// Fills in a template. Returns what `Key::Format` does.
 template <typename... Args>
 [[nodiscard]] int FillTemplate(Key* key, TemplateTaking<std::type_identity_t<Args>...> where,
                                Args... args) {

@@ -11,19 +11,21 @@ namespace paramgen {
 /// The module tag of every record of the generator.
 inline constexpr char kParamTag[] = "PARAM";
 
-/// What is logged of a count that leads beyond its section: the count's key, and the count.
+/// Format of the record about a count that is too large for its section. It takes the count's key
+/// and the count.
 inline constexpr char kCountBeyondSection[] = "[%s] count[%u] is beyond the section\n";
 
-/// One record at ERROR, or at DEBUG. Few arguments, since loaders call these hundreds of times.
+/// Logs one record at ERROR, or at DEBUG, under the name and line of the loader. They take few
+/// arguments because loaders call them in hundreds of places.
 [[gnu::format(printf, 3, 4)]] void LogError(const char* function, std::uint32_t line,
                                             const char* format, ...);
 [[gnu::format(printf, 3, 4)]] void LogDebug(const char* function, std::uint32_t line,
                                             const char* format, ...);
 
-/// Logs that the step `label` has failed with `status`, which is returned.
+/// Logs that the step `label` has failed with `status`. Returns `status`.
 Status LogFailed(const char* function, std::uint32_t line, const char* label, Status status);
 
-/// Logs that the step `label`, which has no code, has failed. Returns -1.
+/// Logs that the step `label` has failed, without a code. Returns -1.
 Status LogFailed(const char* function, std::uint32_t line, const char* label);
 
 /// Logs that a loader was given a null record. Returns -1.
@@ -31,15 +33,15 @@ Status LogNullRecord(const char* function, std::uint32_t line);
 
 }  // namespace paramgen
 
-/// Begins a statement macro: `line_` in what follows is the line on which the macro's name stands.
-/// In the body of a macro with parameters __LINE__ would not do: where a use takes several lines,
-/// compilers disagree about which of them it is.
+/// Begins a statement macro. In the macro, `line_` is the source line of the macro's name. __LINE__
+/// in a macro with parameters would not do: when its use takes several lines, compilers disagree
+/// which of them it is.
 #define AT_THIS_LINE_ if (constexpr std::uint32_t line_ = __LINE__)
 
-/// Logs at ERROR: a format and its arguments.
+/// Logs at ERROR. The arguments are a printf format and its arguments.
 #define LOG_ERROR AT_THIS_LINE_ LOG_ERROR_
 #define LOG_ERROR_(...) ::paramgen::LogError(__func__, line_, __VA_ARGS__)
 
-/// Logs at DEBUG: a format and its arguments.
+/// Logs at DEBUG. The arguments are a printf format and its arguments.
 #define LOG_DEBUG AT_THIS_LINE_ LOG_DEBUG_
 #define LOG_DEBUG_(...) ::paramgen::LogDebug(__func__, line_, __VA_ARGS__)

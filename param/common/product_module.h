@@ -11,8 +11,8 @@
 
 namespace paramgen {
 
-/// A module of the product. It holds the configuration's lock while it lives: in the meantime its
-/// thread must not call a reader or query by name.
+/// A module of the product. It holds the configuration's lock until it is destroyed. Until then the
+/// thread must not call a reader or a query that takes names: it would wait for its own lock.
 class ProductModule : public LockedModule {
 public:
     /// `module` may be null; every query then fails as with any null argument.
@@ -20,7 +20,7 @@ public:
         : LockedModule(kProductConfig, module == nullptr ? std::string_view() : module) {}
 };
 
-// As the readers of the same name in `param/common/readers.h`.
+// As the readers of the same names in `param/common/readers.h`.
 
 [[nodiscard]] Status PDT_INIPARAM_LoadIntValueByNodePrefix(const ProductModule& module,
                                                            std::string_view prefix,

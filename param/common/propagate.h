@@ -1,7 +1,7 @@
-/// How failures travel. A loader stops at its first failing step, logs one ERROR record with the
+/// Passing failures on. A loader stops at its first failing step, logs one ERROR record with the
 /// step's label under its own name and line, and returns the code unchanged.
 ///
-/// The macros of this file are the only ones that return from the function they stand in; their
+/// The macros of this file are the only ones that return from the function that uses them; their
 /// names say so. Each is a whole statement.
 #pragma once
 
@@ -20,10 +20,10 @@
         }                                                                  \
     } while (false)
 
-/// Makes `key` the text that the template `where` gives for the arguments that follow: an optional
-/// prefix, and the numbers of the array elements that lead there. `where` is a table or rows of
-/// one, whose node is meant, or the template itself. When the text does not fit, logs `label` and
-/// returns -1.
+/// Fills in the template `where` and stores the result in `key`. `where` is a template, or a table
+/// or rows of one, whose node template is used. The arguments that follow are those that the
+/// template takes: a prefix, and the indices of the array elements around it. When the result does
+/// not fit, logs `label` and returns -1.
 #define FILL_OR_RETURN AT_THIS_LINE_ FILL_OR_RETURN_
 #define FILL_OR_RETURN_(key, label, where, ...)                                         \
     do {                                                                                \
@@ -32,7 +32,7 @@
         }                                                                               \
     } while (false)
 
-/// Makes `key` the text "node:item". When it does not fit, logs "sprintf_s" and returns -1.
+/// Stores "node:item" in `key`. When it does not fit, logs "sprintf_s" and returns -1.
 #define JOIN_OR_RETURN AT_THIS_LINE_ JOIN_OR_RETURN_
 #define JOIN_OR_RETURN_(key, node, item)                                \
     do {                                                                \
@@ -41,8 +41,8 @@
         }                                                               \
     } while (false)
 
-/// Formats `key` as the full key of the row `field` for element `index`, under `node` where the row
-/// has no node of its own. When it does not fit, logs "sprintf_s" and returns -1.
+/// Stores in `key` the full key of the row `field` for element `index`, under `node` unless the row
+/// has a node of its own. When it does not fit, logs "sprintf_s" and returns -1.
 #define FORMAT_KEY_OR_RETURN AT_THIS_LINE_ FORMAT_KEY_OR_RETURN_
 #define FORMAT_KEY_OR_RETURN_(key, node, field, index)                     \
     do {                                                                   \
@@ -52,8 +52,8 @@
     } while (false)
 
 /// Loads the rows of `fields` (a row, a slice or a table) into `record`, each looked up under
-/// `node` in `module`. When a row fails, what it logged stands under this function's name, and its
-/// code is returned.
+/// `node` in `module`. When a row fails, logs it under this function's name and line and returns
+/// its code.
 #define LOAD_OR_RETURN AT_THIS_LINE_ LOAD_OR_RETURN_
 #define LOAD_OR_RETURN_(module, node, fields, record)                                \
     do {                                                                             \
@@ -64,9 +64,9 @@
         }                                                                            \
     } while (false)
 
-/// Loads `rows` (a slice or a table) into `record`, looked up in `module` under the node that their
-/// table gives for the numbers that follow, two at most. When that does not fit, logs "sprintf_s"
-/// and returns -1.
+/// Loads `rows` (a slice or a table) into `record`, looked up in `module` under the node of their
+/// table, which takes the numbers that follow, at most two. When the node does not fit, logs
+/// "sprintf_s" and returns -1.
 #define LOAD_AT_OR_RETURN AT_THIS_LINE_ LOAD_AT_OR_RETURN_
 #define LOAD_AT_OR_RETURN_(module, rows, record, ...)                            \
     do {                                                                         \
@@ -77,7 +77,7 @@
         }                                                                        \
     } while (false)
 
-/// Loads one row, `field`, for element `index` of what it stands for.
+/// Loads element `index` of the row `field` into `record`, as `LOAD_OR_RETURN` does.
 #define LOAD_ELEMENT_OR_RETURN AT_THIS_LINE_ LOAD_ELEMENT_OR_RETURN_
 #define LOAD_ELEMENT_OR_RETURN_(module, node, field, index, record)                       \
     do {                                                                                  \
@@ -88,7 +88,8 @@
         }                                                                                 \
     } while (false)
 
-// The same for what several loaders have in common: records stand under the loader at `site`.
+// The same for functions that several loaders share: they log under the loader's name and line,
+// which `site` holds.
 
 /// As `CALL_OR_RETURN`.
 #define CALL_FOR_OR_RETURN(site, step, label)                                           \
@@ -125,8 +126,8 @@
         }                                                                    \
     } while (false)
 
-/// Returns -1, logging so, when a loader is given no record. For loaders that use the record before
-/// they load rows into it: the row macros above make the same check.
+/// Logs a null record and returns -1 when a loader's `record` is null. For loaders that use the
+/// record before they load rows into it; the row macros above make the same check.
 #define REQUIRE_RECORD_OR_RETURN AT_THIS_LINE_ REQUIRE_RECORD_OR_RETURN_
 #define REQUIRE_RECORD_OR_RETURN_(record)                      \
     do {                                                       \
@@ -135,8 +136,8 @@
         }                                                      \
     } while (false)
 
-/// Returns -1, logging `key` and `count`, when a count is larger than what its section has room
-/// for.
+/// Logs `key` and `count` and returns -1 when `count` is above `max`, the number that the section
+/// has room for.
 #define REQUIRE_COUNT_OR_RETURN AT_THIS_LINE_ REQUIRE_COUNT_OR_RETURN_
 #define REQUIRE_COUNT_OR_RETURN_(key, count, max)                        \
     do {                                                                 \

@@ -9,12 +9,9 @@
 #include "safestr/safestr.h"
 
 namespace paramgen {
-namespace {
 
 /// What stands for a null key in a record, as printf writes it.
 constexpr char kNoKey[] = "(null)";
-
-}  // namespace
 
 Status FindText(const char* module, const char* key, const char** text) {
     return FindText(ProductModule(module), key == nullptr ? std::string_view() : key, nullptr,

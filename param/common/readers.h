@@ -1,9 +1,9 @@
 /// Typed readers: each reads one value of the configuration "productini".
 ///
 /// A reader holds the configuration's lock while it runs. It returns 0, the code of the
-/// configuration query that failed, or -1 when the key or the value does not fit; it has then
-/// logged the failure under the full key. An absent key is no failure. A null module, key, prefix
-/// or destination is: it fails as a null argument of the query, with `kBadArgument`.
+/// configuration query that failed, or -1 when the key or the value does not fit. It logs a failure
+/// with the full key. An absent key is no failure. A null module, key, prefix or destination fails
+/// with `kBadArgument`, as a null argument of the query does.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@
 
 namespace paramgen {
 
-/// The configuration that every value comes from.
+/// Name of the configuration that every value comes from.
 inline constexpr char kProductConfig[] = "productini";
 
 /// Reads the integer "prefix:key" of `module` into `value`; `defaultValue` when the key is absent.
@@ -25,7 +25,7 @@ inline constexpr char kProductConfig[] = "productini";
                                                            std::int32_t defaultValue,
                                                            std::int32_t* value);
 
-/// As the integer reader; the 32 bits of the signed number are stored as they are.
+/// As the integer reader. The number is read as a signed one, and its 32 bits are stored unchanged.
 [[nodiscard]] Status PDT_INIPARAM_LoadUintValueByNodePrefix(const char* module, const char* prefix,
                                                             const char* key,
                                                             std::int32_t defaultValue,
@@ -37,20 +37,21 @@ inline constexpr char kProductConfig[] = "productini";
                                                             const char* key, Bool32 defaultValue,
                                                             Bool32* value);
 
-/// Copies the string `key` ("section:key") of `module` into `text`, which has room for `size`
-/// bytes, and echoes it. An absent key leaves `text` as it is; a value of more than `size` - 1
-/// characters fails with -1.
+/// Copies the string `key` ("section:key") of `module` into the buffer `text` of `size` bytes, and
+/// echoes it. An absent key leaves `text` unchanged; a value of more than `size` - 1 characters
+/// fails with -1.
 [[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key, char* text,
                                                   std::size_t size);
 
-/// The same for a text at the start of `bytes` that may lack its terminator. The value must fit
-/// into the first `size` bytes; the echo goes up to the first NUL in `bytes`, or to their end.
+/// The same for a text at the start of `bytes`. The value must fit into the first `size` bytes.
+/// When the key is absent, the text there may lack a terminator: the echo ends at the first NUL in
+/// `bytes`, or at their end.
 [[nodiscard]] Status PDT_INIPARAM_LoadStringValue(const char* module, const char* key,
                                                   std::span<char> bytes, std::size_t size);
 
-/// Stores in `text` the string `key` of `module`, without a copy: it is valid until the
-/// configuration is released. `text` becomes null when the key is absent; a failure leaves it.
-/// Returns the code of the string query; logs nothing.
+/// Stores in `text` a pointer to the string `key` ("section:key") of `module`; null when the key is
+/// absent. The configuration owns the string; the pointer is valid until it is released. Returns
+/// what the string query returns and logs nothing. After a failure `text` is untouched.
 [[nodiscard]] Status FindText(const char* module, const char* key, const char** text);
 
 }  // namespace paramgen

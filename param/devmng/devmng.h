@@ -1,8 +1,8 @@
 /// Device management section: device identity, storage, g-sensor and system switches.
 ///
-/// Every loader takes the module to read, and the record to fill; it returns 0 or the code of its
-/// first failing step, having logged it. What was loaded before a failure stays. No value of this
-/// section is checked for its range.
+/// Every loader takes the module to read, and the record to fill; it returns 0, or the code of the
+/// first step that failed, having logged it. What was loaded before a failure stays. A null record
+/// fails with -1. No value of this section is checked for its range.
 #pragma once
 
 #include <cstddef>
@@ -65,6 +65,7 @@ extern const TableOf<GsensorCfg> kGsensorTable;
 extern const TableOf<SysCfg> kSysTable;
 extern const TableOf<DevMngCfg> kDevMngTable;
 
+/// These load one record each.
 [[nodiscard]] Status PDT_INIPARAM_LoadDevInfo(const char* module, DevInfo* info);
 [[nodiscard]] Status PDT_INIPARAM_LoadStorageCfg(const char* module, StorageCfg* cfg);
 [[nodiscard]] Status PDT_INIPARAM_LoadGsensorCfg(const char* module, GsensorCfg* cfg);

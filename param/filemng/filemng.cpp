@@ -123,7 +123,7 @@ Status PDT_INIPARAM_FILEMNG_LoadDTCFCfg(const char* module, DtcfCfg* cfg) {
                   cfg->preAllocUnit[i]);
     }
     LOAD_OR_RETURN(module, nullptr, ROWS(kDtcfTable, sharePercent, rootDir), cfg);
-    // A failing directory name goes by the root directory's label.
+    // A directory name that fails is logged with the root directory's label.
     CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(module, cfg), "dtcf:rootdir");
     LOG_DEBUG("dtcf, share_percent[%d],warning_stage[%d],guaranteed_stage[%d] RootDir[%s]\n",
               cfg->sharePercent, cfg->warningStage, cfg->guaranteedStage, cfg->rootDir);

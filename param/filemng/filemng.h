@@ -1,7 +1,8 @@
-/// File management section: where recordings live and how the storage is organised.
+/// File management section: where recordings are stored and how the storage is organised.
 ///
-/// Every loader takes the module to read, and the record to fill; it returns 0 or the code of its
-/// first failing step, having logged it. What was loaded before a failure stays.
+/// Every loader takes the module to read, and the record to fill; it returns 0, or the code of the
+/// first step that failed, having logged it. What was loaded before a failure stays. A null record
+/// fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +27,7 @@ struct FileMngCommCfg {
 };
 static_assert(sizeof(FileMngCommCfg) == 392);
 
-/// Storage organisation: pre-allocated files, shared space and directories. 1052 bytes.
+/// Organisation of the storage: pre-allocated files, shared space and directories. 1052 bytes.
 struct DtcfCfg {
     std::uint32_t preAllocCount[kPreAllocCount];
     std::uint32_t preAllocUnit[kPreAllocCount];
@@ -54,12 +55,18 @@ extern const TableOf<FileMngCommCfg> kFileMngCommTable;
 extern const TableOf<DtcfCfg> kDtcfTable;
 extern const TableOf<FileMngCfg> kFileMngTable;
 
+/// Loads the mount path and the file repair settings. The mount path comes from the module of
+/// device management.
 [[nodiscard]] Status PDT_INIPARAM_FILEMNG_LoadCommCfg(const char* module, FileMngCommCfg* cfg);
+
+/// Loads the organisation of the storage, with its directory names.
 [[nodiscard]] Status PDT_INIPARAM_FILEMNG_LoadDTCFCfg(const char* module, DtcfCfg* cfg);
+
+/// Loads the directory names.
 [[nodiscard]] Status PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg(const char* module, DtcfCfg* cfg);
 
-/// Stores `value` as directory name `index` (0 to 13): null leaves the name as it is, two double
-/// quotes make it empty, and a value of more than 63 characters fails with -1.
+/// Stores `value` as directory name `index` (0 to 13). Null leaves the name unchanged, and two
+/// double quotes make it empty. A value of more than 63 characters fails with -1.
 [[nodiscard]] Status PDT_INIPARAM_FILEMNG_GetDirNames(const char* value, std::uint32_t index,
                                                       DtcfCfg* cfg);
 

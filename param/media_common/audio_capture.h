@@ -1,8 +1,8 @@
 /// Audio capture device and its channels.
 ///
 /// Every loader takes the module to read, the device's number or the record's node, and the record
-/// to fill; it returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays. No value is checked for its range.
+/// to fill; it returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1. No value is checked for its range.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ namespace paramgen {
 
 inline constexpr std::int32_t kAcapChnCount = 2;
 
-/// How sound is captured. 36 bytes.
+/// Attributes of sound capture. 36 bytes.
 struct AcapAttr {
     std::int32_t sampleRate;
     std::int32_t bitWidth;
@@ -57,12 +57,16 @@ extern const TableOf<AcapAttr> kAcapAttrTable;
 extern const TableOf<AcapChnAttr> kAcapChnTable;
 extern const TableOf<AcapCfg> kAcapTable;
 
-/// Loads `attr` but for the points per frame and the word after the resample rate, which the
-/// device's loader does.
+/// Loads `attr`, except the points per frame and the word after the resample rate: the device's
+/// loader stores those.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAcapAttr(const char* module, const char* prefix,
                                                         AcapAttr* attr);
+
+/// Loads the channel at the node `prefix`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAcapChnAttr(const char* module, const char* prefix,
                                                            AcapChnAttr* attr);
+
+/// Loads capture device `index` with its channels.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAcapCfg(const char* module, std::int32_t index,
                                                        AcapCfg* cfg);
 

@@ -1,7 +1,8 @@
 /// Audio encoder.
 ///
-/// Every loader takes the module to read, the encoder's number and the record to fill; it returns 0
-/// or the code of its first failing step, having logged it. What was loaded before a failure stays.
+/// Every loader takes the module to read, the encoder's number and the record to fill; it returns
+/// 0, or the code of the first step that failed, having logged it. What was loaded before a failure
+/// stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +14,7 @@
 
 namespace paramgen {
 
-/// Audio formats that an encoder's attributes are known for.
+/// The audio formats whose attributes can be loaded.
 inline constexpr std::uint32_t kAencFormatAac = 0;
 inline constexpr std::uint32_t kAencFormatMp3 = 3;
 
@@ -25,7 +26,7 @@ struct AencAacAttr {
     std::int32_t bitWidth;
     std::int32_t soundMode;
     std::int32_t transportType;
-    std::int16_t bandWidth;  ///< a value beyond 16 bits is an error
+    std::int16_t bandWidth;  ///< a value that does not fit into 16 bits is an error
     std::byte reserved[2];
 };
 static_assert(sizeof(AencAacAttr) == 28);
@@ -53,7 +54,7 @@ struct AencCfg {
     union {
         AencAacAttr aac;
         AencMp3Attr mp3;
-    };  ///< as the format says
+    };  ///< `format` tells which of them is used
 };
 static_assert(sizeof(AencCfg) == 52);
 static_assert(offsetof(AencCfg, aac) == 24);
@@ -63,11 +64,15 @@ extern const TableOf<AencAacAttr> kAencAacTable;
 extern const TableOf<AencMp3Attr> kAencMp3Table;
 extern const TableOf<AencCfg> kAencTable;
 
-/// Returns -1 when the band width is out of range.
+/// Loads the AAC attributes of encoder `index`. Returns -1 when the band width is out of range.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAencAacCfg(const char* module, std::int32_t index,
                                                           AencAacAttr* attr);
+
+/// Loads the MP3 attributes of encoder `index`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAencMp3Cfg(const char* module, std::int32_t index,
                                                           AencMp3Attr* attr);
+
+/// Loads encoder `index` with the attributes of its format. Returns -1 for any other format.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAencCfg(const char* module, std::int32_t index,
                                                        AencCfg* cfg);
 

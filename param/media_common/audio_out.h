@@ -1,8 +1,8 @@
 /// Audio output and its channels.
 ///
 /// Every loader takes the module to read, the output's number or the record's node, and the record
-/// to fill; it returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays. No value is checked for its range.
+/// to fill; it returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1. No value is checked for its range.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ namespace paramgen {
 
 inline constexpr std::int32_t kAoChnCount = 2;
 
-/// How sound is put out. 32 bytes.
+/// Attributes of sound output. 32 bytes.
 struct AoAttr {
     std::int32_t sampleRate;
     std::int32_t bitWidth;
@@ -55,9 +55,11 @@ extern const TableOf<AoAttr> kAoAttrTable;
 extern const TableOf<AoChnAttr> kAoChnTable;
 extern const TableOf<AoCfg> kAoTable;
 
-/// Loads `attr` but for the points per frame, which the output's loader does.
+/// Loads `attr`, except the points per frame: the output's loader stores those.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAoAttr(const char* module, const char* prefix,
                                                       AoAttr* attr);
+
+/// Loads output `index` with its channels.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommAoCfg(const char* module, std::int32_t index,
                                                      AoCfg* cfg);
 

@@ -3,7 +3,6 @@
 #include "param/common/param_log.h"
 
 namespace paramgen {
-namespace {
 
 constexpr char kPrefix[] = "QX_MAPI_DISP_CSC_MATRIX_";
 
@@ -18,8 +17,6 @@ constexpr NamedNumber<kPrefix, 24> kCscMatrices[] = {
     {"QX_MAPI_DISP_CSC_MATRIX_BT601FULL_TO_RGBFULL", kCscMatrixBt601FullToRgbFull},
     {"QX_MAPI_DISP_CSC_MATRIX_BT709FULL_TO_RGBFULL", kCscMatrixBt709FullToRgbFull},
 };
-
-}  // namespace
 
 constexpr NameTable kCscMatrixNames(kCscMatrices);
 

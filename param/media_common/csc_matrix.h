@@ -1,4 +1,5 @@
-/// Colour-space conversion matrices of a display. INI files name them, the image numbers them.
+/// Colour-space conversion matrices of a display. INI files hold their names, the image their
+/// numbers.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 
 namespace paramgen {
 
-/// The number of a matrix. The numbers are the display library's own, and part of the image's
+/// The number of a matrix. The numbers are those of the display library and part of the image's
 /// format.
 enum CscMatrix : std::int32_t {
     kCscMatrixBt601LimitToBt601Limit = 0,
@@ -26,8 +27,8 @@ enum CscMatrix : std::int32_t {
 /// The names of all matrices.
 extern const NameTable kCscMatrixNames;
 
-/// Stores the number of the matrix called `name`, and echoes it. Returns -1, logging so and storing
-/// nothing, for an unknown name. Names are compared as they are, to the letter.
+/// Stores the number of the matrix called `name`, and echoes both. The comparison is
+/// case-sensitive. For an unknown name, and for null, logs an error, stores nothing and returns -1.
 [[nodiscard]] Status PDT_INIPARAM_GetMediaCommCSCMatrixEnum(const char* name, CscMatrix* matrix);
 
 /// A matrix member is read by name.

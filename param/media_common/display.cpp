@@ -4,7 +4,7 @@
 
 namespace paramgen {
 
-/// Node of an ordinary window, of which none is read.
+/// Node template of an ordinary window. There are none yet, see `kDispWndCount`.
 constexpr char kWndNode[] = "disp.%d.window.%d";
 
 constexpr Field kDispCscFields[] = {

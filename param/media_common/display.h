@@ -1,8 +1,8 @@
 /// Display: the panel, its colour-space conversion, its video source and its playback window.
 ///
 /// Every loader takes the module to read, the display's number or the record's node, and the record
-/// to fill; it returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays. No number is checked for its range.
+/// to fill; it returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1. No number is checked for its range.
 #pragma once
 
 #include <cstddef>
@@ -18,12 +18,12 @@ namespace paramgen {
 
 inline constexpr std::int32_t kDispSourceCount = 1;
 
-/// Ordinary windows that are read: none, the record has room for the playback window alone.
+/// Number of ordinary windows: none. The record has room for the playback window only.
 inline constexpr std::int32_t kDispWndCount = 0;
 
 /// Colour-space conversion. 20 bytes.
 struct DispCscAttr {
-    CscMatrix matrix;  ///< left as it is when the key is absent
+    CscMatrix matrix;  ///< unchanged when the key is absent
     std::uint32_t luma;
     std::uint32_t contrast;
     std::uint32_t hue;
@@ -31,7 +31,7 @@ struct DispCscAttr {
 };
 static_assert(sizeof(DispCscAttr) == 20);
 
-/// Where in its window a video is shown. 24 bytes.
+/// The area of its window that a video takes up. 24 bytes.
 struct DispAspectAttr {
     std::int32_t mode;
     std::uint32_t bgColor;
@@ -42,7 +42,7 @@ struct DispAspectAttr {
 };
 static_assert(sizeof(DispAspectAttr) == 24);
 
-/// Where on the display a window is shown. 20 bytes.
+/// The area of the display that a window takes up. 20 bytes.
 struct DispWndAttr {
     std::int32_t rectX;
     std::int32_t rectY;
@@ -90,16 +90,24 @@ extern const TableOf<DispWndAttr> kDispWndAttrTable;
 extern const TableOf<DispWndCfg> kDispWndTable;
 extern const TableOf<DispCfg> kDispTable;
 
-/// Returns -1 for an unknown matrix.
+/// Loads the colour-space conversion at the node `prefix`. Returns -1 for an unknown matrix.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispCSCAttr(const char* module, const char* prefix,
                                                            DispCscAttr* attr);
+
+/// Loads the area of a video at the node `prefix`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispAspectAttr(const char* module,
                                                               const char* prefix,
                                                               DispAspectAttr* attr);
+
+/// Loads the area of a window at the node `prefix`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispWndAttr(const char* module, const char* prefix,
                                                            DispWndAttr* attr);
+
+/// Loads the window at the node `prefix`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispWndCfg(const char* module, const char* prefix,
                                                           DispWndCfg* cfg);
+
+/// Loads display `index`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommDispCfg(const char* module, std::int32_t index,
                                                        DispCfg* cfg);
 

@@ -1,9 +1,9 @@
-/// Hierarchical QP: how the quantisation parameter differs between the layers of a group of
+/// Hierarchical QP: the differences of the quantisation parameter between the layers of a group of
 /// pictures.
 ///
-/// The loader takes the module to read and the record to fill; it returns 0 or the code of its
-/// first failing step, having logged it. What was loaded before a failure stays. No value is
-/// checked for its range.
+/// The loader takes the module to read and the record to fill; it returns 0, or the code of the
+/// first step that failed, having logged it. What was loaded before a failure stays. A null record
+/// fails with -1. No value is checked for its range.
 #pragma once
 
 #include <cstddef>
@@ -29,6 +29,7 @@ static_assert(offsetof(HierarchicalQpAttr, frameNum) == 20);
 
 extern const TableOf<HierarchicalQpAttr> kHierarchicalQpTable;
 
+/// Loads the hierarchical QP.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommVencHierarchicalQp(const char* module,
                                                                   HierarchicalQpAttr* attr);
 

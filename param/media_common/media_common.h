@@ -1,8 +1,8 @@
-/// Media common section: what all cameras share. Video and snapshot encoders, live view, display
+/// Media common section, which all cameras share: video and snapshot encoders, live view, display
 /// and sound.
 ///
-/// Every loader takes the record to fill; it returns 0 or the code of its first failing step,
-/// having logged it. What was loaded before a failure stays.
+/// Every loader takes the record to fill; it returns 0, or the code of the first step that failed,
+/// having logged it. What was loaded before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -62,6 +62,7 @@ inline constexpr char kMediaCommModule[] = "media_common";
 extern const TableOf<VencCommCfg> kVencCommTable;
 extern const TableOf<MediaCommCfg> kMediaCommTable;
 
+/// Loads the encoders' common settings from `module`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* cfg);
 
 /// Loads the whole section. Returns -1 when `section` is null.

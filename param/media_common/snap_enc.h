@@ -1,8 +1,8 @@
 /// Snapshot encoders.
 ///
-/// The loader takes the module to read, the encoder's name and the record to fill; it returns 0 or
-/// the code of its first failing step, having logged it. What was loaded before a failure stays. No
-/// value is checked for its range.
+/// The loader takes the module to read, the encoder's name and the record to fill; it returns 0, or
+/// the code of the first step that failed, having logged it. What was loaded before a failure
+/// stays. A null record fails with -1. No value is checked for its range.
 #pragma once
 
 #include <cstddef>
@@ -41,7 +41,7 @@ static_assert(offsetof(SnapEncAttr, qualityFactor) == 24);
 extern const TableOf<LargeThumbnail> kLargeThumbnailTable;
 extern const TableOf<SnapEncAttr> kSnapEncTable;
 
-/// Loads the encoder called `name`: "single" or "sub".
+/// Loads the encoder `name`: "single" or "sub".
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommSnapEncAttr(const char* module, const char* name,
                                                            SnapEncAttr* attr);
 

@@ -4,7 +4,7 @@
 
 namespace paramgen {
 
-/// What every rate control method echoes.
+/// Format of the record that echoes a rate control method.
 constexpr char kQpEcho[] = "    [%s]: MaxQP[%u] MinQP[%u] MaxIQP[%u] MinIQP[%u]\n";
 
 constexpr Field kH26xRcQpFields[] = {
@@ -120,7 +120,7 @@ Status PDT_INIPARAM_LoadMediaCommVencH265Attr(const char* module, const char* st
                    "H265CBRAttr");
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xVbrAttr(module, node.c_str(), &attr->h265.vbr),
                    "H265VBRAttr");
-    // QVBR goes by the name of VBR here.
+    // The label says VBR, although this is QVBR: readers of the log know it so.
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommH26xQvbrAttr(module, node.c_str(), &attr->h265.qvbr),
                    "H265VBRAttr");
     return kOk;

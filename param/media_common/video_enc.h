@@ -1,8 +1,9 @@
-/// Video encoder defaults of a stream: profile and rate control of each codec.
+/// Video encoder defaults of a stream: for each codec its profile and its rate control.
 ///
 /// Every loader takes the module to read, the stream's name or the node above its own, and the
-/// record to fill; it returns 0 or the code of its first failing step, having logged it. What was
-/// loaded before a failure stays. No value is checked for its range.
+/// record to fill; it returns 0, or the code of the first step that failed, having logged it. What
+/// was loaded before a failure stays. A null record fails with -1. No value is checked for its
+/// range.
 #pragma once
 
 #include <cstddef>
@@ -64,7 +65,7 @@ extern const TableOf<H26xQvbrAttr> kH26xQvbrTable;
 extern const TableOf<H26xRateControl> kH26xRateControlTable;
 extern const TableOf<VideoEncAttr> kVideoEncTable;
 
-// Rate control of the codec at node `codecPrefix`.
+// These load one rate control method of the codec at the node `codecPrefix`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommH26xCbrAttr(const char* module,
                                                            const char* codecPrefix,
                                                            H26xRcQpAttr* attr);
@@ -75,7 +76,7 @@ extern const TableOf<VideoEncAttr> kVideoEncTable;
                                                             const char* codecPrefix,
                                                             H26xQvbrAttr* attr);
 
-// A codec's part of the stream at node `streamPrefix`.
+// These load one codec of the stream at the node `streamPrefix`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommVencH264Attr(const char* module,
                                                             const char* streamPrefix,
                                                             VideoEncAttr* attr);
@@ -83,7 +84,7 @@ extern const TableOf<VideoEncAttr> kVideoEncTable;
                                                             const char* streamPrefix,
                                                             VideoEncAttr* attr);
 
-/// Loads the stream called `name`: "main" or "sub".
+/// Loads the stream `name`: "main" or "sub".
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommVideoEncAttr(const char* module, const char* name,
                                                             VideoEncAttr* attr);
 

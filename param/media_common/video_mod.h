@@ -1,4 +1,4 @@
-/// Where a consumer takes its pictures from.
+/// The source of the pictures that a part of the firmware uses.
 ///
 /// The loader takes the module and the node to read, and the record to fill; it returns 0 or the
 /// code of its first failing step, having logged it.
@@ -11,7 +11,7 @@
 
 namespace paramgen {
 
-/// A binding to a channel of a module of the firmware. 12 bytes.
+/// A binding to a channel of a firmware module. 12 bytes.
 struct VideoModCfg {
     std::int32_t boundModule;
     std::int32_t moduleHandle;

@@ -83,7 +83,7 @@ void ValueSetView::SetValue(std::uint32_t index, std::uint32_t value) const {
 
 namespace {
 
-/// A kind of value set: its rows, and how it is echoed.
+/// A kind of value set: its rows, and the format of its records.
 struct ItemKind {
     const Field& count;
     const Field& description;
@@ -100,7 +100,7 @@ constexpr ItemKind kMediaModes = {.count = ROW(kMediaModeSetTable, count),
                                   .value = ROW(kMediaModeItemTable, value),
                                   .isMediaMode = true};
 
-/// Loads choice `k` of a set, for the loader at `site`.
+/// Loads choice `k` of a set. Logs under the loader's name and line, `site`.
 Status LoadChoice(CallSite site, const char* module, std::string_view item, const ItemKind& kind,
                   ValueSetView set, std::uint32_t k) {
     const std::span<char> text = set.Description(k);
@@ -126,7 +126,7 @@ Status LogTooMany(CallSite site, const char* item, const ItemKind& kind, ValueSe
     return kFailed;
 }
 
-/// Loads a set, for the loader at `site`.
+/// Loads a set. Logs under the loader's name and line, `site`.
 Status LoadSet(CallSite site, const char* module, const char* item, const ItemKind& kind,
                ValueSetView set) {
     const std::string_view node = item;

@@ -7,7 +7,7 @@
 
 namespace paramgen {
 
-// A row's prefix is the node of its set, its table tells the kind of values.
+// `Under` gives a set its node. The table of a set tells the kind of its values.
 
 constexpr Field kBurstValueSetsFields[] = {
     RECORD(BurstValueSets, mediaMode, kMediaModeSetTable)
@@ -92,7 +92,7 @@ constexpr Field kValueSetFields[] = {
 
 namespace {
 
-/// Whether the nodes of all these sets take the camera's number.
+/// Returns true. The compiler refuses it unless the node of each set takes the camera's number.
 consteval bool TakeTheCamera(std::span<const Field> slots) {
     for (const Field& slot : slots) {
         field_detail::Taking<std::uint32_t>(slot.node);
@@ -100,22 +100,22 @@ consteval bool TakeTheCamera(std::span<const Field> slots) {
     return true;
 }
 
-/// The node of a set that each camera has.
+/// Node template of a set that each camera has. `TakeTheCamera` has checked what it takes.
 ChosenTemplate NodeOf(const Field& slot) {
     return {slot.node};
 }
 
-/// The set that lies `offset` bytes into the section.
+/// The set at `offset`, in bytes from the section's start.
 ValueSetView SetAt(ValueSetCfg* section, std::size_t offset) {
     return ValueSetView(std::as_writable_bytes(std::span(section, 1)).subspan(offset));
 }
 
-/// The set of `camera` for the setting of row `slot`.
+/// The set of row `slot`, of `camera` when each camera has one.
 ValueSetView SetOf(ValueSetCfg* section, const Field& slot, std::uint32_t camera = 0) {
     return SetAt(section, slot.offset + std::size_t{camera} * slot.size);
 }
 
-/// Loads the set `item` of the kind that row `slot` tells.
+/// Loads the set at the node `item`. The table of row `slot` tells the kind of its values.
 Status LoadItemValues(const char* module, const char* item, const Field& slot, ValueSetView set) {
     return slot.table == &kMediaModeSetTable
                ? PDT_INIPARAM_LoadMediaModeItemValues(module, item, set)
@@ -155,7 +155,7 @@ Status PDT_INIPARAM_LoadDormantValueSetCfg(const char* module, const char* item,
 
 namespace {
 
-/// A setting for photos, and what its node is called when it does not fit.
+/// A set for photos, and the label that is logged when its node does not fit.
 struct PhotoSlot {
     const Field& slot;
     const char* notFormatted;

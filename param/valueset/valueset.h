@@ -1,8 +1,8 @@
 /// Value set section: the choices that the device offers for each of its settings.
 ///
-/// Every loader returns 0 or the code of its first failing step, having logged it. What was loaded
-/// before a failure stays. Choices beyond a set's record are written across the sets behind it,
-/// which overwrite them when they are loaded later.
+/// Every loader returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1. Choices beyond a set's record are
+/// stored in the sets behind it, which overwrite them when they are loaded later.
 #pragma once
 
 #include <cstddef>
@@ -68,12 +68,12 @@ extern const TableOf<ValueSetCfg> kValueSetTable;
 /// Loads the sets of each camera, except those for photos.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamValueSetCfg(const char* module, ValueSetCfg* section);
 
-/// Loads a set of times in seconds, and turns them into milliseconds modulo 2^32.
+/// Loads a set of times, and converts them from seconds to milliseconds modulo 2^32.
 [[nodiscard]] Status PDT_INIPARAM_LoadDormantValueSetCfg(const char* module, const char* item,
                                                          ValueSetView set);
 
-/// Loads the sets of each camera for photos. There are no more media modes for bursts than there
-/// are sets of burst types.
+/// Loads the photo sets of each camera. More media modes for bursts than there are sets of burst
+/// types are an error: -1.
 [[nodiscard]] Status PDT_INIPARAM_LoadPhotoCfgValueSet(const char* module, ValueSetCfg* section);
 
 /// Loads the whole section. Returns -1 when `section` is null.

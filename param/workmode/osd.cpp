@@ -122,7 +122,7 @@ Status PDT_INIPARAM_LoadOsdCfg(const char* module, const char* node, OsdCfg* cfg
     LOG_DEBUG("s32OsdCnt[%d] BaseFontSize[%d,%d] BaseRes[%d,%d]\n", cfg->count, cfg->baseFontWidth,
               cfg->baseFontHeight, cfg->baseWidth, cfg->baseHeight);
     CALL_OR_RETURN(PDT_INIPARAM_LoadOsdContent(module, node, cfg), "osd content");
-    // Their number is part of the content, so displays come second.
+    // The content holds the number of displays, so it is loaded first.
     CALL_OR_RETURN(PDT_INIPARAM_LoadOsdDispAttr(module, node, cfg), "osd display");
     return kOk;
 }

@@ -1,9 +1,9 @@
-/// On-screen overlays of a work mode: what each shows, and on which displays it is shown.
+/// On-screen overlays of a work mode: what each of them shows, and on which displays.
 ///
 /// Every loader takes the module to read, the node of the overlays, and the block to fill; it
-/// returns 0 or the code of its first failing step, having logged it. What was loaded before a
-/// failure stays. No value is checked for its range; counts are stored as read, and loops stop at
-/// what the block has room for.
+/// returns 0, or the code of the first step that failed, having logged it. What was loaded before a
+/// failure stays. A null record fails with -1. No value is checked for its range; counts are stored
+/// as read, and loops stop at what the block has room for.
 #pragma once
 
 #include <cstddef>
@@ -38,8 +38,8 @@ static_assert(offsetof(OsdDisplayCfg, batch) == 40);
 
 /// One overlay. 268 bytes.
 struct OsdEntryCfg {
-    std::uint32_t displayCount;  ///< as read, even when beyond the displays below
-    std::int32_t type;           ///< 4, not 0, when the overlay is used but does not say
+    std::uint32_t displayCount;  ///< as read, even when it is larger than `displays`
+    std::int32_t type;           ///< 4 when a counted overlay has no such key
     std::int32_t timeFormat;
     std::uint32_t color;
     std::uint32_t backgroundColor;
@@ -54,7 +54,7 @@ static_assert(offsetof(OsdEntryCfg, displays) == 92);
 
 /// The overlays of a work mode. 4308 bytes.
 struct OsdCfg {
-    std::uint32_t count;  ///< as read, even when beyond the entries below
+    std::uint32_t count;  ///< as read, even when it is larger than `entries`
     std::uint32_t baseFontWidth;
     std::uint32_t baseFontHeight;
     std::uint32_t baseWidth;
@@ -71,10 +71,10 @@ extern const TableOf<OsdCfg> kOsdTable;
 /// Loads the whole block.
 [[nodiscard]] Status PDT_INIPARAM_LoadOsdCfg(const char* module, const char* node, OsdCfg* cfg);
 
-/// Loads the overlays without their displays, as many as the block counts.
+/// Loads the count of overlays and that many overlays, without their displays.
 [[nodiscard]] Status PDT_INIPARAM_LoadOsdContent(const char* module, const char* node, OsdCfg* cfg);
 
-/// Loads the displays, as many as each overlay counts.
+/// Loads the displays of each overlay, as many as it counts.
 [[nodiscard]] Status PDT_INIPARAM_LoadOsdDispAttr(const char* module, const char* node,
                                                   OsdCfg* cfg);
 

@@ -6,7 +6,7 @@
 
 namespace paramgen {
 
-/// Label of some texts that do not fit. Odd as it looks, it is what the log has always said.
+/// Label of some texts that do not fit. It looks like a mistake, but readers of the log know it.
 constexpr char kNotFormatted[] = "ret = ret = sprintf_s";
 
 constexpr Field kPhotoSourceFields[] = {
@@ -105,7 +105,7 @@ Status PDT_INIPARAM_LoadPhotoCfg(const char* module, PhotoCfg* cfg) {
         FILL_OR_RETURN(node, "burstphoto sprintf_s", ROW(kPhotoTypeTable, burst), i);
         CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoBurstAttr(module, node.c_str(), &type->burst),
                        "LoadPhotoBurstAttr");
-        // The next record goes on in the same line.
+        // No line break: the next record continues the line.
         LOG_DEBUG("photo type cfg: type[%u], single_outputformat[%u], lapse_interval[%u]",
                   type->type, type->singleOutputFormat, type->lapseInterval);
     }

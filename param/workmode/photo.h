@@ -1,9 +1,10 @@
-/// Photo work mode: where photos come from, and which kind the mode starts with. Photo sources are
-/// shared with the record work mode.
+/// Photo work mode: the sources of photos, and the kind of photo that the mode starts with. The
+/// record work mode uses photo sources too.
 ///
 /// Every loader takes the module to read, the node where it does not have one of its own, and the
-/// record to fill; it returns 0 or the code of its first failing step, having logged it. What was
-/// loaded before a failure stays. No value is checked for its range.
+/// record to fill; it returns 0, or the code of the first step that failed, having logged it. What
+/// was loaded before a failure stays. A null record fails with -1. No value is checked for its
+/// range.
 #pragma once
 
 #include <cstddef>
@@ -30,9 +31,9 @@ struct PhotoSourceCfg {
 };
 static_assert(sizeof(PhotoSourceCfg) == 28);
 
-/// Photos in quick succession. 8 bytes.
+/// Burst photos: several in quick succession. 8 bytes.
 struct PhotoBurstCfg {
-    MediaMode mediaMode;  ///< left as it is when the key is absent
+    MediaMode mediaMode;  ///< unchanged when the key is absent
     std::int32_t type;
 };
 static_assert(sizeof(PhotoBurstCfg) == 8);
@@ -73,11 +74,15 @@ extern const TableOf<PhotoTypeCfg> kPhotoTypeTable;
 extern const TableOf<PhotoCfg> kPhotoTable;
 extern const TableOf<PhotoWorkModeCfg> kPhotoWorkModeTable;
 
+/// Loads the photo source at `node`.
 [[nodiscard]] Status PDT_INIPARAM_LoadPhotoAttr(const char* module, const char* node,
                                                 PhotoSourceCfg* cfg);
-/// Returns -1 for an unknown media mode.
+
+/// Loads the settings of burst photos at `node`. Returns -1 for an unknown media mode.
 [[nodiscard]] Status PDT_INIPARAM_LoadPhotoBurstAttr(const char* module, const char* node,
                                                      PhotoBurstCfg* cfg);
+
+/// Loads the photo settings.
 [[nodiscard]] Status PDT_INIPARAM_LoadPhotoCfg(const char* module, PhotoCfg* cfg);
 
 /// Loads the whole work mode.

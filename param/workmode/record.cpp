@@ -102,7 +102,7 @@ constexpr Field kRecWorkModeFields[] = {
 
 namespace {
 
-/// Stores handle `index` of the handles that begin at the start of `handles`.
+/// Stores `handle` at `index` in the array of handles that begins at the start of `handles`.
 void StoreHandle(std::span<std::byte> handles, std::uint32_t index, std::int32_t handle) {
     const std::span<std::byte> dest =
         handles.subspan(std::size_t{index} * sizeof handle, sizeof handle);
@@ -124,7 +124,7 @@ Status PDT_INIPARAM_LoadRecFileAttr(const char* module, const char* node, RecFil
     }
     LOAD_OR_RETURN(module, node, ROW(kRecFileTable, audioEncoderCount), cfg);
     LOG_DEBUG("%s aenccnt[%u] \n", node, cfg->audioEncoderCount);
-    // One audio encoder per file, however many are counted.
+    // At most one audio encoder is read, even when the count is larger.
     if (cfg->audioEncoderCount >= 1) {
         LOAD_ELEMENT_OR_RETURN(module, node, ROW(kRecFileTable, audioEncoders), 0, cfg);
         LOG_DEBUG("aenc_hdl%u[%u] \n", 0U, cfg->audioEncoders[0]);
@@ -171,7 +171,7 @@ Status PDT_INIPARAM_LoadRecAttr(const char* module, const char* node, RecAttrCfg
     LOAD_OR_RETURN(module, node, ROWS(kRecAttrTable, enable, slowPlayFrameRate), cfg);
     LOG_DEBUG("normal record attr  enable[%d],split_type[%d],split_time[%d] ", cfg->enable,
               cfg->splitType, cfg->splitTime);
-    // Both counts are still to be read.
+    // Both counts are read later: this record shows what was there before.
     LOG_DEBUG("prerec_time[%dms],filecnt[%d],thmcnt[%d] ", cfg->preRecordTime, cfg->fileCount,
               cfg->thumbnailCount);
     LOG_DEBUG("playfps[%d], slowrec_playfps[%d]\n", cfg->playFrameRate, cfg->slowPlayFrameRate);

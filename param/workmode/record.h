@@ -1,13 +1,14 @@
 /// Record work mode: files, thumbnails, splitting, pre-recording and lapse settings.
 ///
 /// Every loader takes the module to read, the node where it does not have one of its own, and the
-/// record to fill; it returns 0 or the code of its first failing step, having logged it. What was
-/// loaded before a failure stays. No value is checked for its range.
+/// record to fill; it returns 0, or the code of the first step that failed, having logged it. What
+/// was loaded before a failure stays. A null record fails with -1. No value is checked for its
+/// range.
 ///
-/// There may be more thumbnail handles than the record has room for: the further ones lie in the
-/// bytes behind the record's, up to the end of the work mode section. A count that leads beyond the
-/// section fails with -1 before the first handle is read. The loaders on the way to the handles
-/// take them as `thumbnails`: the bytes from the first handle to the section's end.
+/// There may be more thumbnail handles than the record has room for. The others are stored in the
+/// bytes behind the record, up to the end of the work mode section. A count that is too large for
+/// the section fails with -1 before the first handle is read. `thumbnails` are the bytes from the
+/// first handle to the section's end.
 #pragma once
 
 #include <cstddef>
@@ -37,7 +38,7 @@ static_assert(sizeof(RecCommCfg) == 16);
 
 /// What is written into one file, by handles. 40 bytes.
 struct RecFileCfg {
-    std::uint32_t videoEncoderCount;  ///< as read, even when beyond the encoders below
+    std::uint32_t videoEncoderCount;  ///< as read, even when it is larger than `videoEncoders`
     std::uint32_t audioEncoderCount;  ///< as read, even when above 1
     std::byte reserved8[4];
     std::int32_t videoEncoders[kRecVencCountMax];
@@ -58,10 +59,10 @@ struct RecAttrCfg {
     std::uint32_t splitTime;
     std::byte reserved16[8];
     std::uint32_t preRecordTime;
-    std::uint32_t fileCount;  ///< as read, even when beyond the files below
+    std::uint32_t fileCount;  ///< as read, even when it is larger than `files`
     RecFileCfg files[kRecFileCountMax];
-    std::uint32_t thumbnailCount;      ///< as read, even when beyond the handles below
-    std::int32_t thumbnailHandles[4];  ///< further ones overwrite what follows
+    std::uint32_t thumbnailCount;      ///< as read, even when it is larger than the array below
+    std::int32_t thumbnailHandles[4];  ///< further handles overwrite the bytes that follow
     std::int32_t receiveBufferSizes[kRecFileCountMax];
     std::int32_t playFrameRate;
     std::int32_t recordType;
@@ -99,8 +100,13 @@ extern const TableOf<RecFileCfg> kRecFileTable;
 extern const TableOf<RecAttrCfg> kRecAttrTable;
 extern const TableOf<RecWorkModeCfg> kRecWorkModeTable;
 
+/// Loads the media modes and the overlays of `cfg`.
 [[nodiscard]] Status PDT_INIPARAM_LoadRecMediaCfg(const char* module, RecWorkModeCfg* cfg);
+
+/// Loads the settings of every recorded file.
 [[nodiscard]] Status PDT_INIPARAM_LoadRecCommCfg(const char* module, RecCommCfg* cfg);
+
+/// Loads the file at `node`.
 [[nodiscard]] Status PDT_INIPARAM_LoadRecFileAttr(const char* module, const char* node,
                                                   RecFileCfg* cfg);
 
@@ -108,6 +114,8 @@ extern const TableOf<RecWorkModeCfg> kRecWorkModeTable;
 [[nodiscard]] Status PDT_INIPARAM_LoadRecFilesAttr(const char* module, const char* node,
                                                    RecAttrCfg* cfg,
                                                    std::span<std::byte> thumbnails);
+
+/// Loads all settings of normal recording at `node`.
 [[nodiscard]] Status PDT_INIPARAM_LoadRecAttr(const char* module, const char* node, RecAttrCfg* cfg,
                                               std::span<std::byte> thumbnails);
 

@@ -24,7 +24,7 @@ constexpr Field kWorkModeFields[] = {
 
 namespace {
 
-/// The bytes of `section` from the first thumbnail handle on.
+/// The bytes from the first thumbnail handle to the end of `section`.
 std::span<std::byte> ThumbnailHandles(WorkModeCfg* section) {
     constexpr std::size_t kFirst = offsetof(WorkModeCfg, record) +
                                    offsetof(RecWorkModeCfg, normal) +
@@ -52,7 +52,7 @@ Status PDT_INIPARAM_LoadWorkModeConf(WorkModeCfg* section) {
                    "PhotoMedia");
     LOG_DEBUG("\n\n");
     LOG_DEBUG("rec Configure:\n");
-    // Readers of the log know the record settings by this label.
+    // The label says PLAYBACK, although these are the record settings: readers of the log know it.
     CALL_OR_RETURN(PDT_INIPARAM_LoadRecWorkModeConf(&section->record, ThumbnailHandles(section)),
                    "PLAYBACK");
     LOG_DEBUG("\n\n");

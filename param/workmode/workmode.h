@@ -1,7 +1,7 @@
 /// Work mode section: the mode that the camera starts in, and the settings of both modes.
 ///
-/// The loaders return 0 or the code of their first failing step, having logged it. What was loaded
-/// before a failure stays.
+/// Every loader returns 0, or the code of the first step that failed, having logged it. What was
+/// loaded before a failure stays. A null record fails with -1.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@
 
 namespace paramgen {
 
-/// What the camera does when it gets power. 8 bytes.
+/// What the camera does at power-on. 8 bytes.
 struct CommWorkModeCfg {
     std::int32_t powerOnMode;
     std::byte reserved[4];
