@@ -10,7 +10,7 @@
 namespace paramgen::layout {
 namespace {
 
-/// A line of a table, and all values that it stands for.
+/// A line of the table: the values that it stands for, and their modules.
 struct Line {
     std::vector<const Value*> values;
     std::vector<std::string> modules;
@@ -21,7 +21,8 @@ bool IsIn(std::string_view part, const std::string& member) {
                                         member[part.size()] == '.' || member[part.size()] == '[');
 }
 
-/// Values that one line can stand for have the same row and, but for numbers, the same key.
+/// Values share a line when they have the same row, and the same section and key apart from
+/// indices.
 using LineKey = std::tuple<const Field*, std::string, std::string>;
 
 std::vector<Line> LinesOf(std::string_view part) {
@@ -65,7 +66,8 @@ std::string Content(const Value& value) {
     return text;
 }
 
-/// Under which condition the innermost array's elements are read; empty: always.
+/// The condition under which elements of the innermost array are read, in words; empty when they
+/// are always read.
 std::string When(const Value& value) {
     for (auto condition = value.conditions.rbegin(); condition != value.conditions.rend();
          ++condition) {

@@ -1,4 +1,4 @@
-/// The tables of the page that describes the image.
+/// Makes the tables of docs/format.md.
 #pragma once
 
 #include <string>
@@ -6,9 +6,10 @@
 
 namespace paramgen::layout {
 
-/// A Markdown table of everything in the part of the image that the member `part` names ("devMng",
-/// "workMode.record"): one line for each row of keys and for each member without a key. Elements of
-/// arrays are one line; so are rows that several modules have. Offsets are the image's.
+/// A Markdown table of the part of the image whose member path is `part` ("devMng",
+/// "workMode.record"). It has one line for each pattern of keys and for each member without a key;
+/// all elements of an array share a line, and so do equal rows of several modules. Offsets are in
+/// bytes from the image's start.
 std::string FormatTable(std::string_view part);
 
 }  // namespace paramgen::layout

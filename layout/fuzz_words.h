@@ -1,12 +1,12 @@
-/// The words of a product, for fuzzers.
+/// The dictionary of the generator's fuzzer.
 #pragma once
 
 #include <string>
 
 namespace paramgen::layout {
 
-/// The lines of a fuzzer's dictionary: every module as the fuzz target of the generator chooses it,
-/// every section, every key and every name, each once.
+/// The lines of the dictionary: every module in the fuzz target's notation, every section, every
+/// key and every name, each once.
 std::string FuzzWords();
 
 }  // namespace paramgen::layout

@@ -63,8 +63,8 @@ bool KeyPattern::Matches(std::string_view module, std::string_view section,
 bool MatchesWildcards(std::string_view pattern, std::string_view text) {
     std::size_t p = 0;
     std::size_t t = 0;
-    std::size_t star = std::string_view::npos;  // the last "*" seen,
-    std::size_t resume = 0;                     // and where the text goes on after what it takes
+    std::size_t star = std::string_view::npos;  // index of the last "*" in `pattern`
+    std::size_t resume = 0;                     // end of the text that this "*" stands for
     while (t < text.size()) {
         if (p < pattern.size() && pattern[p] == '*') {
             star = p++;

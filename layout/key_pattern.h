@@ -1,4 +1,4 @@
-/// A KEY argument: which values the user means.
+/// KEY arguments of commands, which select values.
 #pragma once
 
 #include <cstdint>
@@ -8,18 +8,18 @@
 
 namespace paramgen::layout {
 
-/// "module/section:key", "section:key", "key", with the wildcards "*" and "?", in any case; or
-/// "@OFFSET", the value that owns that byte, decimal or with 0x.
+/// "module/section:key", "section:key" or "key", case-insensitive and with the wildcards "*" and
+/// "?"; or "@OFFSET", the value that owns the byte at that offset, decimal or with 0x.
 class KeyPattern {
 public:
-    /// Reads an argument. Empty, with what is wrong with it in `error`, when it is malformed.
+    /// Parses an argument. When it is malformed, returns nothing and stores in `error` why.
     static std::optional<KeyPattern> Parse(std::string_view text, std::string* error);
 
-    /// The offset of "@OFFSET".
+    /// The offset of "@OFFSET"; empty for all other forms.
     std::optional<std::uint32_t> Offset() const { return offset_; }
 
-    /// Whether it names this key. A module given by its real name is matched by the "*" of a
-    /// searched module.
+    /// Whether it selects this key. `module` may hold a "*" itself, as that of a module that is
+    /// found by a search does: it matches the real names.
     bool Matches(std::string_view module, std::string_view section, std::string_view key) const;
 
 private:
@@ -29,8 +29,8 @@ private:
     std::optional<std::uint32_t> offset_;
 };
 
-/// Whether `text` is what `pattern` describes: "*" is any number of characters, "?" is one, all
-/// others are themselves in either case.
+/// Whether `text` matches `pattern`: "*" stands for any number of characters, "?" for one; letters
+/// are compared case-insensitively.
 bool MatchesWildcards(std::string_view pattern, std::string_view text);
 
 }  // namespace paramgen::layout

@@ -18,12 +18,12 @@ std::string Lower(std::string text) {
     return text;
 }
 
-/// One text for a key, the same however it is spelled.
+/// `name` in lower case, as keys of maps: keys are case-insensitive.
 std::string KeyText(const KeyName& name) {
     return Lower(Text(name));
 }
 
-/// Everything that is known, made once.
+/// All lists of this room. There is one object, made on the first call.
 class Layout {
 public:
     static const Layout& Get() {
@@ -49,7 +49,7 @@ private:
     Key* KeyOf(KeyRole role, const KeyName& name, const Pattern* pattern);
 
     std::unordered_map<std::string, std::size_t> patternNumbers_;
-    std::vector<const Value*> searched_;  ///< one value of each search, in the order of patterns
+    std::vector<const Value*> searched_;  ///< a value of each search, in the order of `patterns`
 };
 
 Layout::Layout() {
@@ -148,7 +148,7 @@ void Layout::AddKeys() {
     }
 }
 
-/// The key of the value at `offset`: "osd:osdcnt"; its member when it has none.
+/// The key of the value at `offset`: "osd:osdcnt"; its member path when it has no key.
 std::string NameAt(std::uint32_t offset) {
     const Value* value = ValueAt(offset);
     return value->HasKey() ? value->section + ":" + value->key : value->member;

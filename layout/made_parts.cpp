@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kBegin = "made: ";
 constexpr std::string_view kEnd = "end of what is made";
 
-/// What stands in the part whose first line is `line`; empty when it has no known name.
+/// The content of the part that `line` begins; empty when its name is unknown.
 std::string MadePart(const std::string& line) {
     std::istringstream words(line.substr(line.find(kBegin) + kBegin.size()));
     std::string what;

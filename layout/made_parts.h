@@ -1,4 +1,4 @@
-/// Files that people write, with parts that are made from the field tables.
+/// Generated parts of files that are otherwise written by hand.
 #pragma once
 
 #include <optional>
@@ -6,10 +6,10 @@
 
 namespace paramgen::layout {
 
-/// `text` with its made parts renewed. A made part begins behind a line that contains
-/// "made: NAME" and ends before the next one that contains "end of what is made". NAME is "table
-/// PART", see `FormatTable`, or "fuzz words". Empty, with what is wrong in `error`, when a part has
-/// no such name or no end.
+/// Returns `text` with its generated parts renewed. A generated part begins behind a line that
+/// contains "made: NAME" and ends before the next line that contains "end of what is made". NAME is
+/// "table PART", see `FormatTable`, or "fuzz words". When a part has another name or no end,
+/// returns nothing and stores in `error` why.
 std::optional<std::string> RenewMadeParts(const std::string& text, std::string* error);
 
 }  // namespace paramgen::layout

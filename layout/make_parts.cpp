@@ -1,5 +1,5 @@
-// Renews what is made from the field tables in files that people write:
-// make_parts FILE... ; with --check it only tells whether they are as they should be.
+// Renews the generated parts of files: make_parts FILE...
+// With --check, as the first argument, it changes nothing and fails when a part is out of date.
 
 #include <cstdio>
 #include <fstream>
@@ -19,7 +19,7 @@ std::string ReadFile(const char* path) {
     return text.str();
 }
 
-/// Renews or checks one file. Returns whether it is as it should be.
+/// Renews or checks one file. Returns false when it is malformed or, checking, out of date.
 bool Renew(const char* path, bool isCheck) {
     const std::string text = ReadFile(path);
     std::string error;

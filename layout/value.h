@@ -1,4 +1,4 @@
-/// One value of the image, and under which condition it is read.
+/// One value of the image, and the conditions under which it is read.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace paramgen::layout {
 
-/// Where a value comes from: module "devmng", section "gsensor", key "sensitivity".
+/// Full name of a key: module "devmng", section "gsensor", key "sensitivity".
 struct KeyName {
     std::string module;
     std::string section;
@@ -23,10 +23,10 @@ struct KeyName {
 /// "module/section:key".
 std::string Text(const KeyName& name);
 
-/// What must hold for a value to be read.
+/// Kinds of conditions that must hold for a value to be read.
 enum class ConditionKind : std::uint8_t {
     kCounted,         ///< the value at `count` is above `number`
-    kLeading,         ///< all of `keys` are there; the value at `count` says how many lead
+    kLeading,         ///< all of `keys` exist; `count` is the number of leading elements
     kOptionalModule,  ///< the product has `module`
     kSearchedModule,  ///< one of the value's modules names the media mode at `wanted`
 };
@@ -36,12 +36,12 @@ struct Condition {
     ConditionKind kind = ConditionKind::kCounted;
 
     // kCounted, kLeading
-    std::uint32_t number = 0;  ///< of the element that the value is in
-    std::uint32_t places = 0;  ///< elements that the array has
-    std::uint32_t count = 0;   ///< offset of the value that counts them
+    std::uint32_t number = 0;  ///< index of the element that the value is in
+    std::uint32_t places = 0;  ///< number of elements that the array has room for
+    std::uint32_t count = 0;   ///< offset of the array's count
 
     // kCounted
-    CountBeyond beyond = CountBeyond::kNotCounted;  ///< what becomes of elements without a place
+    CountBeyond beyond = CountBeyond::kNotCounted;  ///< what happens to elements beyond the array
     std::uint32_t largest = 0;  ///< kRefused, kSpilling: a larger count is an error
 
     // kLeading
@@ -51,52 +51,52 @@ struct Condition {
     std::string module;
 
     // kSearchedModule
-    std::uint32_t wanted = 0;              ///< offset of the media mode that is looked for
-    const ModuleSearch* search = nullptr;  ///< where each module names its own
+    std::uint32_t wanted = 0;              ///< offset of the media mode that is searched for
+    const ModuleSearch* search = nullptr;  ///< the search
 };
 
-/// One value: an element of a row that is no nested record.
+/// One value: an element of a row that is not a nested record.
 struct Value {
     const Field* field;    ///< kind, source, names, description, unit
     std::uint32_t offset;  ///< in the image, in bytes
     std::uint32_t size;    ///< in bytes
-    std::string member;    ///< where it stands in the image: "devMng.gsensor.sensitivity"
+    std::string member;    ///< member path from the image: "devMng.gsensor.sensitivity"
 
     // With a key only; empty without.
     std::string module;                ///< "devmng"; "cam0_ldccfg_*" when a search finds it
     std::string section;               ///< "gsensor"
     std::string key;                   ///< "sensitivity"
-    std::string label;                 ///< what a loader that fails at it calls it
-    std::vector<std::string> modules;  ///< all that it may come from: one, or those of the search
-    KeyName pattern;  ///< the same key with letters for numbers of elements: "venc.N" "venchdl"
+    std::string label;                 ///< the label that its loader logs when it fails
+    std::vector<std::string> modules;  ///< its module, or all that the search goes through
+    KeyName pattern;  ///< the same key with letters for indices of elements: "venc.N" "venchdl"
 
     std::vector<Condition> conditions;  ///< all of them must hold; the outermost first
-    std::uint32_t origin;  ///< of a copy: the offset of what it repeats; else its own offset
-    std::string context;   ///< what the records around it are, where a row says so: "Volume"
-    std::uint32_t times;   ///< the number that the key gives is stored multiplied by this, mostly 1
+    std::uint32_t origin;  ///< of a copy: the offset of the original; else its own offset
+    std::string context;   ///< `About` of the innermost record around it that has one: "Volume"
+    std::uint32_t times;   ///< factor of the key's number when it is stored, mostly 1
 
     FieldKind Kind() const { return field->kind; }
     FieldSource Source() const { return field->source; }
     bool HasKey() const { return !key.empty(); }
 
-    /// Whether an absent key, or a constant, stands for `Default()`. Texts and names have none: an
-    /// absent key leaves their bytes zero.
+    /// Whether it has a default: the value of a constant, or the value when the key is absent.
+    /// Texts and names have none: their bytes stay zero when the key is absent.
     bool HasDefault() const;
     std::int32_t Default() const { return field->Number(); }
 
-    // What the row says of it; empty when it says nothing.
+    // The row's notes; empty when it has none.
     std::string About() const;
     std::string Unit() const;
     std::string Numbers() const;
 };
 
-/// The names of the numbers that `value` can hold; null when they have none.
+/// The table of names of the numbers that `value` can hold; null when they have no names.
 const NameTable* NamesOf(const Value& value);
 
 /// The name of `number`; empty when it has none.
 std::string NameOf(const NameTable& names, std::int32_t number);
 
-/// The number of `name`, compared to the letter.
+/// The number of `name`; nothing when the table does not have it. The comparison is case-sensitive.
 std::optional<std::int32_t> NumberOf(const NameTable& names, const std::string& name);
 
 /// All names, in the order of the table.

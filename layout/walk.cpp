@@ -7,36 +7,37 @@
 namespace paramgen::layout {
 namespace {
 
-/// What the number of an array element looks like in a name, and in the pattern of that name.
+/// Index of an array element: as it stands in a name, and the letter for it in the name's pattern.
 struct Number {
     std::string real;
     std::string letter;
 };
 
-/// A text of both kinds.
+/// A name, and its pattern.
 struct Named {
     std::string real;
     std::string pattern;
 };
 
-/// Where the walk stands.
+/// The record or value that the walk has come to.
 struct Place {
     Named module;
     std::vector<std::string> modules;
     Named prefix;
     std::vector<Number> numbers;
     std::uint32_t offset = 0;
-    std::uint32_t end = 0;  ///< how far elements may spill
+    std::uint32_t end = 0;  ///< offset up to which elements may spill
     std::uint32_t countMax = UINT32_MAX;
     std::string member;
     std::vector<Condition> conditions;
     std::uint32_t wanted = 0;
     std::string context;
     std::uint32_t times = 1;
-    std::uint32_t elementTimes = 1;  ///< the same, of the elements of arrays from here on
+    std::uint32_t elementTimes = 1;  ///< becomes `times` in elements of nested arrays
 };
 
-/// Fills in a template: "%s" is `text`; each "%d" or "%u" takes one of the last numbers, in order.
+/// Fills in a template: "%s" with `text`, and its "%d" and "%u" with the last of `numbers`, in
+/// order.
 std::string Expand(std::string_view pattern, std::string_view text,
                    const std::vector<std::string>& numbers) {
     const auto placeholders = static_cast<std::size_t>(
@@ -64,7 +65,7 @@ Named Expand(std::string_view pattern, const Named& text, const std::vector<Numb
     return {Expand(pattern, text.real, real), Expand(pattern, text.pattern, letters)};
 }
 
-/// A letter for the next number that can differ: N, M, K, L.
+/// The letter for the next index: N, M, K, L. Indices of arrays with one element get none.
 std::string NextLetter(const std::vector<Number>& numbers) {
     constexpr std::string_view kLetters = "NMKL";
     const auto used = std::count_if(numbers.begin(), numbers.end(), [](const Number& number) {
@@ -73,7 +74,7 @@ std::string NextLetter(const std::vector<Number>& numbers) {
     return std::string(1, kLetters.at(static_cast<std::size_t>(used)));
 }
 
-/// The module of a row that has one of its own.
+/// Makes the module of a row, when it has one of its own, the module of `place`.
 void EnterModule(const Field& field, Place* place) {
     if (field.extra == FieldExtra::kSearchedModule) {
         const ModuleSearch& search = *field.notes.search;
@@ -101,7 +102,7 @@ void EnterModule(const Field& field, Place* place) {
     }
 }
 
-/// The node that the rows of a table, or one row, stand under.
+/// The node that `field` is read under: its own, or `node`.
 Named NodeOf(const Field& field, const Named& node, const std::vector<Number>& numbers) {
     if (field.node == nullptr) {
         return node;
@@ -109,7 +110,7 @@ Named NodeOf(const Field& field, const Named& node, const std::vector<Number>& n
     return field.ownNode ? Named{field.node, field.node} : Expand(field.node, node, numbers);
 }
 
-/// The largest count of a row's elements that is no error.
+/// The largest count of a row's elements that is not an error.
 std::uint32_t LargestCount(const Field& field, const Place& record) {
     switch (field.notes.beyond) {
         case CountBeyond::kRefused:
@@ -122,7 +123,7 @@ std::uint32_t LargestCount(const Field& field, const Place& record) {
     }
 }
 
-/// The keys that must be there for element `number` to be read: those of the elements before it.
+/// The keys that must exist for element `number` to be read: those of the elements before it.
 std::vector<KeyName> LeadingKeys(const Field& field, const Named& node, const Place& record,
                                  std::uint32_t number) {
     std::vector<KeyName> keys;
@@ -155,13 +156,13 @@ void AddElementCondition(const Field& field, const Named& node, const Place& rec
     element->conditions.push_back(std::move(condition));
 }
 
-/// Where a walk puts values, and those of elements without a place.
+/// The lists that a walk adds values to.
 struct Found {
     std::vector<Value>* values;
     std::vector<Value>* spilled;
 };
 
-/// The value of a row with a key, or of one without; `record` is where its record stands.
+/// Makes the value of a row at `place`. `record` is the place of its record.
 Value MakeValue(const Field& field, const Named& node, const Place& record, const Place& place) {
     Value value = {};
     value.field = &field;
@@ -191,7 +192,7 @@ Value MakeValue(const Field& field, const Named& node, const Place& record, cons
     return value;
 }
 
-/// Where element `number` of a row stands.
+/// The place of element `number` of a row.
 Place ElementOf(const Field& field, const Named& node, const Place& record, std::uint32_t number) {
     Place element = record;
     element.offset += field.offset + number * field.size;
@@ -233,7 +234,7 @@ void WalkElement(const Field& field, const Named& node, const Place& record, std
     WalkTable(*field.table, element, false, found);
 }
 
-/// Walks the rows of a record. Its members may be sections.
+/// Walks the rows of a record. `sections`: its members are sections.
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found) {
     Place record = outer;
     const Named node =

@@ -1,4 +1,4 @@
-/// The walk over field tables: from a record down to every value in it.
+/// The walk over field tables: it lists every value of a record and of the records nested in it.
 #pragma once
 
 #include <cstdint>
@@ -10,23 +10,23 @@
 
 namespace paramgen::layout {
 
-/// Where a walk begins.
+/// The context of the record that a walk begins with.
 struct WalkStart {
-    std::string module;                  ///< that the record is read from
-    std::string prefix;                  ///< the node that its loader is given
-    std::vector<std::uint32_t> numbers;  ///< of the array elements that lead to the record
+    std::string module;                  ///< the module that the record is read from
+    std::string prefix;                  ///< the node that the record's loader is given
+    std::vector<std::uint32_t> numbers;  ///< indices of the array elements around the record
 };
 
-/// What a walk finds. Offsets and member paths begin at the record.
+/// The result of a walk. Offsets and member paths begin at the record.
 struct Walked {
     std::vector<Value> values;   ///< in reading order; they cover the record exactly once
-    std::vector<Value> spilled;  ///< of elements that are counted but have no place
+    std::vector<Value> spilled;  ///< those of elements beyond their arrays
 };
 
-/// Walks `table`. Elements spill up to the record's end.
+/// Walks `table`. Elements beyond their arrays spill up to the record's end.
 Walked Walk(const RecordTable& table, const WalkStart& start = {});
 
-/// Walks `table`, whose members are sections: elements spill up to the end of theirs.
+/// Walks `table`, whose members are sections. Elements spill up to the end of their section.
 Walked WalkSections(const RecordTable& table);
 
 }  // namespace paramgen::layout

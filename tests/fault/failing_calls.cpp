@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 
-// The linker sends every call of NAME to __wrap_NAME, and __real_NAME is the one wrapped.
+// The linker turns every call of NAME into one of __wrap_NAME; __real_NAME is the original.
 extern "C" {
 int __real_fclose(std::FILE* file);
 int __real_fflush(std::FILE* file);
@@ -25,7 +25,7 @@ int __real__ZN8paramgen8memcpy_sEPvmPKvm(void* dest, std::size_t destMax, const 
 namespace paramgen::testing {
 namespace {
 
-int g_callsLeft[static_cast<int>(Call::kCount)] = {};  // until the one that fails; 0: none fails
+int g_callsLeft[static_cast<int>(Call::kCount)] = {};  // calls up to the failing one; 0: none
 bool g_clockHeld = false;
 timeval g_clock = {};
 

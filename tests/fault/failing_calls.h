@@ -1,5 +1,5 @@
-/// Calls into libc, and between rooms, that can be made to fail. A program has them when it is
-/// linked with the wrappers (see tests/CMakeLists.txt).
+/// Fault injection: makes calls of libc, and of other rooms, fail. A test program must be linked
+/// with the wrappers (see tests/CMakeLists.txt).
 #pragma once
 
 namespace paramgen::testing {
@@ -17,11 +17,11 @@ enum class Call {
     kCount,
 };
 
-/// Makes the `number`th call from now on fail, once. It still releases or takes what the real one
-/// would: a stream is closed, a mutex taken or released.
+/// Makes the `number`th call from now on fail, once; 0: none. The failing call still has its
+/// effect: a stream is closed, a mutex is locked or unlocked.
 void Fail(Call call, int number = 1);
 
-/// Makes the wall clock stand still at this time, until `ReleaseClock`.
+/// Stops the wall clock at this time until `ReleaseClock`.
 void HoldClock(long seconds, long microseconds);
 void ReleaseClock();
 

@@ -18,7 +18,7 @@ std::string RandomBytes(Random& random, std::size_t most) {
     return bytes;
 }
 
-/// A line around the lengths at which lines, texts and keys become too long.
+/// A line whose length is near one of the limits of lines, texts and keys.
 std::string LimitLine(Random& random) {
     static const std::size_t limits[] = {11,  63,  64,   127,  128,  255,
                                          256, 511, 1021, 1022, 1023, 1024};
@@ -36,7 +36,7 @@ std::size_t AnyPlace(Random& random, const std::string& text) {
     return random.Below(text.size() + 1);
 }
 
-/// Does harm to the bytes of a file.
+/// Damages the bytes of a file at random.
 std::string Harmed(Random& random, std::string text) {
     switch (random.Below(6)) {
         case 0:
@@ -54,7 +54,7 @@ std::string Harmed(Random& random, std::string text) {
     }
 }
 
-/// Lines at the end of the entry file that say something else, or too much.
+/// Lines at the end of the entry file that contradict it, or list too much.
 std::string EntryLines(Random& random) {
     const std::string name =
         random.OneOf({"devmng", "cam0_comm", "cam0_mediamode0", "valueset", "nobody"});
@@ -83,7 +83,7 @@ std::string EntryLines(Random& random) {
     }
 }
 
-/// Counts that lie in wait at the end of a module.
+/// Counts, too large ones among them, for the end of a module's file.
 std::string CountLines(Random& random) {
     const std::string node =
         random.OneOf({"volume", "cam.0.burst.mediamode", "screen.dormant", "normal.0", "osd",
@@ -95,7 +95,7 @@ std::string CountLines(Random& random) {
                          "65536", "2147483647", "-2147483648", "4294967295"});
 }
 
-/// Puts something else in place of a file.
+/// Replaces a file by something else.
 void Replace(Random& random, const std::filesystem::path& file) {
     std::filesystem::remove(file);
     switch (random.Below(6)) {
@@ -126,7 +126,7 @@ std::string AnyFile(Random& random, const Tree& tree) {
     return std::next(tree.begin(), static_cast<std::ptrdiff_t>(random.Below(tree.size())))->first;
 }
 
-/// One piece of harm, told in a word or two.
+/// Damages the product once. Returns what was done, in a word or two.
 std::string Harm(Random& random, const TempDir& directory, const Tree& tree) {
     const std::string file = AnyFile(random, tree);
     const std::filesystem::path path = directory.path() / file;

@@ -1,4 +1,4 @@
-/// Products as nobody would write them: broken files, files of other kinds, limits and beyond.
+/// Hostile products: damaged files, special files, and values at their limits and beyond.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@
 
 namespace paramgen::testing {
 
-/// Writes a small product out of a few of `keys` to `directory`, and does it harm at random.
-/// Returns what was done, for people.
+/// Writes a small product with a few of `keys` to `directory`, and damages it at random. Returns a
+/// description of the damage.
 std::string WriteHostileProduct(const TempDir& directory,
                                 const std::vector<independent::AskedKey>& keys,
                                 std::uint64_t number);

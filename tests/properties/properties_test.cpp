@@ -1,6 +1,6 @@
-// What holds for every product, good or bad, checked on products made up at random.
+// Properties that hold for every product, good or bad, checked on random products.
 //
-// PARAMGEN_TREES tells how many, PARAMGEN_SEED the number of the first one.
+// PARAMGEN_TREES is the number of products, PARAMGEN_SEED the number of the first one.
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,8 @@ using independent::Kind;
 constexpr std::size_t kImageSize = 29928;
 constexpr const char* kImages[] = {"param.bin", "paramdef.bin"};
 
-/// The number in an environment variable. Anything else ends the tests: they would check nothing.
+/// The number in an environment variable; `otherwise` when it is not set. Exits with a message when
+/// it holds no number, because the tests would check nothing.
 std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
     const char* text = std::getenv(name);
     if (text == nullptr) {
@@ -47,10 +48,10 @@ const std::vector<AskedKey>& Keys() {
     return keys;
 }
 
-/// What a run left behind.
+/// The results of a run.
 struct Left {
     ProgramRun run;
-    std::string output;  ///< its time stamps masked
+    std::string output;  ///< with time stamps masked
     std::string image;
 };
 
@@ -70,7 +71,7 @@ protected:
                     static_cast<unsigned long long>(count_));
     }
 
-    /// Tries one of `share` of the products.
+    /// Tries a part of the products: one in `share`.
     template <typename Try>
     void ForProducts(std::uint64_t share, const Try& tryProduct) const {
         for (std::uint64_t number = first_; number < first_ + (count_ + share - 1) / share;
@@ -87,13 +88,14 @@ protected:
     std::uint64_t count_ = FromEnvironment("PARAMGEN_TREES", 2000);
 };
 
-/// The last eight digits of a record, which are its code; empty when it has none.
+/// The eight digits of a record's code; empty when it has none.
 std::string CodeOf(const std::string& record) {
     const std::size_t at = record.rfind("] failed[0x");
     return at == std::string::npos ? "" : record.substr(at + 11, 8);
 }
 
-/// A failure is told from the entry point down, and comes out as the exit status.
+/// Expects that the last records are those of the entry point, with the code that the exit status
+/// is made of.
 void ExpectChain(const ProgramRun& run) {
     const std::vector<std::string> errors = ErrorsOf(run.output);
     ASSERT_GE(errors.size(), 2U) << run.output;
@@ -105,7 +107,7 @@ void ExpectChain(const ProgramRun& run) {
     EXPECT_TRUE(code == "FFFFFFFF" || code.rfind("A14180", 0) == 0) << code;
 }
 
-/// Where words lie that loaders work out themselves: copies of others, and counts.
+/// Offsets of words that loaders compute: copies of others, and counts.
 std::vector<std::size_t> WorkedOutWords() {
     std::vector<std::size_t> words = {9616, 22876, 22884};  // sample rate, pre-allocations
     for (const std::size_t common : {9664U, 10828U, 11992U}) {
@@ -119,7 +121,7 @@ std::vector<std::size_t> WorkedOutWords() {
     return words;
 }
 
-/// Expects zeroes wherever no key was asked for.
+/// Expects zeros in all bytes that no key was read for.
 void ExpectUnreadBytesAreZero(const std::string& image, const std::vector<AskedKey>& asked) {
     std::string rest = image;
     rest.replace(0, 8, 8, '\0');      // mark and size
@@ -193,7 +195,8 @@ TEST_F(Properties, ASecondRunDoesTheSame) {
     });
 }
 
-/// Runs a product before and after something is done to every file's text, which must not show.
+/// Runs a product before and after `change` is applied to the text of every file, and expects the
+/// same results.
 template <typename Change>
 void ExpectNoDifference(std::uint64_t number, const Change& change) {
     const TempDir directory;
@@ -218,13 +221,13 @@ TEST_F(Properties, TheOrderOfSectionsDoesNotMatter) {
     ForProducts(8, [](std::uint64_t number) { ExpectNoDifference(number, WithSectionsReordered); });
 }
 
-/// Whether the value of a key goes to its own place and says nothing about other keys.
+/// Whether a key only has a value of its own: it neither counts elements nor selects a media mode.
 bool StandsForItself(const independent::Product& product, const AskedKey& key) {
     return key.at != AskedKey::kNowhere && key.kind != Kind::kCount && key.kind != Kind::kMode &&
            product.at(key.module).count(independent::Lower(key.key)) != 0;
 }
 
-/// One key of the product in a directory, and where its value goes.
+/// One key of a product, and the offsets at which its value is stored.
 struct Chosen {
     AskedKey key;
     std::vector<std::size_t> places;
@@ -250,7 +253,7 @@ std::optional<Chosen> ChooseKey(Random& random, const std::filesystem::path& dir
     return chosen;
 }
 
-/// Whether a word repeats what stands in the chosen key's place, before and after.
+/// Whether the word at `at` equals the chosen key's value in both images.
 bool IsCopy(const Chosen& chosen, std::size_t at, const std::string& before,
             const std::string& after) {
     const std::size_t word = at / 4 * 4;
@@ -258,7 +261,8 @@ bool IsCopy(const Chosen& chosen, std::size_t at, const std::string& before,
            after.substr(word, 4) == after.substr(chosen.key.at, 4);
 }
 
-/// Expects that two images differ only where the key's value goes. Returns whether they do.
+/// Expects that two images differ only in the bytes of the key's value. Returns whether they
+/// differ.
 bool ExpectOnlyItsBytes(const Chosen& chosen, const std::string& before, const std::string& after) {
     EXPECT_EQ(after.size(), kImageSize);
     for (std::size_t at = 0; at < after.size(); ++at) {
@@ -285,7 +289,7 @@ TEST_F(Properties, OneKeyChangesOnlyItsBytes) {
         SCOPED_TRACE(chosen->key.module + " " + chosen->key.key);
         for (auto& [path, text] : ReadTree(directory.path())) {
             if (std::filesystem::path(path).filename() == chosen->key.module + ".ini") {
-                // A last line without end would run into the new one.
+                // Drop a last line without a line end: the new line would continue it.
                 const std::string ended = text.substr(0, text.find_last_of('\n') + 1);
                 directory.Write(path, ended);
                 const Left before = RunIn(directory);

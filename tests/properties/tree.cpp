@@ -5,7 +5,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// The lines of a text, each with its end; the last one may have none.
+/// The lines of a text, with their line ends; the last one may have none.
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;
     for (std::size_t at = 0; at < text.size();) {
@@ -24,7 +24,7 @@ std::string Joined(const std::vector<std::string>& parts) {
     return text;
 }
 
-/// Whether a section begins with the line. Empty brackets go on with the one before.
+/// Whether the line begins a section. Empty brackets do not: they continue the section before.
 bool BeginsSection(const std::string& line) {
     const std::string code = line.substr(0, line.find(';'));
     const std::size_t first = code.find_first_not_of(" \t\r\n");
@@ -33,7 +33,7 @@ bool BeginsSection(const std::string& line) {
            last > first + 1;
 }
 
-/// A line that means nothing within any section.
+/// A line that has no meaning in any section: an unknown key, a comment or a blank line.
 std::string UnknownLine(Random& random) {
     const std::string number = std::to_string(random.Below(1000));
     return random.OneOf({"unknown key = ", "zz_", "# enable = ", "; enable = ", "\t#", "    ;",
@@ -60,7 +60,7 @@ std::string WithUnknownThings(Random& random, const std::string& text) {
         const std::size_t at = lines.empty() ? 0 : random.Below(lines.size());
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), UnknownLine(random));
     }
-    // A section that nobody asks for has to end before the next one begins.
+    // Unknown sections are inserted where a known one begins, so that no known key gets into them.
     const auto section = std::find_if(lines.begin(), lines.end(), BeginsSection);
     if (section != lines.end()) {
         lines.insert(section, "[zz.unknown." + std::to_string(random.Below(9)) +

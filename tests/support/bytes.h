@@ -1,4 +1,4 @@
-/// Expected bytes, spelled by tests.
+/// Helpers that build expected bytes.
 #pragma once
 
 #include <cstddef>

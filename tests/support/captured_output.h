@@ -1,4 +1,4 @@
-/// What code under test prints.
+/// Captures what code under test prints.
 #pragma once
 
 #include <functional>

@@ -16,7 +16,7 @@ public:
     /// Adds a module without keys, if it is not there.
     ProductTree& AddModule(const std::string& module);
 
-    /// Sets a key ("section:key") to a text, as it stands behind the '='. Adds the module if
+    /// Sets a key ("section:key") to a text, written behind the '=' as it is. Adds the module if
     /// needed.
     ProductTree& Set(const std::string& module, const std::string& key, const std::string& value);
 

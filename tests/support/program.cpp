@@ -25,7 +25,7 @@ namespace paramgen::testing {
 namespace {
 
 constexpr unsigned kNobody = 65534;
-/// Of processor time; no run takes nearly as many. One that hangs is killed.
+/// Limit of processor time, far more than any run needs. The kernel kills a run that exceeds it.
 constexpr rlim_t kMostSeconds = 60;
 
 std::string FromEnvironment(const char* name, const char* otherwise) {
@@ -33,7 +33,7 @@ std::string FromEnvironment(const char* name, const char* otherwise) {
     return value == nullptr ? otherwise : value;
 }
 
-/// What is run, and how.
+/// The program to run, and how to run it.
 struct Command {
     std::string runner;  ///< empty: the program itself is run
     std::string program;
@@ -44,7 +44,7 @@ struct Command {
 /// The exit status of a child that could not become the program.
 constexpr int kNotStarted = 127;
 
-/// In the child: ends it when a step of its start has failed, saying which and why.
+/// In the child: if a step of its start has failed, prints which step and why, and exits.
 void Require(bool done, const std::string& step) {
     if (!done) {
         std::fprintf(stderr, "the program cannot be started: %s: %s\n", step.c_str(),
@@ -53,7 +53,7 @@ void Require(bool done, const std::string& step) {
     }
 }
 
-/// In the child: becomes the program. Its standard output is the file at `capture`.
+/// In the child: executes the program, with the file at `capture` as its standard output.
 [[noreturn]] void Become(const std::filesystem::path& directory, Command command,
                          const std::string& capture) {
     std::vector<char*> arguments;
@@ -80,7 +80,7 @@ void Require(bool done, const std::string& step) {
 ProgramRun Run(const std::filesystem::path& directory, Command command) {
     const TempDir capture;
     if (command.rights == Rights::kNobody) {
-        // Nobody may not reach the build directory.
+        // The user nobody may not be able to reach the build directory: run a copy.
         const std::filesystem::path copy = capture.path() / "paramgen";
         std::filesystem::copy_file(command.program, copy);
         command.program = copy.string();
@@ -100,7 +100,7 @@ ProgramRun Run(const std::filesystem::path& directory, Command command) {
     return {.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -1, .output = ReadFile(file)};
 }
 
-/// The program and how to run it, as the environment says.
+/// The program and how to run it, from the environment variables.
 Command ProgramCommand(Output output, Rights rights) {
     return {.runner = FromEnvironment("PARAMGEN_RUNNER", ""),
             .program = FromEnvironment("PARAMGEN_PROGRAM", PARAMGEN_PROGRAM),
@@ -110,7 +110,7 @@ Command ProgramCommand(Output output, Rights rights) {
 
 constexpr std::array kOutputFiles = {"param.bin", "paramdef.bin"};
 
-/// The bytes of the output files; none where there is no plain file.
+/// The bytes of the output files; nothing for one that is not a regular file.
 using Files = std::array<std::optional<std::string>, kOutputFiles.size()>;
 
 Files ReadFiles(const std::filesystem::path& directory) {
@@ -123,7 +123,7 @@ Files ReadFiles(const std::filesystem::path& directory) {
     return files;
 }
 
-/// Puts the output files back to what they were, where they are plain files now.
+/// Restores the contents of the output files, where they are regular files now.
 void Restore(const std::filesystem::path& directory, const Files& before) {
     for (std::size_t i = 0; i < before.size(); ++i) {
         const std::filesystem::path path = directory / kOutputFiles[i];
@@ -135,8 +135,8 @@ void Restore(const std::filesystem::path& directory, const Files& before) {
     }
 }
 
-/// Output as it has to be the same for every program. How much of a file fwrite takes before it
-/// meets a full disk depends on the buffer of the libc.
+/// The output without what may differ between programs: on a full disk, the number of bytes that
+/// fwrite accepts depends on the libc's buffer.
 std::string Comparable(std::string_view output) {
     static const std::regex taken("(fwrite : total 29928, write )[0-9]+");
     return std::regex_replace(MaskTimes(output), taken, "$1#");
@@ -146,7 +146,7 @@ std::string Describe(const std::optional<std::string>& bytes) {
     return bytes ? std::to_string(bytes->size()) + " bytes" : "no plain file";
 }
 
-/// Says at the end how many runs were compared, lest none is.
+/// Prints at the end how many runs were compared, so that nobody mistakes none for all.
 class Comparisons : public ::testing::Environment {
 public:
     void TearDown() override {

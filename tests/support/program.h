@@ -8,13 +8,13 @@
 
 namespace paramgen::testing {
 
-/// Where a run's standard output goes.
+/// Whether a run's standard output is captured or closed.
 enum class Output { kCaptured, kClosed };
 
-/// Whether a run has this process's rights, or those of nobody when this process is root's.
+/// The user that a run has: this process's, or nobody when this process runs as root.
 enum class Rights { kOwn, kNobody };
 
-/// What a run came to.
+/// Result of a run.
 struct ProgramRun {
     int exitStatus;      ///< -1 when the program did not exit by itself
     std::string output;  ///< what it wrote to standard output
@@ -22,18 +22,18 @@ struct ProgramRun {
 
 /// Runs the program in `directory`. The program is the one that was built along with the tests, or
 /// that of the environment variable PARAMGEN_PROGRAM; PARAMGEN_RUNNER names an emulator to run it
-/// by.
+/// with.
 ///
-/// With PARAMGEN_REFERENCE_PROGRAM set, that program, one of the host, runs in `directory` before,
-/// and the two are expected to do the same: exit status, what they write to standard output, time
-/// stamps apart, and what they leave in the output files.
+/// With PARAMGEN_REFERENCE_PROGRAM set, that program, which must run on the host, runs in
+/// `directory` first. Both must give the same exit status, the same output apart from time stamps,
+/// and the same output files.
 ///
-/// A program that cannot be started is a failure of the test; the reason is on standard error.
+/// A program that cannot be started fails the test; the reason is printed on standard error.
 ProgramRun RunProgram(const std::filesystem::path& directory, Output output = Output::kCaptured,
                       Rights rights = Rights::kOwn);
 
-/// A run of the program in `directory` whose standard output is a terminal. It is killed at the
-/// end of the object's life, unless it has exited.
+/// A run of the program in `directory` whose standard output is a terminal. The destructor kills
+/// the program unless it has exited.
 class TerminalRun {
 public:
     explicit TerminalRun(const std::filesystem::path& directory);
@@ -41,12 +41,12 @@ public:
     TerminalRun(const TerminalRun&) = delete;
     TerminalRun& operator=(const TerminalRun&) = delete;
 
-    /// Waits until `text` stands on the terminal. Returns false when nothing more comes: after ten
-    /// seconds of silence, or at the program's end.
+    /// Waits until the program has written `text`. Returns false when it exits first, or writes
+    /// nothing for ten seconds.
     bool Shows(const std::string& text);
 
 private:
-    int terminal_;  ///< the side that shows what the program writes
+    int terminal_;  ///< the master side, which reads what the program writes
     pid_t child_ = -1;
     std::string shown_;
 };

@@ -7,8 +7,8 @@
 namespace paramgen::testing {
 namespace {
 
-/// Goes through a text piece by piece. Once a piece is not there, none is any more. (Regular
-/// expressions take too long for the many records that tests look at.)
+/// Matches a text piece by piece; after a mismatch nothing matches any more. Regular expressions
+/// would be too slow for the many records that tests look at.
 class Scanner {
 public:
     Scanner(std::string_view text, std::size_t at)
@@ -22,7 +22,7 @@ public:
         return Skip(rest_.starts_with(text) ? text.size() : 0);
     }
 
-    /// As many characters as please `is`, from `least` to `most` of them.
+    /// Matches at least `least` and at most `most` characters for which `is` returns true.
     template <typename Is>
     Scanner& Run(Is is, std::size_t least, std::size_t most, std::string* taken = nullptr) {
         std::size_t length = 0;
@@ -62,8 +62,8 @@ bool IsWord(char c) {
     return c == '_' || IsDigit(c) || IsUpper(c) || (c >= 'a' && c <= 'z');
 }
 
-/// The prefix of a record, "ESC[m[LEVEL-MODULE]:FUNCTION[LINE]:", where LEVEL may be coloured: how
-/// long it is, and how long up to the line; 0 when there is none.
+/// Lengths of a record's prefix, "ESC[m[LEVEL-MODULE]:FUNCTION[LINE]:", in which LEVEL may be
+/// coloured: of the whole, and of the part before "[LINE]". Both are 0 when there is no prefix.
 struct Prefix {
     std::size_t length;
     std::size_t lengthToLine;
@@ -83,7 +83,7 @@ Prefix TakePrefix(std::string_view text, std::size_t at, LogRecord* record) {
     return scanner.Ok() ? Prefix{scanner.Length(), lengthToLine} : Prefix{0, 0};
 }
 
-/// The time stamp of a record of the library log, "[HH:MM:SS:mmm]" or "[HH:MM:SS:mmmm]".
+/// Matches the time stamp of a library log record, "[HH:MM:SS:mmm]" or "[HH:MM:SS:mmmm]".
 Scanner& TakeTime(Scanner& scanner) {
     return scanner.Literal("[")
         .Run(IsDigit, 2, 2)
@@ -101,7 +101,7 @@ std::size_t TimeLength(std::string_view text, std::size_t at) {
     return TakeTime(scanner).Ok() ? scanner.Length() : 0;
 }
 
-/// A line of the library log, long or short form.
+/// Length of a line of the library log, in its long or its short form; 0 when there is none.
 std::size_t LibraryLineLength(std::string_view text, std::size_t at) {
     Scanner scanner(text, at);
     TakeTime(scanner).Literal("[").Run(IsUpper, 0, kAny).Literal("]");
@@ -109,7 +109,8 @@ std::size_t LibraryLineLength(std::string_view text, std::size_t at) {
     return scanner.Ok() ? scanner.Length() : 0;
 }
 
-/// The text with every piece that starts with `start`, and whose length `lengthAt` tells, replaced.
+/// The text with pieces replaced. A piece begins with `start`, and `lengthAt` returns its length,
+/// or 0 for none.
 std::string Replaced(std::string_view text, char start,
                      const std::function<std::size_t(std::string_view, std::size_t)>& lengthAt,
                      std::string_view by) {

@@ -1,4 +1,4 @@
-/// The console records in what a program printed.
+/// Finds the console records in a program's output.
 #pragma once
 
 #include <string>
@@ -12,14 +12,14 @@ struct LogRecord {
     std::string level;  ///< "ERROR", "DEBUG"…, without its colour
     std::string module;
     std::string function;
-    std::string message;  ///< up to the next record; may hold line ends, or none
+    std::string message;  ///< up to the next record; may hold several line ends, or none
 
-    /// "FUNCTION: MESSAGE", which is how tests spell a record.
+    /// "FUNCTION: MESSAGE", the form in which tests write records.
     std::string Text() const { return function + ": " + message; }
 };
 
-/// Splits output into its records. What stands before the first record, and lines of the library
-/// log between records, are left out.
+/// Splits output into its records. Text before the first record, and lines of the library log
+/// between records, are left out.
 std::vector<LogRecord> ParseRecords(std::string_view output);
 
 /// The texts of the records of one level, in order.

@@ -18,7 +18,7 @@ bool IsInteger(FieldKind kind) {
            kind == FieldKind::kInt16 || kind == FieldKind::kUint64;
 }
 
-/// What each kind of value is tried with.
+/// The probe for a field: its own if it has one, else that of its kind.
 Probe ProbeFor(const RowSubject& subject, const WalkedField& walked) {
     const auto own = subject.probes.find(walked.key);
     if (own != subject.probes.end()) {
@@ -82,7 +82,7 @@ std::string ExpectedWithoutKeys(const std::string& record, const WalkedField& wa
     return LittleEndian(field.Number(), field.size);
 }
 
-/// `before` with the bytes of a field, and of those that copy it, replaced.
+/// `before` with `bytes` in place of a field's, and of the fields that copy it.
 std::string WithField(const RowSubject& subject, std::string before, const WalkedField& walked,
                       const std::string& bytes) {
     before.replace(walked.offset, bytes.size(), bytes);
@@ -97,7 +97,8 @@ std::string WithField(const RowSubject& subject, std::string before, const Walke
     return before;
 }
 
-/// The record that the reader or lookup of a row logs for a bad value; empty when it logs none.
+/// The record that a row's typed reader or name look-up logs for a bad value; empty when it logs
+/// none.
 std::string ReaderError(const WalkedField& walked) {
     const std::string failed = ": [" + walked.key + "] failed[0xFFFFFFFF]\n";
     if (walked.field->source == FieldSource::kQuery) {

@@ -1,4 +1,4 @@
-/// Checks that every row of a section's tables does what it says, through the section's loader.
+/// Checks of every row of a section's tables, through the section's loader.
 #pragma once
 
 #include <cstddef>
@@ -15,39 +15,40 @@
 
 namespace paramgen::testing {
 
-/// A text for a key, and the bytes that it must put into the image.
+/// A text for a key, and the bytes that must be stored for it.
 struct Probe {
     std::string text;
     std::string bytes;
 };
 
-/// A record, its loader, and what it takes to reach every one of its rows.
+/// A record, its loader, and a product in which every row of the record is read.
 struct RowSubject {
     std::vector<WalkedField> fields;           ///< the walk over the record's table
     std::size_t size;                          ///< of the record, in bytes
     std::function<Status(void* record)> load;  ///< fills the record from the registered product
-    ProductTree base;  ///< the modules, and the counts that make every row be read
-    std::map<std::string, Probe> probes = {};  ///< for keys that take no ordinary value
-    std::set<std::string> unreachable = {};    ///< full keys that `base` does not reach
+    ProductTree base;  ///< the modules, with counts that are large enough for every row
+    std::map<std::string, Probe> probes = {};  ///< probes of keys that need special ones
+    std::set<std::string> unreachable = {};    ///< full keys that are not read even so
 };
 
-/// With only `base`, every key's bytes are those of its default, every constant's its value, every
-/// copy's those of what it repeats, and reserved bytes are zero. Keys that `base` sets are left
-/// out, and so are members that the loader works out.
+/// Checks that, with `base` alone, every key has its default, every constant its value and every
+/// copy the bytes of its original, and that reserved bytes are zero. Skips keys that `base` sets
+/// and members that the loader computes.
 void CheckAbsentKeys(const RowSubject& subject);
 
-/// Every key, set alone on top of `base`, changes its own bytes (and those of its copies) to what
-/// its text stands for, and no others. Keys that `base` sets are left out.
+/// Checks that every key, set alone on top of `base`, changes its own bytes and those of its copies
+/// to the probe's, and no others. Skips keys that `base` sets.
 void CheckSetKeys(const RowSubject& subject);
 
-/// Every key that can fail, given a bad value, fails with -1 and with the records of its reader and
-/// its label as the first ones. Rows that loaders read in their own way are left out.
+/// Checks that every key that can fail does so for a bad value: with -1, and with the records of
+/// its reader and of its label first. Skips rows that loaders read with code of their own.
 void CheckBadValues(const RowSubject& subject);
 
-/// All three.
+/// Makes all three checks.
 void CheckRows(const RowSubject& subject);
 
-/// The record that `load` makes of a tree; empty, with a failed expectation, when it fails.
+/// The record that `load` fills from a tree. When it fails, so does the test, and the record is
+/// empty.
 std::string LoadRecord(const ProductTree& tree, std::size_t size,
                        const std::function<Status(void* record)>& load);
 

@@ -6,7 +6,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// The bytes of a member as people read them: a number, or a text.
+/// The bytes of a member as a number or a text.
 std::string Shown(const Field& field, const std::string& bytes) {
     if (field.kind == FieldKind::kText || field.kind == FieldKind::kBytes || bytes.size() > 8) {
         return ::testing::PrintToString(bytes);
@@ -51,7 +51,7 @@ std::string Shown(const Field& field, const std::string& bytes) {
 
 ::testing::AssertionResult SameRecord(const RecordTable& table, const std::string& expected,
                                       const std::string& actual) {
-    // Its members count, not the numbers in their keys.
+    // Only the members matter here: any indices in their keys will do.
     return expected == actual ? ::testing::AssertionSuccess()
                               : SameRecord(WalkTable(table, "", "", {0, 0}), expected, actual);
 }

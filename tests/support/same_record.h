@@ -1,4 +1,4 @@
-/// Comparing records, and saying where they differ.
+/// Compares records and tells where they differ.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,8 +11,8 @@
 
 namespace paramgen::testing {
 
-/// Whether two records are the same. If not, says the first offset at which they differ, the member
-/// that is there, and both of its values.
+/// Whether two records are the same. If not, the message tells the first offset at which they
+/// differ, the member there, and both values of it.
 ::testing::AssertionResult SameRecord(const std::vector<WalkedField>& fields,
                                       const std::string& expected, const std::string& actual);
 ::testing::AssertionResult SameRecord(const RecordTable& table, const std::string& expected,

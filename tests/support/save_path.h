@@ -14,7 +14,7 @@
 
 namespace paramgen::testing {
 
-/// Closes the save path and puts the threshold back at the end.
+/// Closes the save path and restores the threshold at the end.
 class SavePathTest : public ::testing::Test {
 protected:
     void TearDown() override {
@@ -34,7 +34,7 @@ protected:
         return ZV_LOG_OpenSave(directory_.path().c_str(), sizeLimit);
     }
 
-    /// Saves one record of exactly this text. Returns what the step prints.
+    /// Saves one record of exactly this text. Returns what is printed meanwhile.
     static std::string Save(const std::string& text) {
         return CaptureStdout([&] { LOG_SaveLog(text.data(), text.size()); });
     }

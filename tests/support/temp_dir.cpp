@@ -13,7 +13,7 @@ TempDir::TempDir() {
     if (mkdtemp(name.data()) == nullptr) {
         ADD_FAILURE() << "no temporary directory";
     }
-    // Canonical, since messages name canonical paths.
+    // The canonical path, because messages show canonical paths.
     path_ = std::filesystem::canonical(name);
 }
 

@@ -1,4 +1,4 @@
-/// A directory of a test's own, removed with everything in it at the end.
+/// A temporary directory, removed with everything in it by the destructor.
 #pragma once
 
 #include <filesystem>
@@ -25,7 +25,7 @@ private:
 /// The bytes of a file; empty when it cannot be read.
 std::string ReadFile(const std::filesystem::path& path);
 
-/// Makes `directory` the working directory, and goes back at the end.
+/// Makes `directory` the working directory; the destructor restores the old one.
 class WorkingDirectory {
 public:
     explicit WorkingDirectory(const std::filesystem::path& directory)

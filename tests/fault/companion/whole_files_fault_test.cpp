@@ -1,5 +1,5 @@
-// Files that change together, with every call that changes something made to fail in turn: they are
-// all as they were then.
+// Several files are changed together while each call in turn fails: all files must then be as they
+// were before.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,9 +17,9 @@ namespace {
 
 int g_calls = 0;
 int g_failing = 0;         ///< the number of the call that fails; 0: none
-bool g_staysFull = false;  ///< from it on, nothing more can be written
+bool g_staysFull = false;  ///< all writes after the failing call fail as well
 
-/// Counts a call. Whether it has to fail, with `errno` set.
+/// Counts a call. Returns whether it must fail, with `errno` set.
 bool Fails() {
     ++g_calls;
     errno = ENOSPC;
@@ -39,7 +39,7 @@ ssize_t __wrap_write(int descriptor, const void* bytes, size_t size) {
     if (!WriteFails()) {
         return __real_write(descriptor, bytes, size);
     }
-    // A full disk takes a part first.
+    // A disk that becomes full still takes a part.
     return size > 1 && g_staysFull ? __real_write(descriptor, bytes, size / 2) : -1;
 }
 int __real_fsync(int descriptor);

@@ -14,16 +14,16 @@ namespace {
 struct Plan {
     bool watching;
     Fault fault;
-    int callsLeft;  ///< 0 when the failing call has come
+    int callsLeft;  ///< calls up to the failing one; 0 after it
     int held;
 };
 
 Plan g_plan = {};
 
-/// The most bytes that are read at once.
+/// Largest number of bytes that one call reads.
 constexpr std::size_t kPieceSize = 10'000;
 
-/// Counts a call of one kind. Returns whether it is the one to fail.
+/// Counts a call of one kind. Returns whether it must fail.
 bool Fails(Fault fault) {
     if (!g_plan.watching || g_plan.fault != fault || g_plan.callsLeft == 0) {
         return false;
@@ -132,11 +132,11 @@ ssize_t __wrap_pread(int file, void* bytes, std::size_t size, off_t offset) {
         errno = EIO;
         return -1;
     }
-    // In pieces, as a device may hand them out.
+    // Short reads, as devices may give them.
     return __real_pread(file, bytes, size > kPieceSize ? kPieceSize : size, offset);
 }
 
-// The names of functions as the linker sees them, where a size is an unsigned long.
+// Mangled names of the wrapped functions, on hosts where std::size_t is unsigned long.
 
 int __real__ZN8paramgen11FormatPlainEPcmPKcP13__va_list_tag(char* text, std::size_t size,
                                                             const char* format, std::va_list args);

@@ -1,5 +1,5 @@
-/// Calls that fail when a test wants them to. The program of these tests is linked so that every
-/// call of the functions below that its own code makes comes by here first.
+/// Fault injection: makes calls of the functions below fail. The test program is linked with
+/// wrappers for all calls that its own code makes of them.
 #pragma once
 
 namespace paramgen::testing {
@@ -13,7 +13,7 @@ enum class Fault {
     kDirName,     ///< CONFACCESS_GetDirName: too long
 };
 
-/// While this lives, one call fails, and what is taken and given back is counted.
+/// While this object exists, one call fails, and memory and open files are counted.
 class FaultWatch {
 public:
     /// Makes call `number` (from 1 on) of one kind fail.
@@ -22,10 +22,10 @@ public:
     FaultWatch(const FaultWatch&) = delete;
     FaultWatch& operator=(const FaultWatch&) = delete;
 
-    /// Whether the call has come, and failed.
+    /// Whether the call was made, and so has failed.
     bool Happened() const;
 
-    /// How many pieces of memory and open files have been taken since, and not given back.
+    /// Number of allocations and open files since the constructor that have not been released.
     int Held() const;
 };
 

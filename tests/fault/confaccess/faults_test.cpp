@@ -29,8 +29,8 @@ std::string AddCfgFailed(const std::string& code) {
     return "func:ZV_CONFACCESS_Init,line:337[AddCfg] failed[0x" + code + "]\n";
 }
 
-/// A file of more than a chunk of an arena, so that its text and its dictionary have memory of
-/// their own: three allocations, with the chunk that the dictionary itself is in.
+/// A file that is larger than a chunk of an arena, so that its text and its dictionary each get
+/// memory of their own.
 std::string LargeFile() {
     std::string bytes = "[s]\n";
     while (bytes.size() < std::size_t{300} * 1024) {
@@ -38,11 +38,12 @@ std::string LargeFile() {
     }
     return bytes;
 }
+/// Allocations for it, with the chunk that holds the dictionary object.
 constexpr int kLargeFileAllocations = 4;
 
 class ReaderFaults : public ::testing::Test {
 protected:
-    /// Reads a file while a call fails, with nothing to show for it.
+    /// Reads a file while a call fails. Expects no dictionary, and that everything is released.
     static IniError LoadFails(const std::string& path, Fault fault, int number) {
         static_cast<void>(LoadIniFile(nullptr, nullptr));
         const FaultWatch watch(fault, number);
@@ -81,7 +82,7 @@ TEST_F(ReaderFaults, PipeNeedsMemoryForItsPiecesAndForTheWhole) {
     const std::string pipe = (directory_.path() / "pipe").string();
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const std::string bytes(100'000, '\n');
-    // The pieces up to 64 KiB fit into the arena's first chunk; the last one and the whole do not.
+    // Pieces of up to 64 KiB fit into the arena's first chunk; the last piece and the whole do not.
     for (const int number : {2, 3}) {
         const pid_t writer = fork();
         if (writer == 0) {
@@ -136,8 +137,8 @@ protected:
                                                  path + "cfg_filename = mod.ini\n");
     }
 
-    /// What a registration does when a call fails. Releases it when it succeeds, and registers
-    /// again without failure.
+    /// Registers while a call fails, and returns the outcome. Releases the configuration if that
+    /// succeeds, and registers again without a failure.
     Outcome Init(Fault fault, int number) const {
         const Outcome outcome = InitOnce(fault, number);
         const Outcome again = InitOnce(Fault::kNone, 0);
@@ -201,8 +202,8 @@ TEST_F(RegistrationFaults, ModuleWithoutMemoryForItsFileIsLeftOut) {
     }
 }
 
-// Modules come until a chunk is full; what the entry file holds decides at which piece of which
-// that is. Whatever it is, its kind of failure follows.
+// Modules are added until a chunk of the arena is full. Which allocation of which module fails then
+// depends on the size of the entry file, so the sizes are tried one by one.
 TEST_F(RegistrationFaults, ModuleNeedsMemory) {
     const Outcome noModule = {Code(0xA1418044U), "[time][QXCONFACCE] ZV_SafeMalloc failed\n" +
                                                      std::string(kModuleInfoFailed) +
@@ -257,7 +258,7 @@ TEST_F(RegistrationFaults, TextsOfAModuleThatFailLeaveItOut) {
         {7, code},
         {8, "[CONFACCESS_InitModule]178: snprintf_s\n"},
         {9, "[CONFACCESS_InitModule]192: snprintf_s\n"}};
-    // Once with the default directory, once with a path of the module's own.
+    // Once with the default directory, once with a path in the module's section.
     for (const std::string& path :
          {std::string(), "path = " + directory_.path().string() + "/\n"}) {
         WriteEntry(path);
@@ -292,7 +293,7 @@ TEST_F(RegistrationFaults, ModulesThatAreLeftOutHoldNothing) {
     const Outcome outcome = Observe([&] {
         const FaultWatch watch(Fault::kNone, 0);
         EXPECT_EQ(ZV_CONFACCESS_Init("cfg", entry_.c_str()), 0);
-        // The configuration, a chunk, and what the entry file takes.
+        // The configuration, a chunk, and the memory of the entry file.
         EXPECT_LE(watch.Held(), 4);
         const char* value = nullptr;
         EXPECT_EQ(FindText(LockedModule("cfg", "m1000"), "s:key", nullptr, &value), 0);
@@ -326,7 +327,7 @@ protected:
     }
     ~QueryFaults() override { EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0); }
 
-    /// A query that cannot copy its value.
+    /// The outcome of a query while the allocation of its copy fails.
     static Outcome Starved(const std::function<Status()>& query) {
         return Observe([&] {
             const FaultWatch watch(Fault::kAllocation, 1);

@@ -1,4 +1,4 @@
-// The entry point when flushing or closing an output file fails: it says so, and goes on.
+// The entry point while flushing or closing an output file fails: it logs the failure and goes on.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 #include "support/records.h"
 #include "support/temp_dir.h"
 
-// The linker sends calls of main to __wrap_main, and __real_main is the generator's.
+// The linker turns calls of main into calls of __wrap_main; __real_main is the generator's main.
 extern "C" int __real_main();
 
 extern "C" int __wrap_main(int count, char** arguments) {
@@ -35,14 +35,14 @@ ProductTree SmallTree() {
     return tree;
 }
 
-/// What a run came to.
+/// Result of a run.
 struct Run {
     int status;
     std::string output;
     std::string images[2];
 };
 
-/// Runs the generator; its call `number` of one kind fails.
+/// Runs the generator while call `number` of one kind fails.
 Run RunIn(const TempDir& directory, Call call, int number) {
     const WorkingDirectory here(directory.path());
     Run run = {};
@@ -56,7 +56,7 @@ Run RunIn(const TempDir& directory, Call call, int number) {
     return run;
 }
 
-/// The errors of runs in which one call after the other fails, as far as there are any.
+/// The errors of runs in which call 1, 2 ... `calls` fails. Runs without errors are left out.
 std::vector<std::vector<std::string>> ErrorsWithout(Call call, int calls) {
     const TempDir directory;
     SmallTree().WriteTo(directory);
@@ -76,13 +76,13 @@ std::vector<std::vector<std::string>> ErrorsWithout(Call call, int calls) {
     return found;
 }
 
-// Only the second file is flushed by itself.
+// Only the second file is flushed explicitly.
 TEST(EntryPoint, GoesOnWhenAFileCannotBeFlushed) {
     EXPECT_THAT(ErrorsWithout(Call::kFflush, 3),
                 ElementsAre(ElementsAre("main: [fflush failed] failed\n")));
 }
 
-// The files that the product is read from are closed before.
+// Only the output files are streams.
 TEST(EntryPoint, GoesOnWhenAFileCannotBeClosed) {
     EXPECT_THAT(ErrorsWithout(Call::kFclose, 20),
                 ElementsAre(ElementsAre("main: [fclose failed] failed\n"),

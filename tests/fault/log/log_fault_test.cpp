@@ -18,7 +18,7 @@ namespace {
 
 class LogFault : public SavePathTest {
 protected:
-    /// Saves "one", while the `number`th call from now on fails.
+    /// Saves the record "one" while the `number`th call from now on fails.
     static std::string SaveFailing(Call call, int number = 1) {
         return CaptureStdout([&] {
             Fail(call, number);
@@ -113,7 +113,7 @@ TEST_F(LogFault, TurnThatFailsClosesTheSavePathWithoutAnotherMessage) {
     EXPECT_EQ(Text1(), "1111111111");
 }
 
-// Writing on.
+// Appending.
 
 TEST_F(LogFault, RecordThatCannotBeWritten) {
     Write1("old");

@@ -17,7 +17,7 @@ void WatchFormatting(std::function<bool(const Formatted&)> fits) {
 
 extern "C" {
 
-// The function's name as the linker sees it, where a size is an unsigned long.
+// Mangled name of the wrapped function, on hosts where std::size_t is unsigned long.
 int __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
                                                              std::size_t count, const char* format,
                                                              std::va_list args);

@@ -1,5 +1,5 @@
-/// Texts that do not fit when a test wants it. A program has them when it is linked so that calls
-/// of the bounded formatter come by here first.
+/// Fault injection: makes the bounded formatter fail. The test program is linked with a wrapper
+/// around it.
 #pragma once
 
 #include <functional>
@@ -7,14 +7,14 @@
 
 namespace paramgen::testing {
 
-/// A text that was put together from a template.
+/// A formatted text, and the format that it was made with.
 struct Formatted {
     std::string format;
     std::string text;
 };
 
-/// Has every text shown to `fits`, after it was formatted: the answer no makes the formatter fail.
-/// An empty function ends this.
+/// Calls `fits` with every formatted text from now on; when it returns false the formatter fails,
+/// as if the text did not fit. An empty function ends this.
 void WatchFormatting(std::function<bool(const Formatted&)> fits);
 
 }  // namespace paramgen::testing

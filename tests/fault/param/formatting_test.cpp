@@ -1,4 +1,4 @@
-// The loaders when a node, a module's name or a key cannot be put together.
+// The loaders while formatting a node, a module's name or a key fails.
 
 #include "fault/param/formatting.h"
 
@@ -21,7 +21,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// A section, its loader, and how its image begins before it is loaded.
+/// A section: the name of its loader, and a call of it.
 struct Section {
     const char* name;
     std::function<Status()> load;
@@ -43,14 +43,14 @@ const std::vector<Section>& Sections() {
     return sections;
 }
 
-/// What loading a section came to.
+/// Result of loading a section.
 struct Loaded {
     Status status;
     std::vector<std::string> echo;
     std::vector<std::string> errors;
 };
 
-/// Loads a section into an image of zeroes; texts that do not please `fits` cannot be formatted.
+/// Loads a section into a fresh image. Formatting fails for texts for which `fits` returns false.
 Loaded Load(const Section& section, std::function<bool(const Formatted&)> fits) {
     BuildFrame(&g_image);
     Loaded loaded = {};
@@ -64,7 +64,7 @@ Loaded Load(const Section& section, std::function<bool(const Formatted&)> fits) 
     return loaded;
 }
 
-/// The example product with one media mode and its calibration, registered.
+/// The example product, registered, with only one media mode and its calibration.
 class Formatting : public ::testing::Test {
 protected:
     Formatting() {
@@ -86,14 +86,14 @@ private:
     TempDir directory_;
 };
 
-/// Whether a text is a node or a module's name; keys have a ':' in them, or stand alone.
+/// Whether a text is a node or a module's name. Full keys contain a ':', and other keys are not
+/// formatted.
 bool IsNode(const Formatted& formatted) {
     return formatted.format.find('%') != std::string::npos &&
            formatted.text.find(':') == std::string::npos;
 }
 
-/// Which of the texts that a section formats are tried. Of those of one template the first three
-/// and every 60th are.
+/// Chooses the texts that are tried: of each format the first three, and every 60th.
 class Choice {
 public:
     bool Takes(const Formatted& formatted) {
@@ -106,7 +106,7 @@ private:
     std::map<std::string, int> times_;
 };
 
-/// The numbers of the texts that are tried.
+/// The numbers of the chosen texts, in the order of formatting, from 1 on.
 std::vector<int> TriedTexts(const Section& section) {
     std::vector<int> tried;
     Choice choice;
@@ -122,7 +122,7 @@ std::vector<int> TriedTexts(const Section& section) {
     return tried;
 }
 
-/// What a loader may call a text that it could not format.
+/// Whether the record has one of the labels for a text that could not be formatted.
 bool IsFormattingError(const std::string& error) {
     static const std::set<std::string> labels = {"sprintf_s",
                                                  "snprintf_s",
@@ -139,8 +139,8 @@ bool IsFormattingError(const std::string& error) {
            labels.count(error.substr(start, end - start)) != 0;
 }
 
-/// Expects the chain of a text that could not be formatted: whoever formats says so, and everyone
-/// above passes -1 on.
+/// Expects the chain of records when formatting fails: the failing step's first, then -1 at every
+/// level up to the section's loader.
 void ExpectChain(const Section& section, const std::vector<std::string>& errors) {
     ASSERT_FALSE(errors.empty());
     EXPECT_TRUE(IsFormattingError(errors[0])) << errors[0];
@@ -163,7 +163,7 @@ TEST_F(Formatting, FailureStopsASectionWithItsChain) {
             });
             SCOPED_TRACE(lost.text);
             std::vector<std::string> before = whole.echo;
-            if (loaded.status == 0) {  // it would only have been a label
+            if (loaded.status == 0) {  // the text was only needed as a label
                 EXPECT_FALSE(IsNode(lost));
             } else {
                 EXPECT_EQ(loaded.status, -1);
@@ -178,7 +178,7 @@ TEST_F(Formatting, FailureStopsASectionWithItsChain) {
     EXPECT_GT(failed, 150);
 }
 
-/// A node that cannot be formatted when it is for the `time`th time, and the first two errors.
+/// A text whose formatting fails the `time`th time, and the first two errors that follow.
 struct LostNode {
     const char* text;
     int time;

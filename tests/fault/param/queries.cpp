@@ -27,7 +27,7 @@ void FailTextQuery(int number) {
 
 extern "C" {
 
-// The functions' names as the linker sees them.
+// Mangled names of the wrapped functions.
 // NOLINTBEGIN(bugprone-reserved-identifier)
 
 std::int32_t

@@ -1,10 +1,10 @@
-/// Queries that fail when a test wants it. A program has them when it is linked so that calls of
-/// configuration access and of its readers come by here first.
+/// Fault injection: makes queries of the configuration fail. The test program is linked with
+/// wrappers around them.
 #pragma once
 
 namespace paramgen::testing {
 
-/// Lets the `number`th boolean query of a locked module, or the `number`th look-up of a text by
+/// Makes the `number`th boolean query of a locked module, or the `number`th look-up of a text by
 /// name, from now on fail with -1; 0 ends this.
 void FailBoolQuery(int number);
 void FailTextQuery(int number);

@@ -1,4 +1,4 @@
-// Loaders while a query fails.
+// The loaders while a query fails.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

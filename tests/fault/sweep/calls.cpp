@@ -15,8 +15,8 @@
 #include "log/output.h"
 #include "safestr/safestr.h"
 
-// The linker sends every call of NAME in the code linked in to __wrap_NAME, and every one of
-// __real_NAME to libc's.
+// The linker turns every call of NAME in the linked code into one of __wrap_NAME; __real_NAME is
+// libc's function.
 extern "C" {
 int __real_open(const char* path, int flags, ...);
 int __real_close(int file);
@@ -26,8 +26,8 @@ ssize_t __real_pread(int file, void* bytes, std::size_t size, off_t offset);
 namespace paramgen::testing {
 namespace {
 
-/// A file behind a stream. Its position is its own: a process and its forked child read and write
-/// apart from each other.
+/// The file of a stream. It keeps its own position, because a process and its forked child share
+/// that of the descriptor.
 struct File {
     int descriptor = -1;
     off_t position = 0;
@@ -41,8 +41,8 @@ struct State {
     CallObserver observer = nullptr;
     int held = 0;
     int opens = 0;
-    int inStream = 0;  ///< nesting of libc's work on streams
-    int inOutput = 0;  ///< of that, on standard output
+    int inStream = 0;  ///< depth of calls in which libc works on a stream
+    int inOutput = 0;  ///< of these, those on standard output
     std::FILE* stream = nullptr;
     bool opening = false;
     bool reading = false;  ///< a file is open for reading
@@ -67,7 +67,7 @@ void GivenBack(const void* thing) {
     g_state.held -= g_state.observing && thing != nullptr ? 1 : 0;
 }
 
-/// While this lives, libc is at work on a stream.
+/// Marks a call in which libc works on a stream.
 class StreamWork {
 public:
     explicit StreamWork(const std::FILE* stream) : isOutput_(stream == stdout ? 1 : 0) {
@@ -99,7 +99,7 @@ ssize_t WriteBlock(void* cookie, const char* bytes, std::size_t size) {
 int CloseFile(void* cookie) {
     const File* file = static_cast<File*>(cookie);
     if (file->descriptor == -1) {
-        return 0;  // never came to be open
+        return 0;  // it was never opened
     }
     const int result = __real_close(file->descriptor);
     if (Fails(Kind::kDeviceClose)) {
@@ -174,8 +174,8 @@ int HeldThings() {
 
 extern "C" {
 
-// The memory functions below take the place of libc's; these are the ones that they stand before:
-// the sanitizer's when there is one, else libc's own.
+// The memory functions below replace libc's. They call these: the sanitizer's when there is one,
+// else libc's own.
 [[gnu::weak]] void* __interceptor_malloc(std::size_t size);
 [[gnu::weak]] void* __interceptor_calloc(std::size_t count, std::size_t size);
 [[gnu::weak]] void* __interceptor_realloc(void* memory, std::size_t size);
@@ -242,7 +242,7 @@ int __real_pthread_mutex_lock(pthread_mutex_t* mutex);
 int __real_pthread_mutex_unlock(pthread_mutex_t* mutex);
 int __real_pthread_mutex_destroy(pthread_mutex_t* mutex);
 
-/// Notes that a file is asked for. Returns whether it is to be refused.
+/// Notes that a file is opened. Returns whether this must fail.
 static bool IsRefused(const char* path) {
     ++g_state.opens;
     std::strncpy(g_state.path, path, sizeof g_state.path - 1);
@@ -265,7 +265,7 @@ int __wrap_munmap(void* memory, std::size_t size) {
     return __real_munmap(memory, size);
 }
 
-// Files that are read are descriptors, and those that are written are streams.
+// Input files are read through descriptors, output files are written through streams.
 
 int __wrap_open(const char* path, int flags, ...) {
     if (IsRefused(path)) {
@@ -303,7 +303,7 @@ std::FILE* __wrap_fopen(const char* path, const char* mode) {
     if (IsRefused(path)) {
         return nullptr;
     }
-    // Memory first and the file then, as libc does: without memory the file stays what it was.
+    // Allocate before opening, as libc does: without memory the file is not truncated.
     g_state.file = {};
     g_state.opening = true;
     std::FILE* stream =
@@ -382,7 +382,7 @@ int __wrap_pthread_mutex_lock(pthread_mutex_t* mutex) {
     return Fails(Kind::kMutexLock) ? EAGAIN : __real_pthread_mutex_lock(mutex);
 }
 
-// One that fails to be released is released all the same: what comes next would wait for ever.
+// A mutex whose unlocking fails is unlocked all the same: the next lock would wait for ever.
 int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex) {
     const int result = __real_pthread_mutex_unlock(mutex);
     return Fails(Kind::kMutexUnlock) ? EPERM : result;
@@ -392,7 +392,7 @@ int __wrap_pthread_mutex_destroy(pthread_mutex_t* mutex) {
     return Fails(Kind::kMutexDestroy) ? EBUSY : __real_pthread_mutex_destroy(mutex);
 }
 
-// The bounded formatters, by the names that the linker knows.
+// Mangled names of the bounded formatters.
 int __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
                                                              std::size_t count, const char* format,
                                                              std::va_list args);

@@ -1,7 +1,7 @@
-/// Every call of a run that can fail, seen as it is made. The program of these tests is linked so
-/// that the calls below come by here first: memory for the whole process, libc's own use included,
-/// the others for the code that is linked in. Files and standard output are streams of this file's
-/// own making, so that single reads, writes and closings can fail as a device makes them fail.
+/// Fault injection for a whole run: observes every call that can fail, and makes chosen ones fail.
+/// The test program is linked with wrappers around the calls below: those of memory for the whole
+/// process, with libc's own use, the others for the linked code. Output files and standard output
+/// are streams that are made here, so that a single write or close can fail as on a device.
 #pragma once
 
 #include <string>
@@ -14,9 +14,9 @@ enum class Kind {
     kRead,          ///< pread
     kWrite,         ///< a block written to a file
     kOutput,        ///< a block written to standard output
-    kDeviceClose,   ///< a file's last step: the device reports an error
-    kShortWrite,    ///< fwrite that takes one byte less than it was given
-    kRefusedWrite,  ///< fwrite that takes nothing
+    kDeviceClose,   ///< closing a file: the device reports an error
+    kShortWrite,    ///< fwrite: it writes one byte less than it should
+    kRefusedWrite,  ///< fwrite: it writes nothing
     kFlush,         ///< fflush of a file
     kClose,         ///< fclose of a file
     kRealpath,
@@ -29,18 +29,18 @@ enum class Kind {
     kLocalTime,  ///< localtime_r
 };
 
-/// How far a run has come, as its files tell.
+/// How far a run has come, told by the files that it opens.
 struct Progress {
-    int opens;         ///< files that were asked for so far
+    int opens;         ///< files that it has tried to open so far
     bool fileIsOpen;   ///< a file is open, or being opened
-    bool isInStream;   ///< libc is at work on the open file, or on standard output
-    std::string path;  ///< the file asked for last
+    bool isInStream;   ///< libc works on the open file, or on standard output
+    std::string path;  ///< the file that it tried to open last
 };
 
-/// Is told of every call before it is made, and says whether it fails.
+/// Is called before every call, and returns whether that call must fail.
 using CallObserver = bool (*)(Kind kind);
 
-/// While this lives, calls are observed and standard output goes to the file `output`.
+/// While this object exists, calls are observed and standard output goes to the file `output`.
 class ObservedCalls {
 public:
     ObservedCalls(CallObserver observer, int output);
@@ -48,12 +48,12 @@ public:
     ObservedCalls(const ObservedCalls&) = delete;
     ObservedCalls& operator=(const ObservedCalls&) = delete;
 
-    /// Closes standard output, as a process does at its end. From here on calls are counted and
+    /// Closes standard output, as a process does when it exits. Later calls are counted, and
     /// succeed.
     void CloseOutput();
 };
 
-/// While this lives, calls are neither observed nor counted.
+/// While this object exists, calls are neither observed nor counted.
 class UnobservedCalls {
 public:
     UnobservedCalls();
@@ -70,13 +70,13 @@ Progress CurrentProgress();
 /// Changes the observer.
 void SetObserver(CallObserver observer);
 
-/// Sends standard output to its beginning in the file `output` from now on.
+/// Sends standard output to the start of the file `output` from now on.
 void RestartOutput(int output);
 
-/// Writes out what standard output holds back, unless it is just being written.
+/// Flushes standard output, unless it is being written at the moment.
 void FlushOutput();
 
-/// Pieces of memory and streams taken since observation began, less those given back.
+/// Number of allocations and open files since observation began that have not been released.
 int HeldThings();
 
 }  // namespace paramgen::testing

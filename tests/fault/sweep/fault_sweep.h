@@ -1,4 +1,4 @@
-/// The fixture of the sweeps: what may follow a fault, by the kind and the place of the call.
+/// The fixture of the sweeps: what must follow a fault, by the kind and the place of the call.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,13 +19,13 @@ namespace paramgen::testing {
 
 inline constexpr int kModules = 18;
 
-/// The modules that a product may do without, as the entry file of the example numbers them: the
-/// playback set-up, the media modes and the lens calibrations.
+/// Whether a product may lack this module, by its number in the entry file of the example: playback
+/// settings, media modes and lens calibrations.
 inline bool IsOptional(int module) {
     return module >= 7 && module <= 14;
 }
 
-/// What the last levels say of a failure, and the code that makes it the exit status.
+/// The code of a failure in the last records, and the exit status that it gives.
 struct Failure {
     std::string code;
     int exitStatus;
@@ -42,7 +42,7 @@ protected:
         }
     }
 
-    /// Whether a run ended whose values did not load, however many did: no file is touched.
+    /// Whether a run ended because its values could not be loaded: the output files are unchanged.
     static bool IsUntouched(const End& end, int exitStatus, bool isRegistered) {
         return end == End{.exitStatus = exitStatus,
                           .held = 0,
@@ -52,7 +52,7 @@ protected:
                           .paramDef = FileState::kOld};
     }
 
-    /// The end of a run that did what it should.
+    /// The end of a successful run.
     static End Complete() {
         return {.exitStatus = 0,
                 .held = 0,
@@ -62,10 +62,10 @@ protected:
                 .paramDef = FileState::kImage};
     }
 
-    /// Whether the fault made no difference, now or later.
+    /// Whether the fault made no difference.
     static bool IsUnaffected(const Point& point) { return point.isRest && point.end == Complete(); }
 
-    /// Whether the registration failed, saying this and what follows from it.
+    /// Whether the registration failed with `lines` and the records that follow from them.
     static bool IsRegistrationFailure(const Point& point, const Failure& failure, Lines lines) {
         lines.push_back("func:ZV_CONFACCESS_Init,line:337[AddCfg] failed[0x" + failure.code + "]");
         lines.push_back("ERROR PDT_INIPARAM_LoadCfg: [./config_cfgaccess_entry.ini] failed[0x" +
@@ -82,8 +82,8 @@ protected:
             {"[time][ERR][QXCONFACCE] CONFACCESS_GetModuleInfo:211 load " + path + " failed"});
     }
 
-    /// Whether the module was left out: after `lines` the run goes on as one without the module's
-    /// file does.
+    /// Whether the module was left out: after `lines` the run goes on as a run without the module's
+    /// file.
     bool IsWithoutModule(const Point& point, int module, Lines lines) {
         const WholeRun& without = Without(module);
         lines.insert(lines.end(), without_[module].begin() + (without_[module].empty() ? 0 : 1),
@@ -98,8 +98,8 @@ protected:
         return IsWithoutModule(point, module, {FirstOf(without_[module])});
     }
 
-    /// A run without the file of a module: what the program does then is literal for the kinds of
-    /// modules there are.
+    /// A run without the file of a module. Its records are checked here, and then expected of all
+    /// runs that leave the module out.
     const WholeRun& Without(int module) {
         const auto found = runsWithout_.find(module);
         if (found != runsWithout_.end()) {
@@ -123,7 +123,7 @@ protected:
         return runsWithout_[module] = run;
     }
 
-    /// The files that a run asks for: entry file, modules, output files.
+    /// The files that a run opens: entry file, modules, output files.
     const std::vector<std::string>& Files() {
         if (files_.empty()) {
             for (const Point& point : sweep_.Over(Kind::kOpen)) {
@@ -133,14 +133,14 @@ protected:
         return files_;
     }
 
-    /// Whether a file that was written says this of itself, and the run went on.
+    /// Whether the run logged this record about an output file, and went on.
     static bool SaysOfFile(const Point& point, const std::string& record) {
         const Lines rest = {"ERROR main: " + record, "DEBUG main: parambin update end"};
         return point.end.exitStatus == 0 && point.end.held == 0 && point.end.hasCleanImage &&
                Said(point.output) == rest;
     }
 
-    /// Whether an output file could not be opened: the first stays what it is, and the second.
+    /// Whether an output file could not be opened: it is unchanged, and so is one after it.
     static bool IsUnopenedFile(const Point& point, const std::string& file) {
         const bool isFirst = file == "./param.bin";
         const End end = {.exitStatus = 255,
@@ -156,7 +156,7 @@ protected:
     bool IsAsMemoryDemands(const Point& point);
     bool IsAsFormattingDemands(const Point& point);
 
-    /// Counts a point as one of a class; true.
+    /// Counts a point of the class `name`. Returns true.
     bool Is(const std::string& name) { return ++counts_[name] != 0; }
 
     int CountOf(const std::string& name) const {

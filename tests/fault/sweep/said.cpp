@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view kPrefix = "\033[m[";
 constexpr std::string_view kTag = "-PARAM]:";
 
-/// The text between an optional pair of colour sequences.
+/// A level without its escape sequences for colour, if it has them.
 std::string_view WithoutColour(std::string_view level) {
     if (!level.starts_with('\033')) {
         return level;
@@ -44,7 +44,7 @@ std::string OneLine(std::string_view line) {
     return std::string(line);
 }
 
-/// The sections, by the labels that they fail with.
+/// The labels of the sections.
 constexpr std::array<std::string_view, 6> kSections = {"DevMng Conf",       "FileMng Conf",
                                                        "Media Common Conf", "WorkMode Conf",
                                                        "ValueSet Conf",     "VideoMode Conf"};
@@ -56,8 +56,8 @@ bool IsOneOf(std::string_view text, const auto& texts, std::string_view before,
     });
 }
 
-/// Whether the lines from `first` on are the levels of a failure: loaders, then
-/// PDT_INIPARAM_LoadCfg, which names the section, and main.
+/// Whether the lines from `first` on are the records of a failure's callers: of loaders, of
+/// PDT_INIPARAM_LoadCfg with a section's label, and of main.
 bool HasLevels(const Lines& lines, std::size_t first, const std::string& code) {
     const std::string failed = "] failed[0x" + code + "]";
     if (lines.size() < 3 || lines.size() < first + 2 ||
@@ -87,7 +87,7 @@ Lines Said(std::string_view output) {
 }
 
 bool IsFormattingChain(const Lines& lines) {
-    // A loader that names no code of its own.
+    // This loader logs no code.
     constexpr char kDirNames[] =
         "ERROR PDT_INIPARAM_FILEMNG_LoadDTCFDirNameCfg: get dir name failed!";
     const std::size_t first = lines.size() > 1 && lines[1] == kDirNames ? 2 : 1;

@@ -1,4 +1,4 @@
-/// What a run said, line by line, in a form that tests can spell.
+/// The output of a run, line by line, in a form that tests can write down.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ using Lines = std::vector<std::string>;
 /// and time stamps read "[time]".
 Lines Said(std::string_view output);
 
-/// The first line, and the last; empty when nothing was said.
+/// The first line, and the last; empty when there is none.
 inline std::string FirstOf(const Lines& lines) {
     return lines.empty() ? "" : lines.front();
 }
@@ -21,8 +21,8 @@ inline std::string LastOf(const Lines& lines) {
     return lines.empty() ? "" : lines.back();
 }
 
-/// Whether the lines are all that is said when a key did not fit its buffer: the innermost record,
-/// which names no code, then one for each level, from the loader up to `main`.
+/// Whether the lines are exactly those of a key that did not fit its buffer: a record without a
+/// code, then one for each caller, from the loader up to `main`.
 bool IsFormattingChain(const Lines& lines);
 
 }  // namespace paramgen::testing

@@ -16,7 +16,7 @@
 #include "fault/sweep/said.h"
 #include "generator/image.h"
 
-// The generator's entry point: the linker sends the start of this program to the one below it.
+// The generator's main. The linker makes this test program start with its own, __wrap_main.
 extern "C" int __real_main();
 
 extern "C" int __wrap_main(int argc, char** argv) {
@@ -67,7 +67,7 @@ void WriteOld(const char* path) {
     std::ofstream(path) << kOld;
 }
 
-/// What a process does after its `main`, and what is left then.
+/// Does what a process does after its `main`, and returns how the run ended.
 End EndOf(int status) {
     g_current.calls->CloseOutput();
     const bool isRegistered = g_confAccessCount != 0;
@@ -83,7 +83,7 @@ End EndOf(int status) {
             .paramDef = StateOf("paramdef.bin")};
 }
 
-/// One run of the generator. Copies of the process that are made in it end in it.
+/// One run of the generator. Forked copies of the process exit in it.
 End RunMain(CallObserver observer, int capture) {
     const pid_t original = getpid();
     ObservedCalls calls(observer, capture);
@@ -101,7 +101,7 @@ bool FailAlways(Kind kind) {
     return kind == g_current.kind;
 }
 
-/// Puts the output files back to what they were, unless this process has come to them.
+/// Restores the output files, unless this process itself has already opened them.
 void RestoreFiles(const Progress& progress) {
     const bool secondBegun = progress.path == "./paramdef.bin";
     const bool firstBegun = secondBegun || progress.path == "./param.bin";
@@ -127,7 +127,8 @@ void Note(const Progress& progress, std::size_t said) {
     ++g_pointCount;
 }
 
-/// At every call of the kind, lets a copy of the process run to its end in which the call fails.
+/// Observer: at every call of the chosen kind, forks a copy of the process in which the call fails,
+/// and waits for its end.
 bool ForkAndFail(Kind kind) {
     if (kind != g_current.kind) {
         return false;
@@ -161,7 +162,8 @@ bool ForkAndFail(Kind kind) {
 
 namespace {
 
-/// The first conversion to local time takes memory that libc keeps: before anything is counted.
+/// Reads the time zone before anything is counted, since libc keeps the memory for it. Returns a
+/// file for output.
 int WarmUp() {
     tzset();
     return memfd_create("output", 0);

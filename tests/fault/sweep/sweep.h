@@ -1,5 +1,5 @@
-/// Sweeps: the generator runs on a product, and at every call of one kind a copy of the process
-/// goes on in which this call fails.
+/// Sweeps: the generator runs on a product. At every call of one kind it forks a copy of the
+/// process in which this call fails.
 #pragma once
 
 #include <filesystem>
@@ -12,13 +12,13 @@
 
 namespace paramgen::testing {
 
-/// What became of an output file. Before a run each holds an old text.
+/// Content of an output file after a run. Before it, each holds an old text.
 enum class FileState { kOld, kImage, kPart };
 
 /// How a run ended.
 struct End {
-    int exitStatus = -1;         ///< as a caller of the program sees it; -1 when it did not end
-    int held = 0;                ///< memory and streams still held, those of the registry apart
+    int exitStatus = -1;         ///< of the process; -1 when it did not exit by itself
+    int held = 0;                ///< allocations and files not released, without the registry's
     bool isRegistered = false;   ///< the configuration was registered at the end
     bool hasCleanImage = false;  ///< the image in memory is that of a run without a fault
     FileState param = FileState::kOld;
@@ -27,7 +27,7 @@ struct End {
     bool operator==(const End&) const = default;
 };
 
-/// A run as a whole.
+/// A whole run.
 struct WholeRun {
     End end;
     std::string output;
@@ -36,15 +36,15 @@ struct WholeRun {
 /// A call that failed, and what followed.
 struct Point {
     int number;         ///< of the call among those of its kind, from 1 on
-    Progress progress;  ///< when it failed
-    bool wasLoading;    ///< the configuration was registered then: its values were being read
-    std::size_t said;   ///< bytes of output before it
+    Progress progress;  ///< of the run, when the call failed
+    bool wasLoading;    ///< the configuration was registered: its values were being read
+    std::size_t said;   ///< bytes of output before the call
     End end;
-    std::string output;  ///< what came after it; empty when it `isRest`
-    bool isRest;         ///< it is exactly what a run without a fault says from there on
+    std::string output;  ///< output after the call; empty when it `isRest`
+    bool isRest;         ///< it is the same as without the fault
 };
 
-/// The example product in a directory of its own, which is the working directory meanwhile.
+/// A copy of the example product in a temporary directory, which is the working directory.
 class Sweep {
 public:
     Sweep();
@@ -54,18 +54,18 @@ public:
 
     const std::filesystem::path& directory() const { return directory_.path(); }
 
-    /// What a run says and makes without a fault. Taken once, before the first sweep.
+    /// A run without a fault, made once before the first sweep.
     const WholeRun& Clean();
 
-    /// A run without a fault as well, of the product as it is by now.
+    /// Another run without a fault, of the product as it is now.
     WholeRun Again() { return RunWith(nullptr); }
 
     /// A run in which every call of one kind fails.
     WholeRun Failing(Kind kind);
 
-    /// One run for every call of that kind, in which it is the one to fail. Of the calls that are
-    /// made while values are read only every `stride`th fails, unless the environment variable
-    /// PARAMGEN_SWEEP is "every".
+    /// For every call of that kind, a run in which only this call fails. Of the calls while values
+    /// are read only every `stride`th fails, unless the environment variable PARAMGEN_SWEEP is
+    /// "every".
     std::vector<Point> Over(Kind kind, int stride = 1);
 
 private:
@@ -78,7 +78,7 @@ private:
     std::optional<WholeRun> clean_;
 };
 
-/// How many points this process has swept, and of how many calls that were seen.
+/// Number of calls that have failed in sweeps of this process, and of calls that were observed.
 int PointCount();
 int CallCount();
 

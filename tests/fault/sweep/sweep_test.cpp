@@ -1,4 +1,4 @@
-// The generator on the example product, every one of its calls failing in turn.
+// The generator on the example product, with each of its calls failing in turn.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ using ::testing::ElementsAre;
 
 namespace {
 
-/// Says at the end how much was swept.
+/// Prints at the end how much was swept.
 class Count : public ::testing::Environment {
 public:
     void TearDown() override {
@@ -30,7 +30,7 @@ public:
 };
 const ::testing::Environment* const g_count = ::testing::AddGlobalTestEnvironment(new Count);
 
-/// What a failing test shows of a point.
+/// Description of a point for the message of a failing test.
 std::string Describe(const Point& point) {
     std::string text = "call " + std::to_string(point.number) + " after " +
                        std::to_string(point.progress.opens) + " files, the last " +
@@ -54,9 +54,9 @@ TEST_F(FaultSweep, NoFault) {
 
 }  // namespace
 
-/// Without memory for a stream's buffer libc goes on without. Without memory for a stream the file
-/// cannot be opened. Without memory for a file's contents there is no such file. While values are
-/// read no memory is asked for.
+/// Expected without memory: for a stream's buffer, libc works without one; for a stream, the file
+/// cannot be opened; for a file's contents, the file counts as unreadable. While values are read
+/// nothing is allocated.
 bool FaultSweep::IsAsMemoryDemands(const Point& point) {
     const int opens = point.progress.opens;
     if (point.progress.isInStream) {
@@ -82,8 +82,8 @@ bool FaultSweep::IsAsMemoryDemands(const Point& point) {
 namespace {
 
 TEST_F(FaultSweep, Memory) {
-    // So that each file needs memory of its own: for its text and, when it is closed again, for the
-    // records of its lines.
+    // Make each file so large that it needs memory of its own: for its text and, after it is
+    // closed, for the records of its lines.
     const std::string comment = "# " + std::string(1000, '.') + "\n";
     for (const std::string& path : Files()) {
         std::ofstream file(path, std::ios::app);
@@ -107,7 +107,7 @@ TEST_F(FaultSweep, Memory) {
 
 bool FaultSweep::IsAsFormattingDemands(const Point& point) {
     if (point.wasLoading) {
-        // A key that is needed as a label alone, should its query fail, is not missed.
+        // A key that is only formatted as the label of a failure makes no difference.
         return (IsUnaffected(point) && Is("label")) ||
                (IsUntouched(point.end, 255, true) && IsFormattingChain(Said(point.output)) &&
                 Is("key"));
@@ -178,7 +178,7 @@ TEST_F(FaultSweep, Reading) {
             << Describe(point);
         Is(point.progress.path);
     }
-    EXPECT_EQ(counts_.size(), 1U + kModules);  // no file is left out
+    EXPECT_EQ(counts_.size(), 1U + kModules);  // every file was swept
 }
 
 TEST_F(FaultSweep, DeviceThatTakesNoMore) {
@@ -216,7 +216,7 @@ TEST_F(FaultSweep, ShortWrite) {
     }
 }
 
-// Only the second file is flushed by itself.
+// Only the second file is flushed explicitly.
 TEST_F(FaultSweep, Flushing) {
     const std::vector<Point> points = sweep_.Over(Kind::kFlush);
     ASSERT_EQ(points.size(), 1U);
@@ -226,7 +226,7 @@ TEST_F(FaultSweep, Flushing) {
 }
 
 TEST_F(FaultSweep, Closing) {
-    // Streams are closed by their own function, but end at the device like all files.
+    // fclose is called for output files only; the device may report an error for every file.
     const std::pair<Kind, std::size_t> kKinds[] = {{Kind::kClose, 2},
                                                    {Kind::kDeviceClose, 1 + kModules + 2}};
     for (const auto& [kind, count] : kKinds) {
@@ -252,7 +252,7 @@ TEST_F(FaultSweep, Resolving) {
                     "ERROR main: [load config] failed[0xFFFFFFFF]"));
 }
 
-// What a mutex says counts for nothing.
+// The results of mutex functions are ignored.
 TEST_F(FaultSweep, Mutexes) {
     for (const Kind kind :
          {Kind::kMutexInit, Kind::kMutexLock, Kind::kMutexUnlock, Kind::kMutexDestroy}) {
@@ -269,7 +269,7 @@ TEST_F(FaultSweep, Mutexes) {
     }
 }
 
-// What was to be said then is lost, and nothing else.
+// The output of the failing write is lost, and nothing else.
 TEST_F(FaultSweep, StandardOutput) {
     const std::string& clean = sweep_.Clean().output;
     const std::vector<Point> points = sweep_.Over(Kind::kOutput);
@@ -284,7 +284,7 @@ TEST_F(FaultSweep, StandardOutput) {
     EXPECT_EQ(run.output, "");
 }
 
-// A module that is not there makes the library log look at the clock.
+// The library log reads the clock when a module is missing.
 TEST_F(FaultSweep, Clock) {
     std::filesystem::remove("camera/ldc/ldc1_photo_2160p.ini");
     for (const Kind kind : {Kind::kClock, Kind::kLocalTime}) {
