@@ -5,18 +5,23 @@
 # field tables then carry their descriptions, and what happens in a run can be watched. Nothing of
 # that is in the program itself.
 
+# paramgen_room_files(<directory> <file>...)
+# Sets `target`, `sources` and `headers` for the room of a directory; its sources are all but those files.
+function(paramgen_room_files directory except)
+  string(REPLACE "/" "_" target "${directory}")
+  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.cpp")
+  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.h")
+  list(TRANSFORM except PREPEND "${PROJECT_SOURCE_DIR}/${directory}/")
+  list(REMOVE_ITEM sources ${except})
+  return(PROPAGATE target sources headers)
+endfunction()
+
 # paramgen_room(<directory> [USES <directory>...] [EXCEPT <file>...])
 # Makes the library of a room of the program from the sources of its directory, and the library
 # <room>_described of its second compilation.
 function(paramgen_room directory)
   cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})
-  string(REPLACE "/" "_" target "${directory}")
-  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.cpp")
-  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.h")
-  foreach(file IN LISTS ROOM_EXCEPT)
-    list(REMOVE_ITEM sources "${PROJECT_SOURCE_DIR}/${directory}/${file}")
-  endforeach()
-
+  paramgen_room_files("${directory}" "${ROOM_EXCEPT}")
   set_property(GLOBAL APPEND PROPERTY PARAMGEN_ROOMS "${directory}")
   add_library(${target} STATIC ${sources} ${headers})
   target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
@@ -52,13 +57,7 @@ endfunction()
 # uses are those of the second compilation.
 function(paramgen_companion_room directory)
   cmake_parse_arguments(ROOM "" "" "USES;EXCEPT;LIBRARIES" ${ARGN})
-  string(REPLACE "/" "_" target "${directory}")
-  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.cpp")
-  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.h")
-  foreach(file IN LISTS ROOM_EXCEPT)
-    list(REMOVE_ITEM sources "${PROJECT_SOURCE_DIR}/${directory}/${file}")
-  endforeach()
-
+  paramgen_room_files("${directory}" "${ROOM_EXCEPT}")
   set_property(GLOBAL APPEND PROPERTY PARAMGEN_COMPANION_ROOMS "${directory}")
   add_library(${target} STATIC ${sources} ${headers})
   target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")

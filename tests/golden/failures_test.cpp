@@ -22,17 +22,6 @@ using ::testing::StartsWith;
 constexpr char kNotInited[] =
     "PDT_INIPARAM_LoadCfg: [./config_cfgaccess_entry.ini] failed[0xFFFFFFFF]\n";
 
-/// The smallest product that loads.
-ProductTree SmallTree() {
-    ProductTree tree;
-    for (const char* module :
-         {"devmng", "filemng", "media_common", "cam0_comm", "cam0_comm_record", "cam0_comm_photo",
-          "workmode_common", "workmode_photo", "workmode_record", "valueset"}) {
-        tree.AddModule(module);
-    }
-    return tree;
-}
-
 bool Exists(const TempDir& directory, const char* file) {
     return std::filesystem::exists(directory.path() / file);
 }
@@ -97,7 +86,7 @@ TEST(Failures, EntryDirectoryInPlaceOfTheEntryFileHasNoModules) {
 
 TEST(Failures, ModuleThatCannotBeReadIsMissedWhereItIsNeeded) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     std::filesystem::remove(directory.path() / "filemng.ini");
     const ProgramRun run = RunProgram(directory.path());
     EXPECT_EQ(run.exitStatus, 0x46);
@@ -117,7 +106,7 @@ TEST(Failures, ModuleThatCannotBeReadIsMissedWhereItIsNeeded) {
 
 TEST(Failures, ImageThatMayBeWrittenButNotReadIsNotOpened) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     directory.Write("param.bin", "old");
     std::filesystem::permissions(directory.path() / "param.bin", std::filesystem::perms(0222));
     const ProgramRun run = RunProgram(directory.path(), Output::kCaptured, Rights::kNobody);
@@ -129,7 +118,7 @@ TEST(Failures, ImageThatMayBeWrittenButNotReadIsNotOpened) {
 
 TEST(Failures, DirectoryWithoutRights) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     std::filesystem::create_directory(directory.path() / "closed");
     std::filesystem::rename(directory.path() / "devmng.ini",
                             directory.path() / "closed" / "devmng.ini");
@@ -155,7 +144,7 @@ TEST(Failures, DirectoryWithoutRights) {
 
 TEST(Failures, FirstFileCannotBeOpened) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     std::filesystem::create_directory(directory.path() / "param.bin");
     const ProgramRun run = RunProgram(directory.path());
     EXPECT_EQ(run.exitStatus, 255);
@@ -166,7 +155,7 @@ TEST(Failures, FirstFileCannotBeOpened) {
 
 TEST(Failures, SecondFileCannotBeOpened) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     std::filesystem::create_directory(directory.path() / "paramdef.bin");
     const ProgramRun run = RunProgram(directory.path());
     EXPECT_EQ(run.exitStatus, 255);
@@ -176,7 +165,7 @@ TEST(Failures, SecondFileCannotBeOpened) {
 
 TEST(Failures, FullDiskIsToldAndNotFatal) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     std::filesystem::create_symlink("/dev/full", directory.path() / "param.bin");
     const ProgramRun run = RunProgram(directory.path());
     EXPECT_EQ(run.exitStatus, 0);
@@ -189,7 +178,7 @@ TEST(Failures, FullDiskIsToldAndNotFatal) {
 
 TEST(Failures, ClosedOutputDoesNotStopTheRun) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     EXPECT_EQ(RunProgram(directory.path(), Output::kClosed).exitStatus, 0);
     const std::string image = ReadFile(directory.path() / "param.bin");
     EXPECT_EQ(image.size(), 29928U);

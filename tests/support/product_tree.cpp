@@ -51,6 +51,16 @@ void ProductTree::WriteTo(const TempDir& directory) const {
     directory.Write("config_cfgaccess_entry.ini", names + files);
 }
 
+ProductTree SmallestProduct() {
+    ProductTree tree;
+    for (const char* module :
+         {"devmng", "filemng", "media_common", "cam0_comm", "cam0_comm_record", "cam0_comm_photo",
+          "workmode_common", "workmode_photo", "workmode_record", "valueset"}) {
+        tree.AddModule(module);
+    }
+    return tree;
+}
+
 RegisteredProduct::RegisteredProduct(const ProductTree& tree) {
     tree.WriteTo(directory_);
     ConsoleLogSetup(1, 0, kConsoleDebug);

@@ -36,6 +36,9 @@ private:
     std::map<std::string, std::map<std::string, std::string>> modules_;
 };
 
+/// The modules that every product needs, without keys: the smallest product that loads.
+ProductTree SmallestProduct();
+
 /// A tree registered as the configuration that the loaders read, for as long as this lives. `errno`
 /// is 0 at the beginning, and only ERROR and DEBUG records print, without time stamps.
 class RegisteredProduct {

@@ -25,16 +25,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-ProductTree SmallTree() {
-    ProductTree tree;
-    for (const char* module :
-         {"devmng", "filemng", "media_common", "cam0_comm", "cam0_comm_record", "cam0_comm_photo",
-          "workmode_common", "workmode_photo", "workmode_record", "valueset"}) {
-        tree.AddModule(module);
-    }
-    return tree;
-}
-
 /// Result of a run.
 struct Run {
     int status;
@@ -59,7 +49,7 @@ Run RunIn(const TempDir& directory, Call call, int number) {
 /// The errors of runs in which call 1, 2 ... `calls` fails. Runs without errors are left out.
 std::vector<std::vector<std::string>> ErrorsWithout(Call call, int calls) {
     const TempDir directory;
-    SmallTree().WriteTo(directory);
+    SmallestProduct().WriteTo(directory);
     const std::string image = RunIn(directory, call, 0).images[0];
     EXPECT_EQ(image.size(), 29928U);
     std::vector<std::vector<std::string>> found;

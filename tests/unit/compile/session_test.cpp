@@ -16,6 +16,7 @@ namespace paramgen::compile {
 namespace {
 
 using paramgen::testing::ProductTree;
+using paramgen::testing::SmallestProduct;
 using paramgen::testing::TempDir;
 using ::testing::Contains;
 using ::testing::ElementsAre;
@@ -26,17 +27,6 @@ const std::filesystem::path kExample = std::filesystem::path(PARAMGEN_EXAMPLES) 
 
 std::string Bytes(const Image& image) {
     return {reinterpret_cast<const char*>(image.data()), image.size()};
-}
-
-/// The modules that every product needs, without keys.
-ProductTree EmptyProduct() {
-    ProductTree tree;
-    for (const char* module :
-         {"devmng", "filemng", "media_common", "workmode_common", "workmode_photo",
-          "workmode_record", "valueset", "cam0_comm", "cam0_comm_record", "cam0_comm_photo"}) {
-        tree.AddModule(module);
-    }
-    return tree;
 }
 
 Compilation CompileTree(const ProductTree& tree, const Pretence& pretence = {}) {
@@ -88,7 +78,7 @@ TEST(Session, TellsWhatWasAskedForInTheOrderOfAsking) {
 }
 
 TEST(Session, ListsTheFilesOfModules) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     const TempDir directory;
     tree.WriteTo(directory);
     std::filesystem::remove(directory.path() / "devmng.ini");
@@ -101,7 +91,7 @@ TEST(Session, ListsTheFilesOfModules) {
 }
 
 TEST(Session, KnowsWhereLoadersStoreInTheirOwnWay) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("workmode_record", "osd:osdcnt", "2").Set("workmode_record", "normal.0:thmcnt", "6");
     tree.Set("valueset", "cam.0.enc.payloadtype:num", "11");
     tree.AddModule("cam0_mediamode1");
@@ -129,7 +119,7 @@ TEST(Session, KnowsWhereLoadersStoreInTheirOwnWay) {
 }
 
 TEST(Session, AnAbsentKeyHasNoTextAndASectionNeither) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("devmng", "gsensor:sensitivity", "7").Set("devmng", "keytone:enable", "");
     const Compilation result = CompileTree(tree);
     EXPECT_EQ(AnswersTo(result, "devmng", "gsensor:sensitivity").front().text, "7");
@@ -138,7 +128,7 @@ TEST(Session, AnAbsentKeyHasNoTextAndASectionNeither) {
 }
 
 TEST(Session, AKeyThatOnlyHasToBeThereGoesNowhere) {
-    const Compilation result = CompileTree(EmptyProduct());
+    const Compilation result = CompileTree(SmallestProduct());
     const std::vector<Answer> answers = AnswersTo(result, "cam0_comm_record", "venc.0:enable");
     ASSERT_EQ(answers.size(), 2U);
     EXPECT_EQ(answers[0].place, std::nullopt);
@@ -157,7 +147,7 @@ TEST(Session, StopsWhereTheProgramDoes) {
           Case{"workmode_record", "normal.0:thmcnt", "1106"}, Case{"valueset", "volume:num", "298"},
           Case{"filemng", "dtcf.dir.name:dir_name3", std::string(64, 'x')},
           Case{"workmode_photo", "phototype.0.burst:mediamode", "NONE"}}) {
-        ProductTree tree = EmptyProduct();
+        ProductTree tree = SmallestProduct();
         tree.Set(bad.module, bad.key, bad.value);
         const Compilation result = CompileTree(tree);
         EXPECT_EQ(result.status, kFailed) << bad.key;
@@ -169,7 +159,7 @@ TEST(Session, StopsWhereTheProgramDoes) {
 }
 
 TEST(Session, AMissingModuleIsWhereARunStops) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.RemoveModule("valueset");
     const Compilation result = CompileTree(tree);
     EXPECT_EQ(result.status, kNoModule);
@@ -190,7 +180,7 @@ TEST(Session, AnEntryFileWithoutModulesIsWhereARunStops) {
 }
 
 TEST(Session, KeysCanBePretendedToBeAbsentAndModulesToBeEmpty) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("devmng", "gsensor:sensitivity", "x").Set("devmng", "parking:sensitivity", "3");
     tree.Set("cam0_comm_record", "venc.0:enable", "1");
     tree.RemoveModule("valueset").RemoveModule("filemng");
@@ -214,7 +204,7 @@ TEST(Session, KeysCanBePretendedToBeAbsentAndModulesToBeEmpty) {
 }
 
 TEST(Session, FilesAreReadOnce) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("devmng", "gsensor:sensitivity", "7");
     const TempDir directory;
     tree.WriteTo(directory);
@@ -226,7 +216,7 @@ TEST(Session, FilesAreReadOnce) {
 }
 
 TEST(Session, SeveralTreesCanBeAtHand) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     const TempDir one;
     tree.Set("devmng", "gsensor:sensitivity", "7").WriteTo(one);
     const TempDir other;
@@ -240,7 +230,7 @@ TEST(Session, SeveralTreesCanBeAtHand) {
 }
 
 TEST(Session, AnEarlierNumberOutOfRangeIsTold) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("cam0_mediamode0", "vcap.pipe.0:isp_framerate", "1e999");
     tree.Set("cam0_mediamode0", "vcap.pipe.0:isp_width", "2147483647");
     const Compilation result = CompileTree(tree);
@@ -264,7 +254,7 @@ TEST(Session, LeavesTheWorkingDirectoryAndStandardOutputAlone) {
 
 TEST(Session, KeepsTheLogWhenAskedTo) {
     const TempDir directory;
-    EmptyProduct().RemoveModule("devmng").WriteTo(directory);
+    SmallestProduct().RemoveModule("devmng").WriteTo(directory);
     const Compilation result = Compile(directory.path(), {.answers = false, .log = true});
     EXPECT_THAT(result.answers, IsEmpty());
     EXPECT_THAT(paramgen::testing::ErrorsOf(result.log),

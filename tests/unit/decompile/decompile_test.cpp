@@ -15,22 +15,12 @@ namespace paramgen::decompile {
 namespace {
 
 using paramgen::testing::ProductTree;
+using paramgen::testing::SmallestProduct;
 using paramgen::testing::TempDir;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-
-/// The modules that every product needs, without keys.
-ProductTree EmptyProduct() {
-    ProductTree tree;
-    for (const char* module :
-         {"devmng", "filemng", "media_common", "workmode_common", "workmode_photo",
-          "workmode_record", "valueset", "cam0_comm", "cam0_comm_record", "cam0_comm_photo"}) {
-        tree.AddModule(module);
-    }
-    return tree;
-}
 
 image::Image Compiled(const ProductTree& tree) {
     const TempDir directory;
@@ -77,7 +67,7 @@ std::vector<std::uint32_t> LostOffsets(const image::Image& image) {
 }
 
 TEST(Decompile, AnEmptyProductHasNoKeys) {
-    const Decompiled result = Back(Compiled(EmptyProduct()));
+    const Decompiled result = Back(Compiled(SmallestProduct()));
     EXPECT_EQ(FileOf(result, "devmng"), "");
     EXPECT_EQ(FileOf(result, "media_common"), "");
     EXPECT_FALSE(HasModule(result, "cam0_mediamode0"));
@@ -86,20 +76,21 @@ TEST(Decompile, AnEmptyProductHasNoKeys) {
 }
 
 TEST(Decompile, AllWritesEveryKeyThatIsRead) {
-    const Decompiled result = Back(Compiled(EmptyProduct()), {.all = true, .like = std::nullopt});
+    const Decompiled result =
+        Back(Compiled(SmallestProduct()), {.all = true, .like = std::nullopt});
     EXPECT_THAT(FileOf(result, "media_common"), HasSubstr("work_mode = 6\n"));
     EXPECT_THAT(FileOf(result, "devmng"), HasSubstr("[gsensor]\nsensitivity = 0\n"));
     EXPECT_THAT(FileOf(result, "workmode_record"), Not(HasSubstr("[osd.0]")));
 }
 
 TEST(Decompile, AValueAtItsDefaultIsLeftOutAndZeroIsNot) {
-    image::Image image = Compiled(EmptyProduct());
+    image::Image image = Compiled(SmallestProduct());
     Put(&image, 8928 + 656 + 24, 0);  // the work mode of sound, 6 without its key
     EXPECT_EQ(FileOf(Back(image), "media_common"), "[ao.0]\nwork_mode = 0\n");
 }
 
 TEST(Decompile, EncodersThatAreCountedHaveTheirKey) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("cam0_comm_record", "venc.0:enable", "0");
     tree.Set("cam0_comm_record", "venc.1:enable", "0");
     tree.Set("cam0_comm_record", "venc.2:payload", "3");
@@ -108,7 +99,7 @@ TEST(Decompile, EncodersThatAreCountedHaveTheirKey) {
 }
 
 TEST(Decompile, AnEncoderThatIsNotCountedCannotHaveItsKey) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("cam0_comm_record", "venc.0:enable", "1");
     image::Image image = Compiled(tree);
     constexpr std::uint32_t kVenc = 9648 + 16 + 744;
@@ -118,7 +109,7 @@ TEST(Decompile, AnEncoderThatIsNotCountedCannotHaveItsKey) {
 }
 
 TEST(Decompile, AMediaModeThatIsThereAndOneThatIsNot) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("cam0_mediamode1", "vpss.0:max_width", "1920");
     tree.AddModule("cam0_mediamode3");
     const Decompiled result = Back(Compiled(tree));
@@ -129,7 +120,7 @@ TEST(Decompile, AMediaModeThatIsThereAndOneThatIsNot) {
 }
 
 TEST(Decompile, AModuleOfZerosWhereDefaultsAreNot) {
-    image::Image image = Compiled(EmptyProduct());
+    image::Image image = Compiled(SmallestProduct());
     Put(&image, 13160 + 1212, 1920);  // the largest width of media mode 0, and nothing else
     const Decompiled result = Back(image);
     EXPECT_THAT(FileOf(result, "cam0_mediamode0"), HasSubstr("vivpssmode = 0\n"));
@@ -137,7 +128,7 @@ TEST(Decompile, AModuleOfZerosWhereDefaultsAreNot) {
 }
 
 TEST(Decompile, LensModulesAreFoundByTheirMediaModes) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
     tree.Set("cam0_mediamode2", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
     tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
@@ -151,7 +142,7 @@ TEST(Decompile, LensModulesAreFoundByTheirMediaModes) {
 }
 
 TEST(Decompile, AThirdCalibrationCannotBe) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
     tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
     tree.Set("cam0_ldccfg_0", "LDCV1Attr:xratio", "7");
@@ -162,7 +153,7 @@ TEST(Decompile, AThirdCalibrationCannotBe) {
 }
 
 TEST(Decompile, TextsThatTheGrammarCannotCarryAreTold) {
-    image::Image image = Compiled(EmptyProduct());
+    image::Image image = Compiled(SmallestProduct());
     std::memcpy(&image[23988], "a;b", 3);
     const Decompiled result = Decompile(image, {});
     ASSERT_EQ(result.lost.size(), 1U);
@@ -172,13 +163,13 @@ TEST(Decompile, TextsThatTheGrammarCannotCarryAreTold) {
 }
 
 TEST(Decompile, TextsAreQuotedWhereTheyHaveToBe) {
-    image::Image image = Compiled(EmptyProduct());
+    image::Image image = Compiled(SmallestProduct());
     std::memcpy(&image[23988], " a #", 4);
     EXPECT_EQ(FileOf(Back(image), "devmng"), "[devinfo]\nmodel = \" a #\"\n");
 }
 
 TEST(Decompile, BytesThatNothingStoresAreTold) {
-    image::Image image = Compiled(EmptyProduct());
+    image::Image image = Compiled(SmallestProduct());
     Put(&image, 9644, 1);
     Put(&image, 4, 1);
     const Decompiled result = Decompile(image, {});
@@ -190,7 +181,7 @@ TEST(Decompile, BytesThatNothingStoresAreTold) {
 }
 
 TEST(Decompile, ChoicesBeyondASetComeBack) {
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("valueset", "photo.type:num", "12");
     for (int i = 0; i < 12; ++i) {
         tree.Set("valueset", "photo.type:description" + std::to_string(i), "d");
@@ -210,7 +201,7 @@ TEST(Decompile, HandlesBeyondTheirArrayComeBack) {
     // the photo section, where they overwrite its number of overlays.
     for (const int count : {5, 6, 7, 13, 1105}) {
         for (const char* files : {"0", "2"}) {
-            ProductTree tree = EmptyProduct();
+            ProductTree tree = SmallestProduct();
             tree.Set("workmode_record", "normal.0:thmcnt", std::to_string(count));
             tree.Set("workmode_record", "normal.0:filecnt", files);
             tree.Set("workmode_record", "normal.0:playfps", "30");
@@ -227,7 +218,7 @@ TEST(Decompile, HandlesBeyondTheirArrayComeBack) {
 
 TEST(Decompile, LikeATreeOnlyWhatDiffersChanges) {
     const TempDir directory;
-    ProductTree tree = EmptyProduct();
+    ProductTree tree = SmallestProduct();
     tree.Set("devmng", "gsensor:sensitivity", "2").Set("devmng", "keytone:enable", "0");
     tree.WriteTo(directory);
     directory.Write("devmng.ini",
@@ -241,7 +232,7 @@ TEST(Decompile, LikeATreeOnlyWhatDiffersChanges) {
 }
 
 TEST(WrittenTree, DoesNotTouchWhatIsThere) {
-    const Decompiled result = Decompile(Compiled(EmptyProduct()), {});
+    const Decompiled result = Decompile(Compiled(SmallestProduct()), {});
     const TempDir home;
     const std::string mine = home.Write("mine", "x");
     const std::string directory = home.path().string();

@@ -39,18 +39,8 @@ Loaded LoadTree(const ProductTree& tree) {
     return loaded;
 }
 
-ProductTree SmallTree() {
-    ProductTree tree;
-    for (const char* module :
-         {"devmng", "filemng", "media_common", "cam0_comm", "cam0_comm_record", "cam0_comm_photo",
-          "workmode_common", "workmode_photo", "workmode_record", "valueset"}) {
-        tree.AddModule(module);
-    }
-    return tree;
-}
-
 TEST(Load, SuccessReleasesTheConfiguration) {
-    const Loaded loaded = LoadTree(SmallTree());
+    const Loaded loaded = LoadTree(SmallestProduct());
     EXPECT_EQ(loaded.status, 0U) << loaded.output;
     EXPECT_FALSE(loaded.leftRegistered);
 }
@@ -99,7 +89,7 @@ TEST(Load, EachSectionHasItsLabel) {
         {"cam0_comm", "VideoMode Conf"},
     };
     for (const auto& section : sections) {
-        const Loaded loaded = LoadTree(SmallTree().RemoveModule(section.module));
+        const Loaded loaded = LoadTree(SmallestProduct().RemoveModule(section.module));
         EXPECT_EQ(loaded.status, 0xA1418046U) << section.module;
         ASSERT_FALSE(ErrorsOf(loaded.output).empty());
         EXPECT_EQ(
