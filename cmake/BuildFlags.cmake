@@ -34,10 +34,10 @@ if(PARAMGEN_STATIC STREQUAL "AUTO")
 endif()
 
 if(PARAMGEN_FUZZERS)
-  # What fuzzers are steered by. Comparisons are not traced: the dictionaries of the targets have
-  # what they would tell, and the tracing takes a third of the time.
-  target_compile_options(paramgen_program_flags INTERFACE
-    -fsanitize-coverage=inline-8bit-counters,pc-table)
+  # What fuzzers are steered by, in all rooms. Comparisons are not traced: the dictionaries of the
+  # targets have what they would tell, and the tracing takes a third of the time.
+  set(PARAMGEN_STEERING_OPTIONS -fsanitize-coverage=inline-8bit-counters,pc-table)
+  target_compile_options(paramgen_program_flags INTERFACE ${PARAMGEN_STEERING_OPTIONS})
 endif()
 
 set(PARAMGEN_STACK_PROTECTOR "-fstack-protector-strong" CACHE STRING
@@ -57,7 +57,7 @@ endif()
 add_library(paramgen_companion_flags INTERFACE)
 target_link_libraries(paramgen_companion_flags INTERFACE paramgen_flags)
 target_compile_options(paramgen_companion_flags INTERFACE
-  ${PARAMGEN_STACK_PROTECTOR} $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+  ${PARAMGEN_STACK_PROTECTOR} $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> ${PARAMGEN_STEERING_OPTIONS})
 target_link_options(paramgen_companion_flags INTERFACE
   -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 if(NOT PARAMGEN_SANITIZERS)

@@ -45,7 +45,8 @@ function(paramgen_room directory)
   target_include_directories(${target}_described PUBLIC "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${target}_described PRIVATE paramgen_flags)
   # Unit tests run this compilation of the loaders; a function that is the same in both counts as one.
-  target_compile_options(${target}_described PRIVATE ${PARAMGEN_COVERAGE_OPTIONS})
+  target_compile_options(${target}_described PRIVATE
+    ${PARAMGEN_COVERAGE_OPTIONS} ${PARAMGEN_STEERING_OPTIONS})
   foreach(used IN LISTS ROOM_USES)
     string(REPLACE "/" "_" used_target "${used}")
     target_link_libraries(${target}_described PUBLIC ${used_target}_described)

@@ -1,84 +1,15 @@
-// The whole generator, from INI files to the image. An input is a product: a line "@NAME" begins
-// the file of module NAME, "@entry" that of the entry file, which otherwise lists the modules there
-// are, and "@-NAME" takes a module away. A product that says nothing of a module that it needs has
-// an empty one.
-
-#include <fcntl.h>
-#include <unistd.h>
+// The whole generator, from INI files to the image.
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-#include <map>
-#include <string>
 
-#include "confaccess/confaccess.h"
-#include "confaccess/registry.h"
 #include "fuzz/fuzz.h"
+#include "fuzz/product.h"
 #include "generator/image.h"
-#include "generator/load.h"
 #include "log/console_log.h"
 
 namespace paramgen::testing {
 namespace {
-
-using Product = std::map<std::string, std::string>;  // module: text of its file
-
-constexpr char kEntry[] = "entry";
-
-Product NeededModules() {
-    Product product;
-    for (const char* module :
-         {"devmng", "filemng", "media_common", "cam0_comm", "cam0_comm_record", "cam0_comm_photo",
-          "workmode_common", "workmode_photo", "workmode_record", "valueset"}) {
-        product[module];
-    }
-    return product;
-}
-
-Product ReadProduct(Input input) {
-    Product product = NeededModules();
-    std::string* text = &product["devmng"];
-    while (!input.IsEmpty()) {
-        const std::string line = input.TextUpTo('\n');
-        if (line.starts_with("@-")) {
-            product.erase(line.substr(2));
-            text = nullptr;
-        } else if (line.starts_with("@")) {
-            text = &product[line.substr(1)];
-        } else if (text != nullptr) {
-            *text += line + "\n";
-        }
-    }
-    return product;
-}
-
-void WriteProduct(const Product& product) {
-    std::string modules;
-    std::string sections;
-    int number = 0;
-    for (const auto& [module, text] : product) {
-        if (module == kEntry) {
-            continue;
-        }
-        const std::string file = "m" + std::to_string(++number) + ".ini";
-        WriteBytes(file, text);
-        modules += "module" + std::to_string(number) + " = " + module + "\n";
-        sections += "[" + module + "]\ncfg_filename = " + file + "\n";
-    }
-    const auto entry = product.find(kEntry);
-    WriteBytes(kEntryFile, entry != product.end()
-                               ? entry->second
-                               : "[module]\nmodule_num = " + std::to_string(number) + "\n" +
-                                     modules + sections);
-}
-
-/// Whether the entry file leads to where reading never ends, or is not the input's.
-bool LeadsAstray(const Product& product) {
-    const auto entry = product.find(kEntry);
-    return entry != product.end() && (entry->second.find("/dev") != std::string::npos ||
-                                      entry->second.find("/proc") != std::string::npos);
-}
 
 /// Whether nothing but the sections was written to.
 bool IsFrameWhole() {
@@ -90,35 +21,9 @@ bool IsFrameWhole() {
            std::memcmp(&g_image.tail, "mrap\0\0\0\0", 8) == 0;
 }
 
-/// While this lives, the product's directory is the working directory.
-class InFuzzDirectory {
-public:
-    InFuzzDirectory() {
-        Require(before_ != -1 && chdir(FuzzDirectory().c_str()) == 0, "a working directory");
-    }
-    ~InFuzzDirectory() {
-        Require(fchdir(before_) == 0, "a way back");
-        close(before_);
-    }
-    InFuzzDirectory(const InFuzzDirectory&) = delete;
-    InFuzzDirectory& operator=(const InFuzzDirectory&) = delete;
-
-private:
-    int before_ = open(".", O_RDONLY | O_DIRECTORY);
-};
-
-/// One run; what it leaves registered is released.
-Status Load() {
-    errno = 0;
-    BuildFrame(&g_image);
-    const Status status = PDT_INIPARAM_LoadCfg();
+std::int32_t Load() {
+    const std::int32_t status = LoadProduct();
     Require(IsFrameWhole(), "no section writes outside");
-    Require(g_confAccessCount == 0 || (g_confAccessCount == 1 && status != kOk),
-            "a good run releases its configuration");
-    if (g_confAccessCount != 0) {
-        Require(ZV_CONFACCESS_Deinit("productini") == kOk, "a configuration can be released");
-    }
-    Require(g_configs.next == &g_configs, "nothing stays registered");
     return status;
 }
 
@@ -132,12 +37,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (testing::LeadsAstray(product)) {
         return 0;
     }
-    const testing::InFuzzDirectory working;
     testing::WriteProduct(product);
+    const testing::InFuzzDirectory working;
 
     // Records are formatted for one product in eight: that takes most of the time.
     ConsoleLogSetup(size % 8 == 0 ? 1 : 0, 0, kConsoleDebug);
-    const Status status = testing::Load();
+    const std::int32_t status = testing::Load();
     if (size % 64 == 0) {
         static ParamImage first;
         first = g_image;
