@@ -1,7 +1,7 @@
-// paramtool check beside paramgen on products made up at random: healthy, sparse, spoilt, hostile.
+// paramtool check compared with paramgen on random products: good, sparse, bad and hostile ones.
 //
-// PARAMGEN_TREES tells how many, PARAMGEN_SEED the number of the first one, PARAMGEN_PROGRAM
-// another program to run.
+// PARAMGEN_TREES is the number of products, PARAMGEN_SEED the number of the first one,
+// PARAMGEN_PROGRAM another program to run.
 
 #include <gtest/gtest.h>
 
@@ -57,7 +57,7 @@ void ExpectPlace(const diagnostics::Place& place) {
     }
 }
 
-/// Every finding has a place, and all forms can be made of them.
+/// Expects that every finding has a place, and that all output formats can show the findings.
 void ExpectForms(const std::vector<Finding>& findings) {
     for (const Finding& finding : findings) {
         ExpectPlace(finding.place);

@@ -1,5 +1,5 @@
-// One-letter typos in the keys of a healthy product: each is reported at its line, and the first
-// suggestion is the right key nearly always. PARAMGEN_TYPOS tells how many are tried.
+// One-letter typos in the keys of a good product: each is reported at its line, and the first
+// suggestion is nearly always the right key. PARAMGEN_TYPOS is the number of typos.
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ struct Place {
     std::string module;
     std::string path;
     std::uint32_t line;
-    std::uint32_t offset;  ///< of its name, in bytes
+    std::uint32_t offset;  ///< of its name, in bytes from the file's start
     std::string section;
     std::string key;
 };
@@ -77,7 +77,7 @@ bool IsKey(const std::string& module, const std::string& section, const std::str
     return layout::FindKey(module, section, key) != nullptr;
 }
 
-/// Whether the typo is reported at its line; and whether the right key is the first suggestion.
+/// Whether the typo is reported at its line, and whether the right key is the first suggestion.
 struct Outcome {
     bool isReported = false;
     bool isRight = false;

@@ -1,5 +1,5 @@
-/// What fuzz targets share. A target is a LLVMFuzzerTestOneInput of its own; a fuzzer feeds it
-/// inputs that it makes up, `replay.cpp` those of files.
+/// Common parts of the fuzz targets. Each target defines LLVMFuzzerTestOneInput. The fuzzer calls
+/// it with inputs that it generates, `replay.cpp` with the contents of files.
 #pragma once
 
 #include <cstddef>
@@ -11,22 +11,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace paramgen::testing {
 
-/// Ends the process, as a crash does, when what has to hold does not.
+/// Aborts, with `what` as the message, unless `holds`.
 void Require(bool holds, const char* what);
 
-/// Sends standard output to nowhere, once.
+/// Redirects standard output to /dev/null, once.
 void SilenceOutput();
 
-/// A directory of this process, in memory where the machine has such a place, removed at its end.
+/// A temporary directory of this process, in memory where possible, removed at its end.
 const std::string& FuzzDirectory();
 
-/// Makes a file hold just these bytes.
+/// Replaces the contents of a file.
 void WriteBytes(const std::string& path, std::string_view bytes);
 
-/// The bytes of a file; none when there is no such file.
+/// The bytes of a file; empty when there is no such file.
 std::string ReadBytes(const std::string& path);
 
-/// Takes an input apart, from its beginning. What is missing at its end is 0, or empty.
+/// Takes values from the beginning of an input. At its end they are 0, or empty.
 class Input {
 public:
     Input(const std::uint8_t* data, std::size_t size)
@@ -40,10 +40,10 @@ public:
     /// Two bytes.
     unsigned Word() { return Byte() * 256 + Byte(); }
 
-    /// Everything up to `end`, which is taken as well, or up to the input's end.
+    /// The bytes up to `end`, which is taken but not returned, or up to the input's end.
     std::string TextUpTo(char end);
 
-    /// Everything that is left.
+    /// The remaining bytes.
     std::string_view Rest() const { return rest_; }
 
 private:

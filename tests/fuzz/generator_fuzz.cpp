@@ -11,7 +11,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// Whether nothing but the sections was written to.
+/// Whether the bytes around the sections are unchanged.
 bool IsFrameWhole() {
     const auto isZero = [](std::byte byte) { return byte == std::byte{0}; };
     return g_image.header.magic == 0x70617261 && g_image.header.totalSize == 29928 &&
@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     testing::WriteProduct(product);
     const testing::InFuzzDirectory working;
 
-    // Records are formatted for one product in eight: that takes most of the time.
+    // Formatting records takes most of the time, so it is done for one product in eight.
     ConsoleLogSetup(size % 8 == 0 ? 1 : 0, 0, kConsoleDebug);
     const std::int32_t status = testing::Load();
     if (size % 64 == 0) {

@@ -1,7 +1,7 @@
-// Images with any bytes: told, compared, and decompiled.
+// Arbitrary images are dumped, compared and decompiled.
 //
-// An input is a list of patches to an image: two bytes tell where, one how many, and so many
-// follow.
+// An input is a list of patches to an image. A patch is an offset of two bytes, a size of one byte,
+// and that many bytes.
 
 #include <algorithm>
 #include <cstring>
@@ -17,7 +17,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// What patches are put on: the image of a product without keys, or zeros.
+/// The image that patches are applied to: that of a product without keys, or zeros.
 image::Image Base(bool isProduct) {
     static const image::Image product = decompile::Solve(image::Image{}, {}).image;
     return isProduct ? product : image::Image{};
@@ -35,7 +35,7 @@ image::Image Patched(Input input) {
     return image;
 }
 
-/// Every byte is shown, and what differs from the base is told.
+/// Expects that a dump shows every byte, and that differences from the base are listed.
 void CheckTold(const image::Image& image) {
     std::size_t bytes = 0;
     for (const image::Entry& entry : image::Entries(image)) {
@@ -58,7 +58,8 @@ void CheckTold(const image::Image& image) {
     static_cast<void>(image::MarkdownDiff(differences, {}));
 }
 
-/// What is decompiled makes the image but for the bytes that are told to be lost.
+/// Expects that the decompiled tree gives the image again, except for the bytes that are listed as
+/// lost.
 void CheckDecompiled(const image::Image& image, bool all) {
     const decompile::Decompiled result =
         decompile::Decompile(image, {.all = all, .like = std::nullopt});
@@ -74,7 +75,7 @@ void CheckDecompiled(const image::Image& image, bool all) {
     for (const decompile::TreeFile& file : result.files) {
         Require(tree::IniFile(file.bytes).IsAccepted(), "files are INI files");
     }
-    // What came of it comes back as it is.
+    // The tree's own image can be decompiled without loss.
     const decompile::Decompiled again =
         decompile::Decompile(result.image, {.all = !all, .like = std::nullopt});
     Require(again.lost.empty(), "what a tree makes comes back");

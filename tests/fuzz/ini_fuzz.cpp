@@ -1,4 +1,4 @@
-// The INI reader, given any bytes, beside the tests' own reader.
+// The INI reader on arbitrary bytes, compared with the tests' own reader.
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -18,7 +18,7 @@ namespace {
 
 const char kNothing[] = "nothing";
 
-/// A file in memory that can be opened by a name.
+/// A file in memory that can be opened by a path.
 class MemoryFile {
 public:
     MemoryFile() : name_("/proc/self/fd/" + std::to_string(descriptor_)) {
@@ -49,7 +49,7 @@ void CompareValue(const Dictionary& dictionary, const std::string& key,
         static_cast<void>(ParseInteger(found, 10));
         static_cast<void>(ParseDouble(found));
     }
-    // Look-ups take any case, and the first 1,024 characters.
+    // Look-ups are case-insensitive and use the first 1,024 characters.
     std::string upper = key;
     for (char& c : upper) {
         c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
@@ -58,8 +58,9 @@ void CompareValue(const Dictionary& dictionary, const std::string& key,
             "a key in capitals is the same key");
 }
 
-/// What a text says to whom a NUL is the end of a line, of which at most 1,023 bytes are taken at
-/// once: the same without NULs. Nothing when a line ends so, and the file does not.
+/// The text that has the same meaning without NULs. Lines are read in pieces of at most 1,023
+/// bytes, and a NUL hides the rest of its piece, with the line end. Nothing when the file must be
+/// refused because a line has lost its line end.
 std::optional<std::string> WithoutNuls(const std::string& text) {
     constexpr std::size_t kPieceMax = 1023;
     std::string same;
@@ -103,7 +104,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace paramgen;
     static const testing::MemoryFile file;
     const std::string text(reinterpret_cast<const char*>(data), size);
-    // What was read before is there still.
+    // Reading a second file must not change the dictionary of the first one.
     Arena arena;
     const Dictionary* dictionary = LoadIniFile(file.Fill(text), &arena);
     testing::Compare(dictionary, text);

@@ -1,5 +1,5 @@
-// The save files of the library log: an input is a sequence of steps, a byte each and what they
-// need behind it. Records are numbered, so that what the files hold shows what became of them.
+// The save files of the library log. An input is a sequence of steps: a byte each, and the
+// arguments behind it. Records are numbered, so that the files show which of them were saved.
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    /// Faults that are still to come do not.
+    /// Cancels faults that have not happened yet.
     static void ClearFaults() {
         for (int call = 0; call < static_cast<int>(Call::kCount); ++call) {
             Fail(static_cast<Call>(call), 0);
@@ -86,7 +86,7 @@ private:
         isReopened_ = true;
     }
 
-    /// Part of a file is lost, or all of it.
+    /// Cuts a file to `size` bytes.
     void Cut(const std::string& path, unsigned size) {
         struct stat status = {};
         if (stat(path.c_str(), &status) == 0 && status.st_size > size) {
@@ -98,7 +98,7 @@ private:
     void Save(unsigned length) {
         char number[kNumberSize + 2];
         std::snprintf(number, sizeof number, "%08u:", ++count_);
-        // The line end stands before it: what comes behind one that was cut is on its own line.
+        // Begins with the line end, so that a record behind one that was cut has its own line.
         const std::string record = "\n" + (number + std::string(length, 'r')) + ".";
         const bool wasOpen = ZV_LOG_IsSaveOpen();
         if (wasOpen) {
@@ -114,9 +114,9 @@ private:
         largestLimit_ = std::max<std::size_t>(largestLimit_, limit_);
     }
 
-    /// What the files hold, nothing being held back: none is larger than any limit there was, or
-    /// than a record that it was started afresh with; records stand in their order; and the last
-    /// two that were saved in one go are there: the file in use is not started afresh.
+    /// Checks the files, with nothing buffered: none is larger than the largest limit, or than a
+    /// single record that it began with; records are in order; and the last two that were saved
+    /// without reopening are there, because the file in use is never truncated.
     void Check() {
         std::set<unsigned> there = {0};
         for (const std::string& path : paths_) {
@@ -129,7 +129,7 @@ private:
         Forget();
     }
 
-    /// Adds the numbers of the whole records in a file, which rise.
+    /// Adds the numbers of the complete records in a file. They must be in ascending order.
     static void AddNumbers(const std::string& bytes, std::set<unsigned>* numbers) {
         unsigned last = 0;
         Input lines(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
@@ -138,7 +138,7 @@ private:
             if (line.size() <= kNumberSize || line[kNumberSize] != ':' ||
                 line.find_first_not_of('r', kNumberSize + 1) != line.size() - 1 ||
                 line.back() != '.') {
-                continue;  // the rest of one that was cut
+                continue;  // the rest of a record that was cut
             }
             const auto number = static_cast<unsigned>(std::strtoul(line.c_str(), nullptr, 10));
             Require(number > last, "records stand in their order");
@@ -154,10 +154,10 @@ private:
 
     const std::array<std::string, 2> paths_ = {FuzzDirectory() + "/Q2VkYXJMb2dzVoLog1",
                                                FuzzDirectory() + "/Q2VkYXJMb2dzVoLog2"};
-    unsigned count_ = 0;  ///< records made
-    unsigned last_ = 0;   ///< the last one, which must be in a file; 0: none
+    unsigned count_ = 0;  ///< number of records
+    unsigned last_ = 0;   ///< the last record, which must be in a file; 0: none
     unsigned lastButOne_ = 0;
-    bool isReopened_ = true;  ///< the first file counts as the one in use, whichever was
+    bool isReopened_ = true;  ///< no record since opening, which makes the first file current
     std::size_t limit_ = 0;
     std::size_t largestLimit_ = 0;
     std::size_t longest_ = 0;

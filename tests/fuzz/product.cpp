@@ -26,7 +26,7 @@ Product NeededModules() {
     return product;
 }
 
-/// What the fuzz directory holds. Most inputs change few files of the one before.
+/// The files in the fuzz directory. Only changed ones are written: most inputs change few of them.
 class Files {
 public:
     void Write(const std::string& name, const std::string& text) {

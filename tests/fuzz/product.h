@@ -1,6 +1,6 @@
-/// Products as fuzz targets take them from an input: a line "@NAME" begins the file of module NAME,
-/// "@entry" that of the entry file, which otherwise lists the modules there are, and "@-NAME" takes
-/// a module away. A product that says nothing of a module that it needs has an empty one.
+/// Products as inputs of fuzz targets. A line "@NAME" begins the file of module NAME, "@entry" the
+/// entry file, and "@-NAME" removes a module. Without "@entry" the entry file lists all modules.
+/// Modules that the program needs are empty unless given.
 #pragma once
 
 #include <map>
@@ -10,18 +10,18 @@
 
 namespace paramgen::testing {
 
-/// The text of each module's file, and under "entry" that of the entry file.
+/// Module names and the texts of their files; "entry" is the entry file.
 using Product = std::map<std::string, std::string>;
 
 Product ReadProduct(Input input);
 
-/// Whether the entry file leads to where reading never ends, or is not the input's.
+/// Whether the entry file names files outside of the product, whose contents may be endless.
 bool LeadsAstray(const Product& product);
 
-/// Makes the fuzz directory hold this product and no other.
+/// Writes the product to the fuzz directory, and removes the files of the one before.
 void WriteProduct(const Product& product);
 
-/// While this lives, the fuzz directory is the working directory.
+/// While this object exists, the fuzz directory is the working directory.
 class InFuzzDirectory {
 public:
     InFuzzDirectory();
@@ -33,7 +33,8 @@ private:
     int before_;
 };
 
-/// Runs the loaders there, and releases what they leave registered. Returns their status.
+/// Runs the loaders on the fuzz directory, and releases a configuration that is still registered
+/// afterwards. Returns their status.
 std::int32_t LoadProduct();
 
 }  // namespace paramgen::testing

@@ -1,5 +1,5 @@
-// Feeds the files that its arguments name, or that lie in the directories that they name, to a fuzz
-// target: what a fuzzer found once stays found.
+// Runs a fuzz target on the files, and on the files in the directories, that its arguments name, so
+// that inputs found by a fuzzer serve as tests.
 
 #include <cstdio>
 #include <filesystem>

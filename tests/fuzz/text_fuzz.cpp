@@ -1,6 +1,6 @@
-// The bounded memory and text functions, beside libc's. The first byte of an input says which
-// function, the next two its capacity and its count. Destinations are blocks of memory of just
-// their capacity, so that a byte written beyond is seen.
+// The bounded memory and text functions, compared with libc's. The first byte of an input chooses
+// the function, the next two are its capacity and its count. Destinations are allocated with
+// exactly their capacity, so that the sanitizer sees a byte written beyond.
 
 #include <algorithm>
 #include <array>
@@ -17,7 +17,7 @@
 #include "safestr/plain_format.h"
 #include "safestr/safestr.h"
 
-// The formats come from a table, or are the input: that is what is tested.
+// Formats come from a table or from the input.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
 
@@ -26,7 +26,7 @@ namespace {
 
 constexpr char kUntouched = '\x5A';
 
-/// A destination: `size` bytes and not one more.
+/// A destination of exactly `size` bytes.
 class Block {
 public:
     explicit Block(std::size_t size) : size_(size), bytes_(new char[size]) {
@@ -62,7 +62,7 @@ void CheckMemory(unsigned function, unsigned capacity, unsigned count, const std
     Require(std::memcmp(dest.get(), expected.data(), capacity) == 0, "just those bytes");
 }
 
-/// Formats by one of the templates that keys, records and paths are made of.
+/// Formats with one of the formats of keys, records and paths.
 template <typename Formatter>
 int Format(unsigned which, const char* text, unsigned number, const Formatter& formatter) {
     const int value = static_cast<int>(number) - 0x8000;
@@ -112,10 +112,10 @@ void CheckFormat(unsigned function, unsigned capacity, unsigned count, Input inp
             "a text is whole or empty");
 }
 
-/// The conversions of a format that `FormatPlain` may be given: what they take, in their order.
+/// The conversions of a format for `FormatPlain`, in order.
 struct PlainFormat {
-    bool isSound = true;  ///< for libc, too, and with the arguments that there are
-    std::size_t shortestPrecision = SIZE_MAX;  ///< of its texts
+    bool isSound = true;  ///< defined for libc, too, with at most four arguments
+    std::size_t shortestPrecision = SIZE_MAX;  ///< smallest precision of its "%s"
     std::vector<char> kinds;
 };
 
@@ -157,7 +157,7 @@ PlainFormat ReadPlainFormat(const std::string& format) {
     return length;
 }
 
-/// A format that is the input, with numbers and texts of the input.
+/// Checks a format, numbers and a text that all come from the input.
 void CheckPlainFormat(unsigned capacity, Input input) {
     const std::string format = input.TextUpTo('\0').c_str();
     const std::string text = input.TextUpTo('\0');
@@ -165,12 +165,12 @@ void CheckPlainFormat(unsigned capacity, Input input) {
     if (!plain.isSound || capacity == 0) {
         return;
     }
-    // Where every text is cut short it needs no end.
+    // A text that every precision cuts short needs no terminator.
     const bool isEndless = plain.shortestPrecision <= text.size() && !text.empty();
     const Block source(text.size() + (isEndless ? 0 : 1));
     std::memcpy(source.get(), text.c_str(), source.size());
     std::array<std::uintptr_t, 4> values = {};
-    std::array<std::uintptr_t, 4> libcValues = {};  // texts with an end: ASan wants one
+    std::array<std::uintptr_t, 4> libcValues = {};  // with a terminator, which ASan requires
     for (std::size_t i = 0; i < plain.kinds.size(); ++i) {
         const std::uintptr_t number =
             std::uintptr_t{input.Word()} << 48 | std::uintptr_t{input.Word()} << 24 | input.Word();
@@ -179,12 +179,12 @@ void CheckPlainFormat(unsigned capacity, Input input) {
         libcValues[i] = isText ? reinterpret_cast<std::uintptr_t>(text.c_str()) : number;
     }
     if (isEndless && std::count(plain.kinds.begin(), plain.kinds.end(), 's') > 1) {
-        return;  // the precision known is that of one text
+        return;  // only the smallest precision is known, not that of each text
     }
     static char whole[8192];
     const int length = std::snprintf(whole, sizeof whole, format.c_str(), libcValues[0],
                                      libcValues[1], libcValues[2], libcValues[3]);
-    const Block formatBlock(format.size() + 1);  // so that reading behind its end is seen
+    const Block formatBlock(format.size() + 1);  // so that reading beyond its end is seen
     std::memcpy(formatBlock.get(), format.c_str(), format.size() + 1);
     const Block dest(capacity);
     const int result = CallFormatPlain(dest.get(), capacity, formatBlock.get(), values[0],
@@ -199,13 +199,13 @@ void CheckPlainFormat(unsigned capacity, Input input) {
 
 constexpr std::size_t kSlots = 16;
 
-/// The arguments of a scan. A slot is an address, or a capacity.
+/// The arguments of a scan. A slot holds an address or a capacity.
 struct ScanArguments {
     std::array<std::uintptr_t, kSlots> slots = {};
     std::size_t used = 0;
     std::array<std::unique_ptr<Block>, kSlots> blocks;
-    std::vector<const Block*> texts;  ///< those of %s and %[, by field; null for other fields
-    bool isSound = true;              ///< what libc says of the format is defined
+    std::vector<const Block*> texts;  ///< blocks of %s and %[, by field; null for other fields
+    bool isSound = true;              ///< the format is defined for libc
 
     void Add(std::size_t size, char kind) {
         const bool isText = kind == 's' || kind == '[' || kind == 'c';
@@ -233,7 +233,7 @@ std::size_t IntegerSize(const std::string& length) {
     return length.empty() ? sizeof(int) : sizeof(long long);
 }
 
-/// Makes an argument for every conversion of a format, up to the first that is none.
+/// Makes an argument for every conversion of a format, up to the first invalid one.
 ScanArguments MakeArguments(const std::string& format, std::size_t capacity) {
     ScanArguments arguments;
     std::size_t at = 0;
@@ -298,8 +298,8 @@ void CheckScan(unsigned capacity, Input input) {
     }
 }
 
-/// A format of one conversion that takes text, beside libc's: it stores the same or says that it
-/// does not fit.
+/// Checks a format with one conversion of text against libc: it must store the same, or report that
+/// the text does not fit.
 void CheckTextScan(unsigned capacity, Input input) {
     static const char* const kFormats[] = {
         "%s",        "%[^]]", "[%[^]]", "%[^=] =", "%7s", " %[a-z]", "%*d %s", "%[^=] = \"%*[^\"]",

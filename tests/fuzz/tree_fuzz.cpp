@@ -1,4 +1,4 @@
-// The companion's reader of INI files, given any bytes, beside the program's dictionary.
+// The companion's reader of INI files on arbitrary bytes, compared with the program's dictionary.
 
 #include <string>
 #include <string_view>

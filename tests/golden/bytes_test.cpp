@@ -12,7 +12,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// The example product with more lines at the end of its device management.
+/// The example product with additional lines at the end of the device management module.
 class Bytes : public ::testing::Test {
 protected:
     void Run(const std::string& lines) {

@@ -12,7 +12,7 @@
 
 namespace paramgen::testing {
 
-/// The example product in a directory of its own, and what running the program there came to.
+/// A copy of the example product, and the result of running the program on it.
 class Dashcam : public ::testing::Test {
 protected:
     Dashcam() {

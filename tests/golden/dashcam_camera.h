@@ -15,7 +15,7 @@ namespace paramgen::testing {
 
 class DashcamCamera : public Dashcam {
 protected:
-    /// The image holds `words` from its byte `offset`.
+    /// Expects `words` in the image from `offset` on.
     void ExpectWords(std::size_t offset, std::span<const std::int32_t> words) const {
         ASSERT_EQ(image_.size(), 29928U);
         for (std::size_t i = 0; i < words.size(); ++i) {

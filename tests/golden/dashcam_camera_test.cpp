@@ -1,4 +1,4 @@
-// The camera of the example product but for its media modes, every word of it as its INI files say.
+// The camera of the example product without its media modes: every word, as its INI files set it.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ constexpr std::int32_t kSwitches[] = {
     1, 1, 1,  // enabled, overlays, video mode
 };
 
-// What the words of a pipeline are, line by line:
+// The words of a pipeline, line by line:
 // - capture device: enabled, handle, WDR, input and interface mode, data sequence, input data type
 // - pipe: handle, type, low delay and its line
 // - its channel: enabled, handle, pixel format, rotation, flip, mirror, brightness, saturation, low
@@ -68,7 +68,7 @@ constexpr std::int32_t kRecord[] = {
     1, 432, 360, 1,                         // display window crop
 };
 
-// Photos: three encoders, the fourth is looked at and found missing.
+// Photos: three encoders. The fourth is loaded, but not counted.
 constexpr std::int32_t kPhoto[] = {
     1, 1, 0, 2, 5, 3, 4,                                         // capture device
     0, 1, 0, 200,                                                // pipe 0
@@ -103,7 +103,7 @@ constexpr std::int32_t kPhoto[] = {
     0, 432, 432, 2,                                              // display window crop
 };
 
-// Playback: no capture, one encoder, the second is looked at and found missing.
+// Playback: no capture, one encoder. The second is loaded, but not counted.
 constexpr std::int32_t kPlayback[] = {
     0, 1, 0, 0, 0, 0, 0,                                         // capture device
     -1, 1, 0, 0,                                                 // pipe 0
@@ -156,7 +156,7 @@ TEST_F(DashcamCamera, PlaybackPipelineByHand) {
     ExpectWords(11992, kPlayback);
 }
 
-// Every word of the unit before the media modes is here.
+// The words above are all words of the camera before its media modes.
 static_assert(sizeof kSwitches + sizeof kRecord + sizeof kPhoto + sizeof kPlayback + sizeof kGap ==
               3512);
 

@@ -1,4 +1,4 @@
-// The media modes of the example product, every word of them as their INI files say.
+// The media modes of the example product: every word, as their INI files set it.
 
 #include <gtest/gtest.h>
 
@@ -12,12 +12,12 @@
 namespace paramgen::testing {
 namespace {
 
-/// The word that a rate is stored as.
+/// The bits of a float, as a word.
 constexpr std::int32_t Bits(float rate) {
     return std::bit_cast<std::int32_t>(rate);
 }
 
-// What the words of a media mode are, line by line:
+// The words of a media mode, line by line:
 // - number; handle and way to the processing of each of the four pipes; a reserved word
 // - pool: size (64 bits), count, a reserved word
 // - sensor: type, mode, WDR, width, height, reserved, data type, reserved
@@ -329,7 +329,7 @@ TEST_F(DashcamCamera, MediaMode4ByHand) {
     ExpectWords(20616, kMode4);
 }
 
-// Every word of the media modes is here.
+// The words above are all words of the media modes.
 static_assert(sizeof kMode0 + sizeof kMode1 + sizeof kMode2 + sizeof kMode3 + sizeof kMode4 ==
               5 * 1864);
 

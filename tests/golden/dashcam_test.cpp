@@ -27,8 +27,8 @@ TEST_F(Dashcam, RunsTheSameEveryTime) {
     EXPECT_EQ(ReadFile(directory_.path() / "param.bin"), image_);
 }
 
-// The whole echo, source lines masked: a text that was read through by hand. A change to it is a
-// change to what the program says, never a matter of course.
+// The whole echo, with source lines masked. The expected text was checked by hand; it must only
+// change together with what the program logs.
 TEST_F(Dashcam, SaysWhatItShould) {
     const std::string expected = ReadFile(PARAMGEN_GOLDEN "/dashcam_output.txt");
     const std::string actual = MaskVolatile(run_.output);

@@ -1,4 +1,4 @@
-// Failures of the program as a whole: exit status, records, and what happens to the files.
+// Failures of the whole program: exit status, records and output files.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

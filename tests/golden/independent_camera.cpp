@@ -104,7 +104,7 @@ void PlaceEncoderCommon(Placer& put, std::size_t at, const std::string& node) {
     put.U32(at + 76, node + ".intraRefresh:reqIQp");
 }
 
-/// The first encoder without an "enable" key is filled too, but not counted.
+/// Also fills the first encoder without an "enable" key, but does not count it.
 void PlaceEncodersCommon(Placer& put, std::size_t at) {
     for (std::size_t n = 0; n < 5; ++n) {
         PlaceEncoderCommon(put, at + 4 + 80 * n, "venc." + N(n));
@@ -179,7 +179,7 @@ void PlaceEncoderSpec(Placer& put, std::size_t at, const std::string& node) {
     put.U32(at + 32, node + ":stat_time");
 }
 
-/// Counted as the common encoders are, by another key.
+/// Counts as for the common encoders, but by another key.
 void PlaceEncodersSpec(Placer& put, std::size_t at) {
     for (std::size_t n = 0; n < 5; ++n) {
         PlaceEncoderSpec(put, at + 4 + 36 * n, "venc." + N(n));

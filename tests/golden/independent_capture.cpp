@@ -85,8 +85,8 @@ void PlaceCaptureSpec(Placer& put, std::size_t at, std::int32_t mode) {
     PlacePipeSpec(put, at + 796, "vcap.pipe.3", mode);
 }
 
-/// From the first calibration that serves the mode. A calibration that names no mode is taken to
-/// serve the one that the calibration before it named, or 54, which is none.
+/// Uses the first calibration that serves the mode. A calibration without a mode serves that of the
+/// calibration before it, or 54, which is none.
 void PlaceLensCorrection(const Placer& put, std::size_t at, std::int32_t mode) {
     std::int32_t found = 54;
     for (std::size_t k = 0; k < 2; ++k) {

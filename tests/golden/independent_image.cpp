@@ -49,7 +49,8 @@ void PlaceFrame(Building& building) {
 
 }  // namespace
 
-/// In the order in which the program loads, since a count that is too large runs into what follows.
+/// The order is that in which the program loads, because elements beyond an array overwrite what
+/// follows it.
 BuiltImage BuildImage(const Product& product) {
     Building building{.product = product, .image = "", .asked = {}};
     PlaceFrame(building);

@@ -1,6 +1,5 @@
-/// A second builder of the parameter image, for the tests alone: one plain function per record,
-/// each value put at an offset that is spelled out. It shares nothing with the program, so that the
-/// two agree only when both are right.
+/// A second implementation of the parameter image, for tests: one plain function per record, with
+/// literal offsets. It shares no code with the program, so a mistake in one of them shows.
 #pragma once
 
 #include <filesystem>
@@ -13,7 +12,7 @@
 
 namespace paramgen::testing::independent {
 
-/// An image, and the keys that were asked for to make it.
+/// An image, and the keys that were read for it.
 struct BuiltImage {
     std::string bytes;
     std::vector<AskedKey> asked;
@@ -22,7 +21,7 @@ struct BuiltImage {
 
 BuiltImage BuildImage(const Product& product);
 
-/// A stretch of the image.
+/// A part of the image.
 struct Section {
     std::string name;
     std::size_t at;
@@ -36,8 +35,8 @@ const std::vector<Section>& Sections();
 
 namespace paramgen::testing {
 
-/// The 29928 bytes of the image of the product in `directory`, where relative module paths start.
-/// Nothing when the product must be refused.
+/// The 29928 bytes of the image of the product in `directory`, to which relative module paths
+/// refer. Nothing when the product must be refused.
 std::optional<std::string> BuildIndependentImage(const std::filesystem::path& directory);
 
 }  // namespace paramgen::testing

@@ -1,5 +1,5 @@
-// The image of the program against that of the independent builder: on the example product, and on
-// products made up at random.
+// The program's image compared with that of the independent builder, for the example product and
+// for random products.
 
 #include "golden/independent_image.h"
 
@@ -31,7 +31,7 @@ std::string Hex(const std::string& bytes) {
     return text;
 }
 
-/// The keys that belong to a byte of the image.
+/// The keys whose values are stored at a byte of the image.
 std::string KeysAt(std::size_t at, const std::vector<AskedKey>& asked) {
     std::string keys;
     for (const AskedKey& key : asked) {
@@ -42,7 +42,7 @@ std::string KeysAt(std::size_t at, const std::vector<AskedKey>& asked) {
     return keys;
 }
 
-/// The first byte of a section that differs, told in one line; empty when none does.
+/// One line about the first byte of a section that differs; empty when none does.
 std::string Difference(const Section& section, const std::string& expected,
                        const std::string& actual, const std::vector<AskedKey>& asked) {
     for (std::size_t at = section.at; at < section.at + section.size; ++at) {
@@ -56,7 +56,7 @@ std::string Difference(const Section& section, const std::string& expected,
     return "";
 }
 
-/// Where the program's image in `directory` differs from the independent one.
+/// The differences between the program's image in `directory` and the independent one.
 std::string Differences(const std::filesystem::path& directory) {
     const std::string actual = ReadFile(directory / "param.bin");
     const std::optional<independent::Product> product = independent::ReadProduct(directory);
@@ -81,8 +81,8 @@ const std::vector<AskedKey>& Keys() {
     return keys;
 }
 
-/// The numbers of the random products: PARAMGEN_TREES of them, from PARAMGEN_SEED; of bad ones a
-/// third as many.
+/// The random products: PARAMGEN_TREES of them, numbered from PARAMGEN_SEED; and a third as many
+/// with a bad value.
 class RandomProducts : public ::testing::Test {
 protected:
     RandomProducts() {
@@ -107,20 +107,20 @@ TEST(IndependentImage, OfTheExampleProduct) {
     EXPECT_EQ(Differences(directory.path()), "");
 }
 
-/// What a file of the example product is given besides.
+/// Lines that are added to a file of the example product.
 struct Change {
     std::string file;
     std::string lines;
 };
 
-/// How a failing case is called.
+/// The name of a case in messages.
 void PrintTo(const Change& change, std::ostream* stream) {
     *stream << change.file << ": " << change.lines;
 }
 
 class ChangedExample : public ::testing::TestWithParam<Change> {};
 
-/// Loads to the same image, or is refused by both.
+/// Both give the same image, or both refuse the product.
 TEST_P(ChangedExample, AsIndependently) {
     const TempDir directory;
     std::filesystem::copy(PARAMGEN_EXAMPLES "/dashcam", directory.path(),
@@ -137,7 +137,7 @@ const std::string kRecord = "workmode/record.ini";
 const std::string kValueSet = "valueset.ini";
 const std::string kMode = "camera/mediamode/mode0_2160p_30.ini";
 
-// Counts without a bound of their own run into what follows, up to the end of the section.
+// Elements beyond some arrays are stored in the bytes that follow, up to the end of the section.
 INSTANTIATE_TEST_SUITE_P(
     Counts, ChangedExample,
     ::testing::Values(Change{kRecord, "[normal.0]\nthmcnt = 7\nthmhdl4 = 77\nthmhdl6 = 78\n"},
@@ -153,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Change{kMode, "[vb]\nmax_poolcnt = 9\n"},
                       Change{kMode, "[vb]\nmax_poolcnt = -1\n"}));
 
-// A number at the end of its range counts as out of it once another was out of its own.
+// A number at the end of its range is refused when an earlier number was out of range.
 INSTANTIATE_TEST_SUITE_P(
     Ranges, ChangedExample,
     ::testing::Values(

@@ -18,11 +18,11 @@ std::string Strip(const std::string& text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// The value in what stands behind the '=' of a line.
+/// The value in the text behind the '=' of a line.
 std::string ValueIn(const std::string& behind) {
     const std::string text = Strip(behind);
     if (!text.empty() && (text[0] == '\'' || text[0] == '"')) {
-        // A closing quote may be missing; what stands behind it is nobody's.
+        // A closing quote may be missing; text behind it is ignored.
         const std::string inner = text.substr(1, text.find(text[0], 1) - 1);
         if (!inner.empty()) {
             return inner;
@@ -32,7 +32,7 @@ std::string ValueIn(const std::string& behind) {
     return value == "\"\"" || value == "''" ? "" : value;
 }
 
-/// Adds what one line says; false when it says nothing that can be understood.
+/// Adds the key or section of one line. Returns false for a syntax error.
 bool AddLine(const std::string& line, std::string& section, IniKeys& keys) {
     const std::string text = Strip(line.substr(0, line.find(';')));
     if (text.empty() || text[0] == '#') {
@@ -40,7 +40,7 @@ bool AddLine(const std::string& line, std::string& section, IniKeys& keys) {
     }
     if (text.front() == '[' && text.back() == ']') {
         const std::string name = text.substr(1, text.find(']') - 1);
-        // Brackets around nothing go on with the section before.
+        // Empty brackets continue the section before.
         section = name.empty() ? section : Lower(Strip(name));
         keys[section] = std::nullopt;
         return true;
@@ -68,7 +68,7 @@ std::optional<std::string> Find(const IniKeys& keys, const std::string& key) {
     return found == keys.end() ? std::nullopt : found->second;
 }
 
-/// The file of a module. A directory counts only when there is a '/' in it.
+/// The path of a module's file. `path` is only used when it contains a '/'.
 std::string ModuleFile(const std::string& path, const std::filesystem::path& directory,
                        const std::string& file) {
     if (path.find('/') == std::string::npos) {
@@ -81,13 +81,13 @@ std::string ModuleFile(const std::string& path, const std::filesystem::path& dir
 constexpr std::size_t kLongestKey = 127;
 constexpr std::size_t kLongestPath = 255;
 
-/// Whether "MODULE:ITEM" is too long to be asked for.
+/// Whether "MODULE:ITEM" is too long for a key.
 bool IsTooLong(const std::string& module, const std::string& item) {
     return module.size() + 1 + item.size() > kLongestKey;
 }
 
-/// Adds a module of the entry file, unless something about it is too long or it cannot be read;
-/// false when the entry file must be refused for it.
+/// Adds a module of the entry file. Leaves it out when a text of it is too long or its file cannot
+/// be read. Returns false when the entry file must be refused.
 bool AddModule(const IniKeys& entry, long number, const std::filesystem::path& directory,
                Product& product) {
     const std::optional<std::string> module = Find(entry, "module:module" + std::to_string(number));
@@ -135,8 +135,8 @@ std::string Lower(std::string text) {
     return text;
 }
 
-/// Lines are taken in reads of at most 1023 bytes; what stands behind a zero byte is lost, and with
-/// it the line's end.
+/// Lines are read in pieces of at most 1023 bytes. The bytes of a piece from a NUL on are lost,
+/// with the line end.
 std::optional<IniKeys> ReadIniText(const std::string& text) {
     constexpr std::size_t kLongestRead = 1023;
     IniKeys keys;

@@ -1,4 +1,4 @@
-/// The names that stand for numbers in the image.
+/// The names of numbers in the image.
 #pragma once
 
 #include <cstdint>

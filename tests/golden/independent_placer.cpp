@@ -24,7 +24,7 @@ std::optional<std::int32_t> NumberOf(const std::string& name,
     return std::nullopt;
 }
 
-/// A decimal number at the beginning of a text, cut to 32 bits; 0 without digits.
+/// The decimal number at the beginning of a text, limited to 32 bits; 0 without digits.
 std::int32_t Decimal(const std::string& text, bool& rangeError) {
     errno = 0;
     const long long value = std::strtoll(text.c_str(), nullptr, 10);

@@ -1,4 +1,4 @@
-/// The sections of the independent image, each put at the offset that it is given.
+/// The sections of the independent image. Each function stores one at the offset that it is given.
 #pragma once
 
 #include "golden/independent_placer.h"
@@ -16,7 +16,7 @@ void PlaceValueSets(Placer put, std::size_t at);
 void PlaceCaptureSpec(Placer& put, std::size_t at, std::int32_t mode);
 void PlaceLensCorrection(const Placer& put, std::size_t at, std::int32_t mode);
 
-/// What a media mode's camera and number are, in either work mode.
+/// Stores a work mode's camera and media mode.
 void PlaceCamMediaMode(Placer& put, std::size_t at, const std::string& node);
 
 }  // namespace paramgen::testing::independent

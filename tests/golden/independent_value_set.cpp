@@ -21,7 +21,7 @@ void PlaceModes(Placer& put, std::size_t at, const std::string& item) {
     }
 }
 
-/// Seconds in the file, milliseconds in the image.
+/// Times are in seconds in the file, and in milliseconds in the image.
 void PlaceTimes(Placer& put, std::size_t at, const std::string& item) {
     PlaceNumbers(put, at, item);
     for (std::size_t k = 0; k < put.At(at + 0) && !put.Failed(); ++k) {

@@ -1,4 +1,4 @@
-// Runs of programs that cannot be started are told, and are failures.
+// Programs that cannot be started fail a test, with the reason.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest-spi.h>
@@ -16,7 +16,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-/// An environment variable that has another value while this lives.
+/// Sets an environment variable; the destructor restores it.
 class Variable {
 public:
     Variable(const char* name, const std::string& value) : name_(name) {

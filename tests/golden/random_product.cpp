@@ -15,7 +15,7 @@ using independent::AskedKey;
 using independent::Kind;
 using independent::Product;
 
-/// "section:key" and what stands behind it.
+/// "section:key" and its value.
 using Keys = std::map<std::string, std::string>;
 
 const std::vector<std::string>& NeededModules() {
@@ -35,7 +35,7 @@ const std::vector<std::string>& OptionalModules() {
     return modules;
 }
 
-/// Keys that look as if they were read.
+/// Keys that look plausible, but are never read.
 const std::vector<std::pair<std::string, std::string>>& Decoys() {
     static const std::vector<std::pair<std::string, std::string>> decoys = {
         {"devmng", "storagemng:medium_type"},
@@ -50,13 +50,13 @@ const std::vector<std::pair<std::string, std::string>>& Decoys() {
     return decoys;
 }
 
-/// A value that makes the builder ask for as much as it can.
+/// A value that makes the builder read as many other keys as possible.
 std::string GenerousValue(const AskedKey& key) {
     if (key.kind == Kind::kCount) {
         return std::to_string(key.limit);
     }
     if (key.kind == Kind::kMode) {
-        // Media modes and calibrations of the same number belong together.
+        // Media mode N and calibration N get the same name, so that the search finds the module.
         const char last = key.module.back();
         const bool numbered = last >= '0' && last <= '9';
         return independent::MediaModes()[numbered ? static_cast<std::size_t>(last - '0') : 0].name;
@@ -64,7 +64,7 @@ std::string GenerousValue(const AskedKey& key) {
     return key.kind == Kind::kMatrix ? independent::CscMatrices()[0].name : "1";
 }
 
-/// The names that a name becomes when one of its numbers is the next.
+/// The names that result when one of the numbers in a name is increased by one.
 std::vector<std::string> NextNames(const std::string& name) {
     std::vector<std::string> names;
     for (std::size_t at = 0; at < name.size();) {
@@ -81,7 +81,8 @@ std::vector<std::string> NextNames(const std::string& name) {
 
 using KeysByName = std::map<std::pair<std::string, std::string>, AskedKey>;
 
-/// Adds the neighbours of keys: one display, pipe, module… further, as a rule too far.
+/// Adds the neighbours of keys: the same keys of the next display, pipe, module and so on. Mostly
+/// there is no such thing, and they are never read.
 void AddNeighbours(KeysByName& keys) {
     const KeysByName read = keys;
     for (const auto& [name, key] : read) {
@@ -110,7 +111,7 @@ std::string AnyCase(Random& random, std::string text) {
     return text;
 }
 
-/// How one file is written.
+/// Writes one file, in a random style.
 class FileWriter {
 public:
     explicit FileWriter(Random& random)
@@ -128,8 +129,8 @@ public:
         Line(AnyCase(random_, key.substr(colon + 1)) + equals + value);
     }
 
-    /// The text of the file. Without a line end at its end, there may be a last line that is
-    /// dropped, since it is too short or asks for another line.
+    /// The text of the file. It may end in a line without a line end, even in one that is dropped
+    /// because it is too short or ends in a backslash.
     std::string Text() {
         switch (random_.Below(8)) {
             case 0:
@@ -169,7 +170,7 @@ private:
     std::string text_;
 };
 
-/// A file with the keys in any order; every key stands in its section.
+/// The text of a file with these keys, each in its section, in random order.
 std::string FileText(Random& random, const Keys& keys) {
     std::vector<std::pair<std::string, std::string>> lines(keys.begin(), keys.end());
     if (random.OneIn(3)) {
@@ -202,7 +203,7 @@ std::map<std::string, Keys> RandomModules(Random& random, const std::vector<Aske
         percent[module] = std::vector<std::size_t>{0, 40, 80, 97, 100}[random.Below(5)];
     }
     for (const AskedKey& key : keys) {
-        // Neighbours of known keys have no place of their own; some of them will do.
+        // Of the neighbours of known keys, which are never stored, some are enough.
         const bool wanted =
             key.at != AskedKey::kNowhere || key.kind == Kind::kMode || random.OneIn(4);
         if (modules.count(key.module) != 0 && wanted && random.Below(100) < percent[key.module]) {
@@ -217,7 +218,7 @@ std::map<std::string, Keys> RandomModules(Random& random, const std::vector<Aske
     return modules;
 }
 
-/// Spoils one of the values that have a place in the image.
+/// Replaces one of the values that are stored in the image by a bad one.
 void Spoil(Random& random, const std::vector<AskedKey>& keys,
            std::map<std::string, Keys>& modules) {
     for (bool spoilt = false; !spoilt;) {
@@ -241,7 +242,7 @@ std::string CountText(Random& random, std::size_t count) {
     return std::to_string(count);
 }
 
-/// Where a module's file lies, and what the entry file says to that.
+/// Adds a module to the entry file, with a random directory. Returns the path of its file.
 std::string AddToEntry(Random& random, const TempDir& directory, const std::string& module,
                        Keys& entry) {
     const std::vector<std::string> folders = {"", "./a/", "b/c", "b/c/", "nothing"};

@@ -1,5 +1,5 @@
-/// Products made up at random: which keys they have, what stands behind them, and how their files
-/// are written. A number always gives the same product.
+/// Random products: their keys, their values, and the style of their files are random. The same
+/// number always gives the same product.
 #pragma once
 
 #include <cstdint>
@@ -10,11 +10,11 @@
 
 namespace paramgen::testing {
 
-/// Every key that the independent builder asks for when all modules are there and all counts are as
-/// high as they may be, and neighbours of those keys: they have no place in the image.
+/// Every key that the independent builder reads when all modules exist and all counts have their
+/// largest value; and neighbours of these keys, which are not stored in the image.
 std::vector<independent::AskedKey> AllKeys();
 
-/// Whether one of the values is such that the program must stop if it reads it.
+/// Whether the product has a value that must stop the program when it is read.
 enum class Health { kGood, kOneBadValue };
 
 /// Writes product `number` with keys out of `keys` to `directory`.

@@ -51,7 +51,7 @@ std::string CountValue(Random& random, const AskedKey& key) {
                            : SomeNumber(random, 0, static_cast<int>(key.limit));
 }
 
-/// A text of at most `limit` bytes, now and then of exactly so many.
+/// A text of at most `limit` bytes, sometimes of exactly that many.
 std::string SomeText(Random& random, std::size_t limit) {
     const std::size_t length = random.OneIn(8) ? limit : random.Below(limit + 1);
     std::string text;
@@ -72,7 +72,7 @@ std::string TextValue(Random& random, std::size_t limit) {
     if (text.find('\'') == std::string::npos && random.OneIn(3)) {
         return "'" + text + "'";
     }
-    // What is not quoted may end early, at a '#', and loses the blanks around it.
+    // Without quotes the text ends before a '#', and loses the white space around it.
     return random.OneIn(4) ? text : "\"" + text + "\"";
 }
 

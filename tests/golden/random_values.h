@@ -1,4 +1,4 @@
-/// Values made up at random, as they stand behind the '=' of a line.
+/// Random values, as they are written behind the '=' of a line.
 #pragma once
 
 #include <cstdint>
@@ -26,11 +26,11 @@ private:
     std::mt19937_64 engine_;
 };
 
-/// A value that loads. `modes` are the media modes that the camera's modules choose from.
+/// A value that can be loaded. `modes` are the media modes that the camera's modules may name.
 std::string GoodValue(Random& random, const independent::AskedKey& key,
                       const std::vector<std::string>& modes);
 
-/// A value that must not load; empty when there is none for this kind of key.
+/// A value that must be refused; empty when there is none for this kind of key.
 std::string BadValue(const independent::AskedKey& key);
 
 }  // namespace paramgen::testing

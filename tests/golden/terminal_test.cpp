@@ -1,4 +1,4 @@
-// What is seen of a run on a terminal.
+// Output of a run whose standard output is a terminal.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ TEST(Terminal, ShowsEachRecordAsSoonAsItIsWritten) {
     const TempDir directory;
     std::filesystem::copy(PARAMGEN_EXAMPLES "/dashcam", directory.path(),
                           std::filesystem::copy_options::recursive);
-    // A pipe that takes less than an image and that nobody reads: the run stops in it for good.
+    // param.bin is a pipe that nobody reads and that is too small for an image: the run blocks.
     const std::filesystem::path pipe = directory.path() / "param.bin";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const int reader = open(pipe.c_str(), O_RDWR | O_NONBLOCK);

@@ -1,5 +1,6 @@
-// Writes the products that a changed field table is tried with: every key set, none, and each count
-// at its limit. Prints the name of the directory, the module and the key of every key of the first.
+// Writes the products that mutated field tables are tried with: "set" with every key, "none"
+// without keys, and "counts" with the keys that others depend on and every second switch. Counts
+// are those of full arrays. Prints the module, section and key of every key.
 //
 // mutation_trees DIRECTORY
 
@@ -18,7 +19,7 @@ namespace {
 using Sections = std::map<std::string, std::map<std::string, std::string>>;
 using Product = std::map<std::string, Sections>;
 
-/// The limit of every count, by its offset.
+/// The size of the array of every count, by the count's offset.
 std::map<std::uint32_t, std::uint32_t> CountLimits() {
     std::map<std::uint32_t, std::uint32_t> limits;
     for (const Value& value : Values()) {
@@ -35,7 +36,7 @@ std::string NameOf(const NameTable& names, std::size_t index) {
     return std::string(names.Prefix()) + names.Rest(index % names.Count());
 }
 
-/// A text for `value`, the `number`th, unlike its default and unlike its neighbours'.
+/// A text for `value`, the `number`th value. It differs from the default and from the neighbours'.
 std::string TextFor(const Value& value, std::uint32_t number) {
     switch (value.Kind()) {
         case FieldKind::kBool:
@@ -45,7 +46,7 @@ std::string TextFor(const Value& value, std::uint32_t number) {
         case FieldKind::kText:
             return "t" + std::to_string(number);
         case FieldKind::kName:
-            // Not the first: its number is 0, which an absent key leaves as well.
+            // Not the first name: its number is 0, as without the key.
             return NameOf(*value.field->notes.names, 1 + number % 40);
         default:
             return std::to_string(1000 + number);
@@ -56,7 +57,7 @@ bool ServesAMode(const Key& key) {
     return key.role == KeyRole::kSearch;
 }
 
-/// Whether a key decides how much else is read.
+/// Whether other keys are read only depending on this one.
 bool Decides(const Key& key, const std::map<std::uint32_t, std::uint32_t>& limits) {
     return ServesAMode(key) || limits.count(key.values.front()->offset) != 0 ||
            key.name.key == "enable" || key.name.key == "res_width";
@@ -102,7 +103,7 @@ void WriteAll(const std::filesystem::path& directory) {
         ++number;
         std::string text;
         if (ServesAMode(key)) {
-            // The calibrations of the first two media modes.
+            // The calibrations serve the first two media modes.
             const NameTable& names =
                 *Find(*KeyPattern::Parse("cam0_mediamode0/common:mediamode", &text))
                      .front()

@@ -1,6 +1,6 @@
-// What differs from one ABI or libc to the next, checked on whatever this is built for. It needs
-// nothing but libc, as the program does, so that it runs on the target, where there is no C++
-// runtime library and hence no unit test. It prints what is wrong, and exits with 1 if anything is.
+// Checks of what may differ between ABIs and libcs, for the machine that this is built for. Like
+// the program it needs nothing but libc, so that it runs on the target, where unit tests cannot:
+// there is no C++ runtime library. It prints every failed check, and exits with 1 if there is one.
 
 #include <bit>
 #include <cerrno>
@@ -26,13 +26,13 @@ using paramgen::IniLine;
 using paramgen::IniLineKind;
 using paramgen::Key;
 
-// The types that the formats of records name.
+// The types in the formats of records.
 static_assert(CHAR_BIT == 8 && sizeof(short) == 2 && sizeof(int) == 4 && sizeof(long long) == 8);
 static_assert(std::is_same_v<std::int32_t, int>, "%d prints an int32_t");
 static_assert(std::is_same_v<std::uint32_t, unsigned>, "%u and %08X print a uint32_t");
 static_assert(sizeof(long) == sizeof(void*) && sizeof(std::size_t) == sizeof(void*));
 static_assert(sizeof(std::time_t) == 8, "time goes on after 2038");
-// How members lie in the image.
+// Alignment of members in the image.
 static_assert(alignof(std::uint64_t) == 8 && alignof(std::uint32_t) == 4);
 static_assert(sizeof(float) == 4 && sizeof(double) == 8 && alignof(double) == 8);
 static_assert(alignof(paramgen::ParamImage) == 8);
@@ -153,7 +153,8 @@ void CheckDoubles() {
     Check(std::bit_cast<std::uint32_t>(stored) == 0x41EFC28FU, "float bits", "29.97");
 }
 
-// Arguments of 8 bytes after an odd number of words: they are passed in pairs of registers.
+// Arguments of 8 bytes after an odd number of words: 32-bit ARM passes them in aligned pairs of
+// registers.
 void CheckFormats() {
     Key key;
     Check(key.Format("%lu", ULONG_MAX) > 0, "length", "%lu");
@@ -197,7 +198,7 @@ void CheckByteInLine(unsigned byte) {
           subject);
 }
 
-// Bytes above 127 are plain characters: no blanks, no letters with a lower case.
+// Bytes above 127 are ordinary characters: neither white space nor letters.
 void CheckBytesInLines() {
     for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
         CheckByteInLine(byte);

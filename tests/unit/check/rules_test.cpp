@@ -62,15 +62,15 @@ Change Both(const Change& first, const Change& second) {
 constexpr char kEntry[] = "config_cfgaccess_entry.ini";
 constexpr char kMode0[] = "[common]\nmediamode = QX_PARAM_MEDIAMODE_1080P_30\n";
 
-/// A kind of finding, what brings it about, and where it is then: "file:line:column-endColumn", or
-/// "file" alone.
+/// A kind of finding: a change of the small product that causes it, and its place,
+/// "file:line:column-endColumn" or "file" alone; and a similar change that must not cause it.
 struct Case {
     const char* id;
     Change spoil;
     std::string place;
     Change fine;
     bool isError = false;
-    const char* enable = "";  ///< what is off unless asked for
+    const char* enable = "";  ///< option that turns the kind on, if it is off by default
 };
 
 void AddEntryCases(std::vector<Case>* cases) {
@@ -294,7 +294,7 @@ std::string PlaceText(const diagnostics::Place& place) {
            "-" + std::to_string(place.endColumn);
 }
 
-/// The finding in all four forms.
+/// Expects that all output formats can show the findings.
 void ExpectForms(const std::vector<Finding>& findings) {
     const Finding& finding = findings.front();
     const std::string id(RuleOf(finding.id).name);

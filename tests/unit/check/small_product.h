@@ -1,4 +1,4 @@
-/// A small, healthy product: one key in each module that the program cannot do without.
+/// A small, good product: one key in each module that the program requires.
 #pragma once
 
 #include <filesystem>

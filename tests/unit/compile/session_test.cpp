@@ -44,7 +44,7 @@ std::vector<Answer> AnswersTo(const Compilation& result, const std::string& modu
     return answers;
 }
 
-/// Where the only answer to a key goes.
+/// The place where the only answer to a key is stored.
 std::optional<Place> PlaceOf(const Compilation& result, const std::string& module,
                              const std::string& key) {
     const std::vector<Answer> answers = AnswersTo(result, module, key);
@@ -198,7 +198,7 @@ TEST(Session, KeysCanBePretendedToBeAbsentAndModulesToBeEmpty) {
     EXPECT_EQ(AnswersTo(result, "devmng", "gsensor:sensitivity").front().text, "x");
     EXPECT_EQ(Bytes(result.image).substr(23924 + 396, 4), std::string(4, '\0'));
     EXPECT_EQ(Bytes(result.image).substr(10412 - 4, 1), "\x01") << "the number of encoders";
-    // A key that counts something does not when it is pretended to be absent.
+    // An encoder whose key is pretended to be absent is not counted.
     pretence.absentKeys.insert({"cam0_comm_record", "venc.0:enable"});
     EXPECT_EQ(Bytes(session.Run(pretence).image).substr(10412 - 4, 1), std::string(1, '\0'));
 }

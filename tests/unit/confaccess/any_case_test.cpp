@@ -13,7 +13,7 @@ char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
-/// Compares copies on the heap, without terminators, so that reading too far is noticed.
+/// Compares copies on the heap without terminators, so that the sanitizer sees reading too far.
 bool Same(const std::string& a, const std::string& b) {
     const std::vector<char> one(a.begin(), a.end());
     const std::vector<char> other(b.begin(), b.end());
@@ -25,8 +25,8 @@ std::uint32_t Hash(const std::string& text) {
     return HashInAnyCase({copy.data(), copy.size()});
 }
 
-// Each pair of bytes, among others, at the first and the last place of a word and in between.
-TEST(AnyCase, BytesAreTheSameWhenTheirLowerCaseIs) {
+// Each pair of bytes is compared at the first and the last byte of a word, and in between.
+TEST(AnyCase, BytesAreEqualWhenTheirLowerCaseIs) {
     for (int byte = 0; byte < 256; ++byte) {
         for (int other = 0; other < 256; ++other) {
             const char a = static_cast<char>(byte);
@@ -59,8 +59,8 @@ TEST(AnyCase, EveryCharacterOfEveryLengthCounts) {
 }
 
 TEST(AnyCase, HashesOfNumberedKeysSpread) {
-    // Of 100,000 random numbers of 32 bits, one or two are equal to another; in the low bits that
-    // choose a slot of a table of 2^18, some 17% fall together.
+    // Expected of 100,000 random 32-bit hashes: one or two collide; in the low 18 bits, which
+    // choose a slot of a table, some 17% do.
     std::set<std::uint32_t> hashes;
     std::set<std::uint32_t> slots;
     for (int number = 0; number < 100'000; ++number) {
@@ -73,14 +73,13 @@ TEST(AnyCase, HashesOfNumberedKeysSpread) {
     EXPECT_GT(slots.size(), 80'000U);
 }
 
-TEST(AnyCase, OtherCharactersThanLettersHaveOneCase) {
+TEST(AnyCase, CharactersOtherThanLettersAreNotFolded) {
     for (const char* pair : {"@`", "[{", "\\|", "]}", "^~", "_\x7F", "\xC1\xE1", "0\x10"}) {
         EXPECT_NE(Hash({pair[0]}), Hash({pair[1]})) << pair;
     }
 }
 
-// Of a text that nobody changes the case of.
-TEST(Hash, EveryCharacterCountsInItsCase) {
+TEST(Hash, IsCaseSensitive) {
     std::set<std::uint32_t> hashes;
     for (unsigned number = 0; number < 1024; ++number) {
         std::string text = "abcdefghij";

@@ -16,7 +16,7 @@ struct Piece {
     unsigned char mark;
 };
 
-/// Takes a piece, checks that it is all zeros, and marks all of it.
+/// Allocates a piece, checks that it is aligned and zero-filled, and fills it with `mark`.
 Piece TakeMarked(Arena* arena, std::size_t size, unsigned char mark) {
     auto* bytes = static_cast<unsigned char*>(arena->Take(size));
     EXPECT_NE(bytes, nullptr);
@@ -31,10 +31,10 @@ void ExpectMarked(const Piece& piece) {
                             [&](unsigned char byte) { return byte == piece.mark; }));
 }
 
-TEST(Arena, GivesZerosThatNobodyElseHas) {
+TEST(Arena, PiecesAreZeroFilledAndDoNotOverlap) {
     Arena arena;
     std::vector<Piece> pieces;
-    // Small ones until several chunks are full, and large ones between them.
+    // Small pieces until several chunks are full, with large ones in between.
     for (std::size_t number = 0; number < 3000; ++number) {
         const std::size_t size = number % 500 == 499 ? 70'000 + number : 1 + number % 600;
         pieces.push_back(TakeMarked(&arena, size, static_cast<unsigned char>(number % 255 + 1)));
@@ -44,7 +44,7 @@ TEST(Arena, GivesZerosThatNobodyElseHas) {
     }
 }
 
-TEST(Arena, GivesPiecesOfEverySizeAroundItsChunks) {
+TEST(Arena, PiecesMayHaveEverySizeAroundThatOfAChunk) {
     for (const std::size_t size : {std::size_t{64} * 1024, std::size_t{256} * 1024}) {
         for (std::size_t around = size - 20; around < size + 20; ++around) {
             Arena arena;
@@ -58,14 +58,14 @@ TEST(Arena, GivesPiecesOfEverySizeAroundItsChunks) {
     }
 }
 
-TEST(Arena, GivesNothingBeyondAllMemory) {
+TEST(Arena, RefusesSizesBeyondAllMemory) {
     Arena arena;
     EXPECT_EQ(arena.Take(UINT64_MAX), nullptr);
     EXPECT_EQ(arena.Take(UINT64_MAX - 7), nullptr);
     ExpectMarked(TakeMarked(&arena, 100, 1));
 }
 
-TEST(Arena, CutsFromItsFirstMemoryAsLongAsThatLasts) {
+TEST(Arena, UsesTheGivenMemoryFirst) {
     alignas(8) char memory[1000] = {};
     Arena arena(memory);
     const Piece first = TakeMarked(&arena, 601, 1);
@@ -89,15 +89,15 @@ TEST(Arena, KeepsTheBeginningOfTheLastPiece) {
         const Piece next = TakeMarked(&arena, 500, 2);
         EXPECT_TRUE(size > 10'000 || next.bytes == piece + 24) << size;
         ExpectMarked({.bytes = piece, .size = 17, .mark = 1});
-        arena.KeepOfLast(piece, 1);  // not the last one any more
+        arena.KeepOfLast(piece, 1);  // no effect: it is not the last piece any more
         ExpectMarked(TakeMarked(&arena, 100, 3));
         ExpectMarked(next);
     }
 }
 
-TEST(Arena, TakesBackWhatCameAfterAMark) {
-    // Small pieces, a large one, and as many small ones as begin another chunk; from an arena that
-    // is empty, from one with a piece, and from one whose chunk is nearly full.
+TEST(Arena, ReleasesThePiecesAfterAMark) {
+    // After the mark: small pieces, enough of them to begin another chunk, and a large one. Before
+    // it: nothing, one piece, and so many that the chunk is nearly full.
     for (const int before : {0, 1, 40}) {
         for (const int after : {0, 1, 300}) {
             for (const std::size_t large : {0U, 100'000U}) {
@@ -123,7 +123,7 @@ TEST(Arena, TakesBackWhatCameAfterAMark) {
                 if (next != nullptr) {
                     EXPECT_EQ(arena.Take(1), next);
                 }
-                // Zeros again, and nobody else's.
+                // New pieces are zero-filled again and do not overlap the kept ones.
                 for (int number = 0; number < 400; ++number) {
                     kept.push_back(TakeMarked(&arena, 1000, 0x55));
                 }

@@ -14,11 +14,11 @@
 namespace paramgen::testing {
 namespace {
 
-/// A dictionary of lines.
+/// A dictionary that is built from lines.
 class DictionaryTest : public ::testing::Test {
 protected:
-    /// Adds a line, and one that begins its section where that is another. Then `Fill` makes the
-    /// dictionary of all.
+    /// `Section` and `Value` add lines; `Value` begins its section first if needed. `Fill` then
+    /// builds the dictionary.
     void Section(const std::string& section) {
         lines_.push_back({.name{section}, .value{}, .isSection = true});
         section_ = section;
@@ -52,8 +52,8 @@ protected:
 
     std::uint32_t Count() const { return dictionary_.Count(); }
 
-    /// Makes the dictionary of a section "" with these names. Returns how many slots are looked at
-    /// to find each once.
+    /// Builds a dictionary with these names in the section "". Returns how many slots are probed to
+    /// find each of them once.
     std::uint64_t ProbesForAll(const std::vector<std::string>& names) {
         for (const std::string& name : names) {
             Value("", name, "1");
@@ -143,8 +143,8 @@ TEST_F(DictionaryTest, KeysAreOneInAnyCase) {
     EXPECT_EQ(Count(), 2U);
 }
 
-// A key is its text, wherever in it a section ends.
-TEST_F(DictionaryTest, AKeyIsTheSameHoweverItIsMadeOfSectionAndName) {
+// A key is the text "section:name": it does not matter which colon separates the two.
+TEST_F(DictionaryTest, KeysAreTheSameWhereverTheirSectionEnds) {
     Value("a", "b:c", "first");
     Value("a:b", "c", "second");
     Value("x", "y", "value");
@@ -199,7 +199,7 @@ TEST_F(DictionaryTest, KeysAreFoundInWhateverOrderTheyAreAskedFor) {
     }
     Value("s2", "k2", "replaced");
     Fill();
-    // Every key right behind every other, and behind one that is absent.
+    // Every key is looked up after every other, and after an absent one.
     for (int first = 0; first < 25; ++first) {
         for (int second = 0; second < 25; ++second) {
             for (const int number : {first, second}) {
@@ -217,7 +217,7 @@ TEST_F(DictionaryTest, KeysAreFoundInWhateverOrderTheyAreAskedFor) {
     EXPECT_EQ(Count(), 30U);
 }
 
-TEST_F(DictionaryTest, TheKeyBehindTheOneThatWasFoundIsComparedWhole) {
+TEST_F(DictionaryTest, TheKeyAfterTheLastFoundOneIsComparedWhole) {
     Value("one", "a", "1");
     Value("one", "b", "2");
     Fill();
@@ -229,7 +229,7 @@ TEST_F(DictionaryTest, TheKeyBehindTheOneThatWasFoundIsComparedWhole) {
     EXPECT_STREQ(Get("one:c", "default"), "default");
 }
 
-TEST_F(DictionaryTest, AReplacedKeyIsNotFoundBehindTheOneBefore) {
+TEST_F(DictionaryTest, AReplacedKeyIsNotFoundAfterTheOneBeforeIt) {
     Value("s", "a", "1");
     Value("s", "b", "old");
     Value("s", "c", "3");
@@ -241,15 +241,15 @@ TEST_F(DictionaryTest, AReplacedKeyIsNotFoundBehindTheOneBefore) {
     EXPECT_STREQ(Get("s:b", nullptr), "new");
     EXPECT_STREQ(Get("s:a", nullptr), "1");
     EXPECT_STREQ(Get("s:c", nullptr), "3");
-    // The section that these keys stand in has begun anew, and is theirs still.
+    // The section "s" was continued after "t": its keys are found all the same.
     EXPECT_EQ(Get("s", "default"), nullptr);
     EXPECT_STREQ(Get("s:d", nullptr), "4");
     EXPECT_STREQ(Get("s:c", nullptr), "3");
     EXPECT_EQ(Count(), 6U);
 }
 
-TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
-    // Among numbered keys, some tens of thousands are enough for two of one hash.
+TEST_F(DictionaryTest, KeysWithTheSameHashAreDistinguished) {
+    // Some tens of thousands of numbered keys are enough to find two with the same hash.
     std::map<std::uint32_t, std::string> seen;
     std::string first;
     std::string second;
@@ -269,7 +269,7 @@ TEST_F(DictionaryTest, KeysOfOneHashAreToldApart) {
     EXPECT_EQ(Count(), 2U);
 }
 
-TEST_F(DictionaryTest, TheOtherOfOneHashIsAbsent) {
+TEST_F(DictionaryTest, AnAbsentKeyWithTheHashOfAPresentOneIsNotFound) {
     std::map<std::uint32_t, std::string> seen;
     std::string second;
     for (unsigned number = 0; second.empty(); ++number) {
@@ -284,10 +284,11 @@ TEST_F(DictionaryTest, TheOtherOfOneHashIsAbsent) {
     EXPECT_EQ(Get(":" + second, nullptr), nullptr);
 }
 
-/// Keys that somebody has prepared so that they come together.
+/// Keys that an attacker might craft to have colliding hashes.
 struct CraftedKeys {
     std::string what;
-    std::string zero;  ///< a key is made of one of two pieces for each bit of its number
+    std::string
+        zero;  ///< a key has this piece for each 0 of its number in binary, `one` for each 1
     std::string one;
 };
 
@@ -303,8 +304,7 @@ TEST_P(CraftedKeysTest, TakeNoMoreProbesThanOthers) {
         }
         names.push_back(name);
     }
-    // 2^16 keys and a line behind the last one: 2^17 slots, half of them taken. Found after 1.5 on
-    // average, if hashes are as random as can be.
+    // 2^16 keys in 2^17 slots: with random hashes a look-up probes 1.5 slots on average.
     EXPECT_LT(ProbesForAll(names), 1.5 * 1.05 * (1U << kBits));
 }
 
@@ -314,9 +314,9 @@ INSTANTIATE_TEST_SUITE_P(
         CraftedKeys{.what = "Numbered", .zero = "0", .one = "1"},
         CraftedKeys{.what = "BesideTheLetters", .zero = "@", .one = "`"},
         CraftedKeys{.what = "BehindTheLetters", .zero = "^", .one = "~"},
-        // In products of odd factors a difference in a word's top bit alone stays one in the top
-        // bit alone, which the next word can make up for. (A colon stands before the first piece,
-        // so that words end with the pieces' seventh and fifteenth characters.)
+        // Multiplied by an odd factor, two words that differ in the top bit alone still do, and a
+        // difference in the next word could cancel this one. A colon precedes the first piece, so
+        // words end with the seventh and the fifteenth character of a piece.
         CraftedKeys{.what = "TopBits", .zero = "sixteen.letters.", .one = "sixtee\xEE.letter\xF3."},
         CraftedKeys{.what = "TopBitsAndHalves",
                     .zero = "sixteen.letters.",
@@ -348,7 +348,7 @@ TEST_F(DictionaryTest, HoldsAHundredThousandKeysInShortTime) {
         ASSERT_STREQ(Get("section:key" + text, nullptr), text.c_str());
     }
     EXPECT_EQ(Count(), 100'001U);
-    // Scans from slot to slot would take minutes.
+    // Linear searches would take minutes.
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 

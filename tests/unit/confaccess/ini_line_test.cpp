@@ -14,7 +14,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// A line taken apart, by value.
+/// A parsed line, by value.
 struct Parsed {
     IniLineKind kind;
     bool hasName;
@@ -222,7 +222,7 @@ TEST(IniLine, ABackslashIsAnOrdinaryCharacter) {
     EXPECT_EQ(Parse("[a]\\\n"), SyntaxError());
 }
 
-// A second reading of the same grammar, by libc's patterns.
+// A second implementation of the same grammar, with libc's scan patterns.
 
 bool IsBlank(char c) {
     return std::isspace(static_cast<unsigned char>(c)) != 0;
@@ -278,7 +278,7 @@ Parsed ReferenceParse(const std::string& text) {
     return ReferenceValue(line);
 }
 
-/// Lines of letters in which the characters that mean something are frequent.
+/// Random lines in which the special characters of the grammar are frequent.
 class LineMaker {
 public:
     explicit LineMaker(unsigned start) : random_(start) {}
@@ -309,7 +309,7 @@ TEST(IniLine, AgreesWithTheScanPatternsOnGeneratedLines) {
         ++counts[static_cast<int>(expected.kind)];
     }
     for (const int count : counts) {
-        EXPECT_GT(count, 2000);  // every kind is well represented
+        EXPECT_GT(count, 2000);  // every kind of line is frequent
     }
 }
 

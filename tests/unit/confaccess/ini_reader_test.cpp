@@ -22,8 +22,8 @@ protected:
         return LoadIniFile(directory_.Write("file.ini", bytes).c_str(), &arena_);
     }
 
-    /// The value of a key in a file of those bytes; "(none)" without value, "(unread)" when the
-    /// file is not taken.
+    /// The value of a key in a file with these bytes; "(none)" without value, "(unread)" when the
+    /// file is refused.
     std::string ValueIn(const std::string& bytes, const char* key) const {
         const Dictionary* dictionary = Load(bytes);
         if (dictionary == nullptr) {
@@ -74,7 +74,7 @@ TEST_F(IniReader, EmptyFileIsAnEmptyDictionary) {
 }
 
 TEST_F(IniReader, DirectoryInMemoryIsAnEmptyDictionary) {
-    // Directories of this kind have no size that could be asked for.
+    // A directory of tmpfs, whose size says nothing about its contents.
     const Dictionary* dictionary = LoadIniFile("/dev/shm", &arena_);
     if (access("/dev/shm", R_OK) == 0) {
         ASSERT_NE(dictionary, nullptr);
@@ -105,7 +105,7 @@ TEST_F(IniReader, DirectoryIsAnEmptyDictionary) {
 }
 
 TEST_F(IniReader, FileThatCannotBeReadYieldsNothing) {
-    // The memory of a process opens as a file; nothing can be read at its address 0.
+    // The memory of a process: it can be opened, but reading at address 0 fails.
     EXPECT_EQ(LoadIniFile("/proc/self/mem", &arena_), nullptr);
 }
 

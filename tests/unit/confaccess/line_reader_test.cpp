@@ -41,7 +41,7 @@ struct Closer {
 class Lines : public ::testing::Test {
 protected:
     static std::vector<Line> Read(const std::string& bytes) {
-        // On the heap, without a terminator, so that reading too far is noticed.
+        // On the heap without a terminator, so that the sanitizer sees reading too far.
         const std::vector<char> text(bytes.begin(), bytes.end());
         LineReader reader({text.data(), text.size()});
         std::vector<Line> lines;

@@ -330,7 +330,7 @@ TEST_F(Modules, EmptyNameIsAName) {
     EXPECT_THAT(Names(), ElementsAre(""));
 }
 
-/// A path of `length` characters that leads to the test's directory.
+/// A path of `length` characters to the test's directory.
 std::string LongPathTo(const TempDir& directory, std::size_t length) {
     const std::string path = directory.path().string();
     return std::string(length - path.size(), '/') + path;
@@ -384,8 +384,8 @@ TEST_F(Modules, HundredsOfThemAreFoundByName) {
     EXPECT_EQ(Names(), std::vector<std::string>(names.rbegin(), names.rend()));
 }
 
-TEST_F(Modules, NamesOfOneHashAreToldApart) {
-    // Among numbered names, some tens of thousands are enough for two of one hash.
+TEST_F(Modules, NamesWithTheSameHashAreDistinguished) {
+    // Some tens of thousands of numbered names are enough to find two with the same hash.
     std::map<std::uint32_t, std::string> seen;
     std::string second;
     for (unsigned number = 0; second.empty(); ++number) {

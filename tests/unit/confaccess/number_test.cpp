@@ -132,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(Hexadecimal, ParseDoubleText,
 
 constexpr std::uint64_t kInfinity = 0x7FF0000000000000U;
 
-// What is too large is reported from a certain exponent on; digits behind the point do not count.
+// Numbers are too large from a certain exponent on, whatever their digits behind the point are.
 INSTANTIATE_TEST_SUITE_P(
     HexadecimalLimits, ParseDoubleText,
     ::testing::Values(

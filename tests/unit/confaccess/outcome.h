@@ -1,4 +1,4 @@
-/// What a call of configuration access returned and printed.
+/// The result of a call of configuration access: its status, and what it printed.
 #pragma once
 
 #include <cstdint>
@@ -25,19 +25,19 @@ inline void PrintTo(const Outcome& outcome, std::ostream* stream) {
             << outcome.output;
 }
 
-/// Runs `call`, and keeps what it returns and prints.
+/// Runs `call`, and returns its result.
 inline Outcome Observe(const std::function<Status()>& call) {
     Outcome outcome = {};
     outcome.output = MaskVolatile(CaptureStdout([&] { outcome.status = call(); }));
     return outcome;
 }
 
-/// A status code as it is written in hexadecimal.
+/// The status of a code in hexadecimal.
 constexpr Status Code(std::uint32_t code) {
     return static_cast<Status>(code);
 }
 
-/// Lets library records of lower levels through for as long as this lives.
+/// Lowers the threshold of the library log; the destructor restores it.
 class LibraryThreshold {
 public:
     explicit LibraryThreshold(std::int32_t threshold) { ZV_LOG_SetThreshold(threshold); }

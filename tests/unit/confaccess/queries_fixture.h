@@ -66,7 +66,7 @@ protected:
     TempDir directory_;
 };
 
-// Each call reports an out argument that is not as it was.
+// Each of these calls a query, and returns `kTouched` when the out argument has changed.
 inline constexpr Status kTouched = 77;
 
 inline Status CallGetString(const char* cfgName, const char* module, const char* confItem,
@@ -106,7 +106,7 @@ inline Status CallGetBool(const char* cfgName, const char* module, const char* c
     return value == 4711 ? status : kTouched;
 }
 
-/// What the checks of a query say.
+/// The beginning of messages of argument checks.
 inline std::string AtLine(const std::string& function, int line) {
     return "func:" + function + ",line:" + std::to_string(line) + ",";
 }

@@ -85,14 +85,14 @@ TEST_F(Queries, IntegerWithoutValueIsTheDefault) {
     EXPECT_EQ(IntegerOf("num:no", 2147483647), 2147483647);
 }
 
-/// The status of an integer query that leaves its out argument alone.
+/// The status of an integer query, which must not change its out argument.
 Status RefusedInt(const char* key) {
     return Observe([&] { return CallGetInt("cfg", "mod", key, true); }).status;
 }
 
 TEST_F(Queries, IntegersBeyondTheLimitsAreRefused) {
     for (const char* key : {"num:above", "num:below", "num:huge", "num:max"}) {
-        // The last one is refused because of what the ones before left in errno.
+        // The last one is refused because the others have left ERANGE in errno.
         EXPECT_EQ(Observe([&] { return CallGetInt("cfg", "mod", key, true); }),
                   (Outcome{-1,
                            "[time][ERR][QXCONFACCE] ZV_CONFACCESS_GetInt:444 config value is out "
@@ -296,7 +296,7 @@ TEST_F(Queries, OneModuleGivesSeveralValues) {
     EXPECT_EQ(truth, 1);
     EXPECT_EQ(real, 0.5);
     EXPECT_STREQ(text, "  two words ");
-    // The lock has been given back.
+    // The lock was released.
     EXPECT_EQ(ZV_CONFACCESS_GetInt("cfg", "mod", "num:negative", 0, &number), kOk);
     EXPECT_EQ(number, -7);
 }

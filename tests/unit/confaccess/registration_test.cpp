@@ -204,13 +204,14 @@ TEST_F(Registration, SecondRegistrationOfANameIsRefused) {
 TEST_F(Registration, ArgumentsAreCheckedInTheirOrder) {
     const std::string entry = WriteEntry();
     ASSERT_EQ(Init("name", entry), (Outcome{0, ""}));
-    // A missing file is found out before its name; the name of the file before a registered one.
+    // Whether the file exists is checked before its name, and its name before that of the
+    // configuration.
     EXPECT_EQ(Init("name", "/missing/file"), (Outcome{-1, kRealPathFailed}));
     EXPECT_EQ(Init("name", WriteEntry("text")).status, Code(0xA1418045U));
     EXPECT_EQ(Deinit("name"), (Outcome{0, ""}));
 }
 
-TEST_F(Registration, NamesAreToldApartByCase) {
+TEST_F(Registration, NamesAreCaseSensitive) {
     const std::string entry = WriteEntry();
     EXPECT_EQ(Init("name", entry), (Outcome{0, ""}));
     EXPECT_EQ(Init("Name", entry), (Outcome{0, ""}));

@@ -64,7 +64,7 @@ TEST_F(TextFile, WithoutASizeIsReadToItsEnd) {
     ExpectText("/proc/self/cmdline", expected);
 }
 
-/// Writes `bytes` to a named pipe in a thread of its own, once somebody reads it.
+/// Writes `bytes` to a named pipe from another thread, when a reader opens it.
 class Writer {
 public:
     Writer(const std::string& pipe, const std::string& bytes)
@@ -80,7 +80,7 @@ private:
 TEST_F(TextFile, PipeIsReadToItsEnd) {
     const std::string pipe = (directory_.path() / "pipe").string();
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    // Around the sizes of the pieces in which it is read.
+    // Sizes around those of the pieces in which the pipe is read.
     for (const std::size_t size : {0U, 1U, 4095U, 4096U, 4097U, 8192U, 8193U, 300'000U}) {
         std::string bytes;
         while (bytes.size() < size) {
@@ -114,7 +114,7 @@ TEST_F(TextFile, DeviceWithoutAnEndIsUnreadable) {
 TEST_F(TextFile, IsEmptyWhereThereIsADirectory) {
     ExpectText(directory_.path().string(), "");
     ExpectText("/", "");
-    // Directories of this kind have no size that could be asked for.
+    // A directory of tmpfs, whose size says nothing about its contents.
     if (access("/dev/shm", R_OK) == 0) {
         ExpectText("/dev/shm", "");
     }
@@ -146,13 +146,13 @@ TEST_F(TextFile, MissingIsUnreadable) {
 }
 
 TEST_F(TextFile, ThatHasNothingToReadIsUnreadable) {
-    // The memory of a process opens as a file; nothing can be read at its address 0.
+    // The memory of a process: it can be opened, but reading at address 0 fails.
     ExpectUnreadable("/proc/self/mem");
 }
 
 TEST_F(TextFile, TooLongIsUnreadable) {
     const std::string path = directory_.Write("file", "beginning");
-    std::filesystem::resize_file(path, kTextMax + 1);  // takes no room: the rest is a hole
+    std::filesystem::resize_file(path, kTextMax + 1);  // a sparse file: it takes no space on disk
     ExpectUnreadable(path);
 }
 

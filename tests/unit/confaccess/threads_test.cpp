@@ -20,7 +20,7 @@ constexpr char kRecord[] =
     "[time][ERR][QXCONFACCE] ZV_CONFACCESS_GetInt:444 config value is out of range\n";
 constexpr char kErrorCode[] = "func:ZV_CONFACCESS_GetBool,line:497,Error Code: [0xA1418046]\n\n";
 
-/// Asks every kind of question once. Returns the number of wrong answers.
+/// Makes every kind of query once. Returns the number of wrong results.
 int AskRound(const std::string& own) {
     char* text = nullptr;
     std::int32_t number = 0;
@@ -37,7 +37,7 @@ int AskRound(const std::string& own) {
     wrong += ZV_CONFACCESS_GetBool("cfg", "mod", "s:flag", 0, &flag) != 0 || flag != 1;
     wrong += ZV_CONFACCESS_IsConfItemExist("cfg", "mod", "s:no", &exists) != 0 || exists != 0;
     wrong += ZV_CONFACCESS_IsMoudleExist("cfg", "mod", &hasModule) != 0 || hasModule != 1;
-    // These two tell of a failure.
+    // These two fail, and print so.
     wrong += ZV_CONFACCESS_GetInt("cfg", "mod", "s:huge", 0, &number) != -1 || number != 42;
     wrong += ZV_CONFACCESS_GetBool("cfg", "none", "s:flag", 0, &flag) != Code(0xA1418046U);
     return wrong;
@@ -52,7 +52,7 @@ std::string ModuleText() {
     return text;
 }
 
-/// Runs `kThreads` threads that all ask `kRounds` rounds. Returns the number of wrong answers.
+/// Runs `kThreads` threads of `kRounds` rounds each. Returns the number of wrong results.
 int AskFromAllThreads() {
     std::vector<std::thread> threads;
     std::vector<int> wrong(kThreads, 0);
@@ -72,7 +72,7 @@ int AskFromAllThreads() {
     return sum;
 }
 
-/// Takes every `part` out of `text`, and counts them.
+/// Removes every `part` from `text`. Returns how many there were.
 int TakeAll(std::string* text, const std::string& part) {
     std::string rest;
     int count = 0;

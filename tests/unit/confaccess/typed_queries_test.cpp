@@ -1,4 +1,4 @@
-// What all typed queries check, and in which order.
+// The argument checks of all typed queries, and their order.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// Where the messages of a query's checks stand.
+/// A query, and the source lines in the messages of its argument checks.
 struct CheckedQuery {
     const char* function;
     int lines[7];  ///< null cfgName, module, confItem, value; long cfgName, module, confItem
@@ -44,7 +44,7 @@ protected:
         return Observe([&] { return GetParam().call(cfgName, module, confItem, hasValue); });
     }
 
-    /// What a failure with `code` prints: the code's line, save for texts.
+    /// The outcome of a failure with `code`. All queries but that of texts print the code.
     static Outcome Failure(std::uint32_t code) {
         if (GetParam().errorCodeLine == 0) {
             return {Code(code), ""};

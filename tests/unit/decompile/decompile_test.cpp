@@ -48,7 +48,7 @@ bool HasModule(const Decompiled& result, const std::string& module) {
     return result.files.front().bytes.find("\n[" + module + "]\n") != std::string::npos;
 }
 
-/// Decompiles, and expects that what is written makes the same image.
+/// Decompiles `image`, and expects that the resulting tree gives the same image.
 Decompiled Back(const image::Image& image, const Options& options = {}) {
     Decompiled result = Decompile(image, options);
     EXPECT_THAT(result.lost, IsEmpty());

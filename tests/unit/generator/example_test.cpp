@@ -1,4 +1,4 @@
-// The example product, loaded whole: what a product's own files look like.
+// The example product, loaded as a whole.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ using ::testing::ElementsAre;
 
 const std::filesystem::path kExample = PARAMGEN_EXAMPLES "/dashcam";
 
-/// A copy of the example, which a test may change.
+/// A copy of the example that a test may change.
 class ExampleCopy {
 public:
     ExampleCopy() {
@@ -44,7 +44,7 @@ public:
         directory_.Write(file, text.replace(at, from.size(), to));
     }
 
-    /// Loads it into the image of this run.
+    /// Loads it into `g_image`.
     Status Load(std::string* output) const {
         const WorkingDirectory here(directory_.path());
         ConsoleLogSetup(1, 0, kConsoleDebug);
@@ -92,7 +92,7 @@ TEST(Example, BadCameraValueGoesUpToTheTop) {
                     "PDT_INIPARAM_LoadCfg: [VideoMode Conf] failed[0xFFFFFFFF]\n"));
 }
 
-/// The keys ("section:key", in lower case) of a file without quoted values that hold a '#'.
+/// The keys ("section:key", in lower case) of a file.
 std::vector<std::string> KeysOf(const std::string& text) {
     std::vector<std::string> keys;
     std::string section;
@@ -135,7 +135,7 @@ std::map<std::string, std::filesystem::path> ModuleFiles() {
     return files;
 }
 
-/// The keys, in lower case, that some row of the image is read from, by module.
+/// The keys, in lower case, that the rows of the image are read from, by module.
 std::map<std::string, std::set<std::string>> KeysThatAreRead() {
     std::map<std::string, std::set<std::string>> keys;
     for (const WalkedField& walked : WalkTable(kImageTable, "")) {
@@ -146,8 +146,7 @@ std::map<std::string, std::set<std::string>> KeysThatAreRead() {
             keys[walked.module].insert(key);
         }
     }
-    // A calibration serves a media mode: the walk shows the first module, and the search that finds
-    // one reads the media mode that it names.
+    // The walk shows the first module of a search only, and not the key that the search reads.
     keys["cam0_ldccfg_0"].insert("common:mediamode");
     keys["cam0_ldccfg_1"] = keys["cam0_ldccfg_0"];
     return keys;

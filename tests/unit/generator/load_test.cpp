@@ -19,7 +19,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 
-/// What loading a product came to; the configuration is released again if it was left registered.
+/// Result of loading a product. The configuration is released afterwards if it is still registered.
 struct Loaded {
     std::uint32_t status;
     std::string output;
@@ -55,7 +55,7 @@ TEST(Load, RegistrationFailsUnderTheEntryPath) {
 }
 
 TEST(Load, SectionsAreLoadedInOrder) {
-    // Of several sections that must fail, the one whose turn comes first does.
+    // Several sections must fail; the first one in the load order does.
     ProductTree tree;
     tree.AddModule("none");
     for (const char* module :

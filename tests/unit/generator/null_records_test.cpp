@@ -1,4 +1,4 @@
-/// Every loader refuses a null record, in one record of the log under its own name.
+/// Every loader refuses a null record, and logs this once under its own name.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -47,7 +47,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// An argument that is good enough to get to the record: a null pointer for the record itself.
+/// A valid argument for a loader, except for the record: that is a null pointer.
 template <typename Argument>
 Argument Good() {
     if constexpr (std::is_same_v<Argument, const char*>) {

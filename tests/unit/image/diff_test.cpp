@@ -56,7 +56,7 @@ TEST(Differences, EachByteHasAnOwner) {
 TEST(Differences, OneKeyInSeveralPlacesIsOne) {
     const Input before = Example();
     Input after = before;
-    // The number of pre-allocated files stands twice.
+    // The number of pre-allocated files is stored twice.
     after.image[22480 + 392] ^= std::byte{1};
     after.image[22480 + 396] ^= std::byte{1};
     const std::vector<Difference> found = Differences(before, after);
@@ -76,7 +76,8 @@ TEST(Differences, BytesWithoutAKeyGoByTheirMember) {
     EXPECT_EQ(TextDiff(Differences(before, after), {}), "gap: 00000000 -> 01000000\n");
 }
 
-/// Whether the key of an answer only gives its own value: it neither counts nor names a media mode.
+/// Whether the key of an answer only has a value of its own: it neither counts elements nor selects
+/// a media mode.
 bool StandsForItself(const compile::Answer& answer) {
     const std::string key = answer.key.substr(answer.key.rfind(':') + 1);
     for (const char* count : {"num", "osdcnt", "dispnum", "thmcnt", "filecnt", "venccnt", "aenccnt",

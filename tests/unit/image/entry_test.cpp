@@ -96,7 +96,7 @@ TEST(Dump, JsonReadsBackToTheImage) {
     EXPECT_TRUE(bytes == Bytes(Example()));
 }
 
-/// The fields of the first line of `text`, which goes on behind it then.
+/// Removes the first line from `text` and returns its fields.
 std::vector<std::string> TakeCsvLine(std::string* text) {
     std::vector<std::string> fields(1);
     bool isQuoted = false;

@@ -36,7 +36,7 @@ TEST(KeyText, NumbersAreWrittenAsTheyAreRead) {
     const layout::Value& number = ValueOf("devmng", "gsensor", "sensitivity");
     EXPECT_EQ(TextOf(number, std::int32_t{-2147483647 - 1}), "-2147483648");
     EXPECT_EQ(TextOf(number, std::int32_t{7}), "7");
-    // What is stored without a sign is read with one.
+    // Unsigned members are read as signed numbers.
     const layout::Value& word = ValueOf("workmode_record", "osd", "osdcnt");
     EXPECT_EQ(TextOf(word, std::uint32_t{4294967295}), "-1");
     const layout::Value& byte = ValueOf("media_common", "venc.snap.single", "largethumbnail_num");

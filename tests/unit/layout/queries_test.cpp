@@ -1,5 +1,4 @@
-// The keys that loaders ask for in real runs are those that the layout says are read, no less and
-// no more.
+// The keys that loaders query in real runs are exactly those that the layout says are read.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -31,7 +30,7 @@ namespace {
 using testing::Health;
 using testing::TempDir;
 
-/// Notes which keys a run asks for, what they are, and which modules there are.
+/// Records which keys a run queries, their values, and which modules exist.
 class Notes : public Watcher {
 public:
     Notes() { g_watcher = this; }
@@ -59,7 +58,7 @@ public:
     bool HasModule(const std::string& module) const { return modules_.count(module) != 0; }
     const std::set<std::string>& Asked() const { return asked_; }
 
-    /// The text of a key that was asked for; null when it is absent.
+    /// The text of a key that was queried; null when it is absent.
     const std::string* TextOf(const std::string& name) const {
         const auto text = texts_.find(name);
         return text == texts_.end() ? nullptr : &text->second;
@@ -71,7 +70,7 @@ private:
     std::map<std::string, std::string> texts_;
 };
 
-/// What the layout says about one run.
+/// The keys that the layout expects a run to query.
 class Expected {
 public:
     explicit Expected(const Notes& notes) : notes_(notes) {
@@ -116,7 +115,7 @@ private:
         return false;
     }
 
-    /// The count as its key gives it: other values may have been stored across it.
+    /// The count as its key gives it: in the image, other values may have overwritten it.
     std::uint32_t CountAt(std::uint32_t offset) {
         const auto [count, isNew] = counts_.try_emplace(offset, 0);
         if (isNew) {
@@ -128,8 +127,8 @@ private:
         return count->second;
     }
 
-    /// The module that a search finds; empty when it finds none. What it asks for on the way is
-    /// expected, too.
+    /// The module that a search finds; empty when it finds none. The keys that the search queries
+    /// are expected, too.
     const std::string& Found(const Condition& condition, const Value& value) {
         const auto [found, isNew] = found_.try_emplace(condition.wanted);
         if (!isNew) {
@@ -174,7 +173,7 @@ std::vector<std::string> Without(const std::set<std::string>& all,
     return rest;
 }
 
-/// Loads the product in `directory` and compares. Returns how many keys were asked for.
+/// Loads the product in `directory` and compares. Returns how many keys were queried.
 std::size_t Compare(const std::filesystem::path& directory, Status status = kOk) {
     const testing::WorkingDirectory here(directory);
     ConsoleLogSetup(0, 0, kConsoleDebug);
@@ -215,7 +214,7 @@ TEST(Queries, OfRandomProductsAreThoseOfTheLayout) {
     }
 }
 
-/// Sets `count` to `number`, and the counts of the elements that it is in high enough.
+/// Sets `count` to `number`, and makes the counts of the arrays around it large enough.
 void SetCount(const Value& count, std::uint32_t number, testing::ProductTree* tree) {
     tree->Set(count.module, count.section + ":" + count.key,
               std::to_string(static_cast<std::int32_t>(number)));
@@ -228,7 +227,7 @@ void SetCount(const Value& count, std::uint32_t number, testing::ProductTree* tr
     }
 }
 
-/// A statement on counted elements, made once for all that are counted by the same row.
+/// The condition of the elements of an array, one for each row that is a count.
 struct Counted {
     const Value* count;
     Condition condition;

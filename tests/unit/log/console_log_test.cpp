@@ -11,15 +11,16 @@
 namespace paramgen::testing {
 namespace {
 
-// Without the format's check at compile time: for formats that are null or empty on purpose.
+// Called through a pointer, so that the compiler does not check formats that are null or empty on
+// purpose.
 void (*volatile g_print)(std::uint32_t, const char*, const char*, std::uint32_t, const char*,
                          ...) = ConsoleLogPrint;
 
-/// What a record of each level prints, in order, as one digit for each that does.
+/// Prints a record of each level. Returns the levels that were printed, as digits.
 std::string LevelsPrinted() {
     return CaptureStdout([] {
         for (std::uint32_t level = 0; level <= 7; ++level) {
-            // The prefix is the same but for the level: keep the message's digit and a line end.
+            // The message is the level's digit.
             ConsoleLogPrint(level, "M", "F", 1, "%u\n", level);
         }
     });
@@ -33,7 +34,7 @@ std::string PrintAt(std::uint32_t level) {
     return CaptureStdout([&] { ConsoleLogPrint(level, "PARAM", "Func", 42, "text\n"); });
 }
 
-/// The settings that the program starts with, whatever the test did to them.
+/// Restores the initial settings of the log after each test.
 class ConsoleLog : public ::testing::Test {
 protected:
     void TearDown() override { ConsoleLogSetup(1, 1, kConsoleInfo); }

@@ -13,7 +13,8 @@
 namespace paramgen::testing {
 namespace {
 
-// Without the formats' checks at compile time: for formats that are null or empty on purpose.
+// Called through a pointer, so that the compiler does not check formats that are null or empty on
+// purpose.
 std::int32_t (*volatile g_print)(const char*, std::int32_t, const char*, std::int32_t, const char*,
                                  ...) = ZV_LOG_PrintfInfo;
 std::int32_t (*volatile g_printShort)(const char*, std::int32_t, const char*, ...) = ZV_LOG_Printf;
@@ -42,11 +43,11 @@ Printed PrintShort(std::int32_t level) {
 
 using LibraryLog = SavePathTest;
 
-// A prefix of this form: "[hh:mm:ss:mmmm][ERR][MODULE] Func:7 ".
+// Length of the prefix "[hh:mm:ss:mmmm][ERR][MODULE] Func:7 " without the module.
 constexpr std::size_t kPrefixWithoutModule = 15 + 5 + 2 + 8;
 constexpr std::size_t kRecordMax = 510;  // of prefix and message together
 
-// First of all, before a test has set the threshold.
+// Must run first, before another test sets the threshold.
 TEST_F(LibraryLog, InitiallyErrAndFatalPass) {
     for (const std::int32_t level : {-2147483647 - 1, -1, 0, 1, 2}) {
         const Printed printed = Print(level, "m");

@@ -36,7 +36,7 @@ void LogFromThreads() {
     }
 }
 
-/// The lines of a text that are records; every other line is a failure.
+/// The lines of a text, each of which must be a record.
 std::vector<std::string> RecordsOf(const std::string& text) {
     static const std::regex record(
         "\\[[0-9:]{13}\\]\\[ERR\\]\\[TAG\\] Func:7 record [0-7]\\.[0-9]{3}");

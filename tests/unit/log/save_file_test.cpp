@@ -158,14 +158,14 @@ TEST_F(SaveFile, FirstRecordOfAnEmptyFileMayPassTheLimit) {
     EXPECT_EQ(Text2(), "67890");
 }
 
-// Only the record that starts a file is flushed; what follows it is on disk when the file is
+// Only the record that starts a file is flushed at once. Later records are on disk when the file is
 // closed.
 
 TEST_F(SaveFile, FilesTakeTurns) {
     ASSERT_EQ(Open(10), 0);
     Save("AAAAAA");
     Save("aaaa");
-    Save("BBBBBB");  // into the second file, new
+    Save("BBBBBB");  // starts the second file
     EXPECT_EQ(Text2(), "BBBBBB");
     Save("bbbb");
     ZV_LOG_CloseSave();
@@ -177,11 +177,11 @@ TEST_F(SaveFile, FilesStartAfreshEachTurn) {
     ASSERT_EQ(Open(10), 0);
     Save("AAAAAA");
     Save("BBBBBB");
-    Save("CCCCCC");  // into the first file again, alone
+    Save("CCCCCC");  // truncates and starts the first file
     EXPECT_EQ(Text1(), "CCCCCC");
     EXPECT_EQ(Text2(), "BBBBBB");
     Save("cccc");
-    Save("DDDDDD");  // into the second file again, alone
+    Save("DDDDDD");  // truncates and starts the second file
     EXPECT_EQ(Text2(), "DDDDDD");
     Save("d");
     ZV_LOG_CloseSave();
@@ -309,7 +309,7 @@ TEST_F(SaveFile, FullDiskUnderTheSecondFileClosesTheSavePath) {
     EXPECT_FALSE(ZV_LOG_IsSaveOpen());
 }
 
-// A record that comes when nothing is open, as it may when another thread has just closed.
+// A record when no file is open, as may happen when another thread has just closed the save path.
 
 TEST_F(SaveFile, EmptyRecordClosesTheSavePath) {
     Write1("old");

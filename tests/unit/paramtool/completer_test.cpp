@@ -17,7 +17,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::IsSupersetOf;
 
-/// A command line with two commands, and what its words could become.
+/// A command line with two commands, and its completions.
 class CompleterTest : public ::testing::Test {
 protected:
     CompleterTest() {

@@ -45,13 +45,13 @@ Page PageOf(Value value) {
     return page;
 }
 
-/// What stands between two texts.
+/// The text between two others.
 std::string Between(const std::string& text, const std::string& before, const std::string& after) {
     const std::size_t begin = text.find(before) + before.size();
     return text.substr(begin, text.find(after, begin) - begin);
 }
 
-/// What of a page is neither head, data nor script.
+/// A page without its head, its data and its scripts.
 std::string Body(const Page& page) {
     return Between(Render(page), "<body>", "<script");
 }

@@ -8,7 +8,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// Eight characters behind which nothing may be written.
+/// A buffer of eight characters; the scan is told a smaller capacity.
 struct Text {
     char bytes[8] = {'#', '#', '#', '#', '#', '#', '#', '#'};
     std::size_t size = 4;  ///< the capacity that the scan is told
@@ -244,7 +244,7 @@ TEST(SscanfS, FieldsBeforeABadConversionAreStored) {
     EXPECT_EQ(number, 4);
 }
 
-// What is stored and counted where nothing is too long is what libc stores and counts.
+// When nothing is too long, the results are the same as libc's.
 
 class LikeLibc : public ::testing::TestWithParam<const char*> {};
 

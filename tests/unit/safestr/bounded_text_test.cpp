@@ -9,7 +9,7 @@
 namespace paramgen::testing {
 namespace {
 
-// Without the formats' checks at compile time: for formats that are bad on purpose.
+// Called through a pointer, so that the compiler does not check formats that are bad on purpose.
 int (*volatile g_sprintf)(char*, std::size_t, const char*, ...) = sprintf_s;
 int (*volatile g_snprintf)(char*, std::size_t, std::size_t, const char*, ...) = snprintf_s;
 
@@ -24,7 +24,7 @@ int CallVsnprintf(char* dest, std::size_t destMax, std::size_t count, const char
     return length;
 }
 
-/// Eight characters that are never the empty string by chance.
+/// A buffer of eight characters, none of which is a NUL at first.
 struct Text {
     char bytes[8] = {'#', '#', '#', '#', '#', '#', '#', '#'};
     std::string All() const { return {bytes, sizeof bytes}; }

@@ -14,7 +14,7 @@
 namespace paramgen::testing {
 namespace {
 
-// The formats' checks at compile time would refuse those that are for libc.
+// Some formats are left to libc on purpose; the compiler's checks would refuse them.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
 int Format(char* dest, std::size_t size, const char* format, ...) {
@@ -25,8 +25,8 @@ int Format(char* dest, std::size_t size, const char* format, ...) {
     return length;
 }
 
-/// Has libc format the same, and compares: with every capacity from one byte to some to spare.
-/// Nothing beyond the capacity may be touched.
+/// Compares with libc's result, for every capacity from one byte to more than enough. Bytes beyond
+/// the capacity must not change.
 template <typename... Args>
 void ExpectAsLibc(const char* format, Args... args) {
 #pragma GCC diagnostic push
@@ -48,8 +48,8 @@ void ExpectAsLibc(const char* format, Args... args) {
     }
 }
 
-/// A text at the end of a block of memory, so that reading behind it is noticed, and `offset` bytes
-/// behind the block's beginning.
+/// A text at the end of an allocation, so that the sanitizer sees reading beyond it. It begins
+/// `offset` bytes behind the start of the allocation.
 class TextInBlock {
 public:
     TextInBlock(const std::string& text, std::size_t offset)

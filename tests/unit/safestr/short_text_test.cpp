@@ -30,7 +30,7 @@ TEST(ShortText, LengthUpToStopsAtTheEndOrTheLimit) {
 
 TEST(ShortText, LoadPartTakesThatManyAndNoMore) {
     for (std::size_t count = 0; count < 8; ++count) {
-        // On the heap, without a terminator, so that reading too far is noticed.
+        // On the heap without a terminator, so that the sanitizer sees reading too far.
         std::vector<char> text(count);
         Word expected = 0;
         for (std::size_t at = 0; at < count; ++at) {
@@ -73,7 +73,7 @@ TEST(ShortText, FindCharacterFindsTheFirstAtEveryPlace) {
     for (std::size_t length = 0; length < 40; ++length) {
         EXPECT_EQ(FindCharacter(std::string(length, 'x'), ';'), length);
         for (std::size_t at = 0; at < length; ++at) {
-            // On the heap, without a terminator, so that reading too far is noticed.
+            // On the heap without a terminator, so that the sanitizer sees reading too far.
             std::vector<char> text(length, 'x');
             text[at] = ';';
             EXPECT_EQ(FindCharacter({text.data(), length}, ';'), at) << length;
@@ -99,7 +99,7 @@ TEST(ShortText, FindEitherFindsTheFirstOfTwoAtEveryPlace) {
 
 TEST(ShortText, SameCharactersComparesThatMany) {
     for (std::size_t count = 0; count < 40; ++count) {
-        // On the heap, without a terminator, so that reading too far is noticed.
+        // On the heap without a terminator, so that the sanitizer sees reading too far.
         const std::vector<char> text(count, 'x');
         std::vector<char> other = text;
         EXPECT_TRUE(SameCharacters(text.data(), other.data(), count)) << count;

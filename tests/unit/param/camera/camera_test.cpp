@@ -29,7 +29,7 @@ LoadResult LoadTree(const ProductTree& tree) {
     return RunLoad(tree, kUnitSize, Load);
 }
 
-/// The modules without which a camera does not load.
+/// A product with only the modules that a camera requires.
 ProductTree SmallestCamera() {
     return ProductTree()
         .AddModule("cam0_comm")
@@ -218,8 +218,8 @@ TEST(Camera, PlaybackAndMediaModesEchoBehindTheirHeadings) {
     EXPECT_EQ(mode2 + 3, static_cast<std::ptrdiff_t>(echo.size()));
 }
 
-/// Two cameras whose numbers, switches and reserved bytes are full of the byte 0x5A; the second one
-/// is so altogether.
+/// Two cameras. Of the first, the number, the switches and the reserved bytes are filled with 0x5A,
+/// of the second all bytes.
 struct TwoCameras {
     std::unique_ptr<std::array<CamMediaCfg, 2>> cams =
         std::make_unique<std::array<CamMediaCfg, 2>>();

@@ -1,4 +1,4 @@
-/// What the tests of the camera's common settings share.
+/// Helpers for tests of the camera's common settings.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 
 namespace paramgen::testing {
 
-/// A 32-bit word of a record: where it lies in the record, what it is, and its key.
+/// A 32-bit word of a record: its offset, its kind and its key.
 struct WordRow {
     std::size_t offset;
     std::string kind;  ///< "bool", "i32" or "u32"
@@ -20,8 +20,8 @@ struct WordRow {
     std::string label = {};  ///< of a failure, when that is not the item
 };
 
-/// What the walk over a table says of `rows` of a record at `start`, read from module "m" under
-/// `node` with default 0.
+/// The lines of `DescribeTable` for `rows` of a record at offset `start`, which are read from
+/// module "m" under `node` with default 0.
 inline std::vector<std::string> DescribeWords(std::size_t start, const std::string& node,
                                               const std::vector<WordRow>& rows,
                                               const std::string& source = "reader") {

@@ -36,26 +36,27 @@ LoadResult ForProcessing(int mode, const ProductTree& tree) {
     return SearchFor(PDT_INIPARAM_LoadCamVportSpecLDCCfg, mode, tree);
 }
 
-/// What both searches make of a tree, when they agree on it.
+/// The record that both searches fill from a tree; they must agree.
 std::string FoundFor(int mode, const ProductTree& tree) {
     const std::string capture = ForCapture(mode, tree).record;
     EXPECT_EQ(capture, ForProcessing(mode, tree).record);
     return capture;
 }
 
-/// A record whose horizontal ratio of the first model is `xratio`, and nothing else.
+/// A record that is zero except for the first model's horizontal ratio, `xratio`.
 std::string Ratio(int xratio) {
     std::string record(144, '\0');
     record[8] = static_cast<char>(xratio);
     return record;
 }
 
-/// A product with a module that is none of the searched ones.
+/// A product without any of the modules that are searched.
 ProductTree NoLdc() {
     return ProductTree().AddModule("other");
 }
 
-/// LDC module `number`, which serves `mode` (none, when null) and is known by its `xratio`.
+/// Adds LDC module `number`, which serves `mode` (none when null) and is recognised by its
+/// `xratio`.
 ProductTree& AddLdc(ProductTree& tree, int number, const char* mode, int xratio) {
     const std::string module = "cam0_ldccfg_" + std::to_string(number);
     if (mode != nullptr) {
@@ -96,7 +97,7 @@ TEST(Ldc, EveryRowLoadsItsOwnBytesInBothSearches) {
     }
 }
 
-/// A module for mode 7 with every key set, each to a value of its own.
+/// A module for mode 7 with every key set, each to a different value.
 ProductTree FullModule(const std::string& module) {
     ProductTree tree;
     tree.Set(module, "common:mediamode", k1080P30)
@@ -141,7 +142,7 @@ std::string FullRecord() {
     return record + Word(28);
 }
 
-/// What loading the full module's two models echoes.
+/// The echo of loading the full module's two models.
 Lines FullEcho() {
     Lines echo = {
         "PDT_INIPARAM_LoadLDCV1Attr: ldc attr,aspect[1],xratio[11],yratio[-12],xyratio[13]\n",
@@ -240,7 +241,7 @@ TEST(Ldc, ModuleWithoutModeTakesOverTheOneBefore) {
     ProductTree tree;
     AddLdc(tree, 0, k720P30, 5);
     AddLdc(tree, 1, nullptr, 6);
-    // Module 1 counts as serving mode 1, so it serves neither mode 7 nor "none".
+    // Module 1 serves mode 1, like the one before it, and so neither mode 7 nor "none".
     EXPECT_EQ(FoundFor(1, tree), Ratio(5));
     EXPECT_EQ(FoundFor(7, tree), Ratio(0));
     EXPECT_EQ(FoundFor(54, tree), Ratio(0));

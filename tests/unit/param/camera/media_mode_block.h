@@ -1,4 +1,4 @@
-/// A media mode put together by hand: its keys, and the bytes that they stand for.
+/// A media mode written by hand: its keys, and the bytes that are stored for them.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ namespace paramgen::testing {
 /// The module of the media mode.
 inline constexpr char kMediaModeModule[] = "cam0_mediamode1";
 
-/// A block put together by hand, and the keys that it stands for.
+/// The expected bytes of a block, and the keys that set them.
 class Block {
 public:
     /// Sets `key` to `value`, which is stored as a word at `offset`.
@@ -22,7 +22,7 @@ public:
         tree.Set(module, key, std::to_string(value));
         bytes.replace(offset, 4, Word(value));
     }
-    /// The same for a switch that is on.
+    /// Sets the switch `key` to on, which is stored at `offset`.
     void Switch(std::size_t offset, const std::string& key,
                 const std::string& module = kMediaModeModule) {
         tree.Set(module, key, "yes");
@@ -60,7 +60,7 @@ inline void PutDevice(Block* block) {
     block->Number(240, "vcap.dev:componentmask1", 111);
 }
 
-/// A lens-distortion record for this media mode at `at`.
+/// Adds the lens-distortion record of this media mode at offset `at`.
 inline void PutLdc(Block* block, std::size_t at) {
     const std::string module = "cam0_ldccfg_1";
     block->tree.Set(module, "common:mediamode", "QX_PARAM_MEDIAMODE_PHOTO_8000P");

@@ -33,7 +33,7 @@ LoadResult LoadTree(const ProductTree& tree) {
     return RunLoad(tree, 1864, Load);
 }
 
-/// What a table says of its record, moved to `offset`.
+/// `lines` of `DescribeTable` for a record that begins at `offset`.
 Lines MovedTo(std::size_t offset, const Lines& lines) {
     Lines moved;
     for (const std::string& line : lines) {
@@ -54,7 +54,7 @@ TEST(MediaModeSpec, TableIsTheBlocksLayout) {
                                          "common.vcap.pipe." + std::to_string(i)));
     }
     expected.push_back("36 4 bytes nobody - - - -");
-    // The rows of these are spelled out in the tests of their own.
+    // The rows of these are compared with literal lines in their own tests.
     AppendLines(&expected, MovedTo(40, DescribeTable(kVBSpecTable, kMediaModeModule)));
     AppendLines(&expected, MovedTo(176, DescribeTable(kVcapSpecTable, kMediaModeModule)));
     AppendLines(&expected, MovedTo(1212, DescribeTable(kVpssSpecTable, kMediaModeModule, "", {0})));

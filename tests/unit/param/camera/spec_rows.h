@@ -1,4 +1,4 @@
-/// How the tests of a media mode's records spell what the tables must say.
+/// Expected table rows of a media mode's records.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +23,7 @@ struct SpecRow {
 
 using Lines = std::vector<std::string>;
 
-/// The rows of a record at `offset`, read from `node` of `module`, as the walk describes them.
+/// The lines of `DescribeTable` for a record at `offset` that is read from `node` of `module`.
 inline Lines SpecLines(const std::vector<SpecRow>& rows, std::size_t offset,
                        const std::string& module, const std::string& node) {
     Lines lines;
@@ -101,7 +101,7 @@ inline Lines LdcLines(std::size_t offset) {
     return lines;
 }
 
-/// The keys that a walk finds in the lens-distortion module. Each fills several records at once.
+/// The keys of the lens-distortion module in a walk. Each of them is stored in several records.
 inline std::set<std::string> LdcKeys(const std::vector<WalkedField>& fields) {
     std::set<std::string> keys;
     for (const WalkedField& walked : fields) {

@@ -28,7 +28,7 @@ std::vector<std::string> ErrorsOfBad(const std::string& key) {
     return ErrorsOf(result.output);
 }
 
-// Every pipe and every channel is read in this order.
+// The rows of a pipe, and of a channel, in reading order.
 const std::vector<WordRow> kPipeRows = {
     {0, "i32", "vcappipehdl"},
     {4, "i32", "pipetype"},
@@ -127,7 +127,7 @@ TEST(VcapComm, WholeBlockByHand) {
     EXPECT_TRUE(SameRecord(kVcapCommTable, expected, result.record));
 }
 
-/// What a pipe without keys, but for its handle, echoes.
+/// The echo of a pipe that has no keys except for its handle.
 std::vector<std::string> PipeEcho(int pipe, int handle) {
     const std::string number = std::to_string(pipe);
     return {"PDT_INIPARAM_LoadCamVcapPipeCommCfg: pipe[" + number + "] comm attr, vcappipehdl[" +

@@ -1,4 +1,4 @@
-// What the capture settings of a media mode log when they fail.
+// Failures of the capture settings of a media mode.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

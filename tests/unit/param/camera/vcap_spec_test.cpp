@@ -178,7 +178,7 @@ TEST(VcapSpec, PipeByHandWithItsEcho) {
         .Set("mode", "vcap.pipe.1.chl.0:dst_framerate", "15")
         .Set("mode", "vcap.pipe.1.chl.0:MotionDenoiseEnable", "t")
         .Set("mode", "vcap.pipe.1.chl.0:MotionDenoiseIsoThresh", "1000")
-        // The common settings' spelling of the channel's node is not read here.
+        // This is the node of the channel's common settings, which is not read here.
         .Set("mode", "vcap.pipe.1.chn.0:dst_width", "77");
     std::string expected;
     for (const int word : {1, 60, -1, 1, 4, 0x41efc28f, 2560, 1440, 0, -3, -8, -9, 1080}) {
@@ -254,7 +254,7 @@ TEST(VcapSpec, ConstantsAreWrittenAndReservedBytesAreNot) {
     EXPECT_EQ(cfg.reserved3[0], std::byte{0x55});
 }
 
-/// What a component mask 0 of `text` is stored as, and the `errno` that loading leaves.
+/// The stored word for component mask 0 with `text`, and in `error` the `errno` after loading.
 std::string MaskOf(const std::string& text, int* error) {
     const LoadResult result =
         RunLoad(With("vcap.dev:componentmask0", text), 1036, [error](void* record) {

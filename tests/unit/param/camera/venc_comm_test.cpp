@@ -22,7 +22,7 @@ LoadResult LoadTree(const ProductTree& tree) {
     return RunLoad(tree, 404, Load);
 }
 
-/// Encoders 0 up to but without `count`, on and without any other key.
+/// A product with `count` encoders that are on and have no other key.
 ProductTree Encoders(int count) {
     ProductTree tree = EmptyModule();
     for (int venc = 0; venc < count; ++venc) {
@@ -31,7 +31,7 @@ ProductTree Encoders(int count) {
     return tree;
 }
 
-/// The bytes of that many encoders that are on and nothing else, behind their count.
+/// The record of that product: the count, and encoders that are on.
 std::string EncodersOn(int count) {
     std::string record(404, '\0');
     PutWord(&record, 0, count);
@@ -41,7 +41,7 @@ std::string EncodersOn(int count) {
     return record;
 }
 
-// In the order in which they are read.
+// The rows of an encoder, in reading order.
 const std::vector<WordRow> kBindRows = {
     {12, "i32", "bindedmod"}, {16, "u32", "bindcnt"},  {20, "i32", "modhdl_0"},
     {24, "i32", "modhdl_1"},  {28, "i32", "modhdl_2"}, {32, "i32", "modhdl_3"},
@@ -82,8 +82,8 @@ TEST(VencComm, EveryRowLoadsItsOwnBytes) {
                           .load = Load,
                           .base = EmptyModule()};
     CheckAbsentKeys(subject);
-    // Every encoder must be there, with all its bindings, for every row to be read; their own keys
-    // have their tests below.
+    // Every row is read only when all encoders exist and have all bindings. The keys for that are
+    // tested below.
     subject.base = Encoders(5);
     for (int venc = 0; venc < 5; ++venc) {
         const std::string node = "venc." + std::to_string(venc);
@@ -167,7 +167,7 @@ TEST(VencComm, FourBindingsAreReadAtMost) {
         PutWord(&expected, 40 + 4 * binding, 20 + static_cast<int>(binding));
     }
     EXPECT_EQ(LoadTree(tree).record, expected);
-    // A negative count is a large one.
+    // A negative count is read as a large one.
     PutWord(&expected, 20, -1);
     EXPECT_EQ(LoadTree(tree.Set("m", "venc.0:bindcnt", "-1")).record, expected);
 }

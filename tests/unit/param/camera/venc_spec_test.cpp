@@ -23,7 +23,7 @@ LoadResult LoadTree(const ProductTree& tree) {
     return RunLoad(tree, 188, Load);
 }
 
-/// A tree in which encoders 0 to `count` - 1 exist.
+/// A product in which encoders 0 to `count` - 1 exist.
 ProductTree Encoders(int count) {
     ProductTree tree;
     tree.AddModule("mode");

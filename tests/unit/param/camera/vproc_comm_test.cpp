@@ -28,7 +28,7 @@ std::vector<std::string> ErrorsOfBad(const std::string& key) {
     return ErrorsOf(result.output);
 }
 
-// In the order in which they are read.
+// The rows of a group, in reading order.
 const std::vector<WordRow> kGroupRows = {
     {0, "bool", "enable"},         {4, "i32", "vpsshdl"},       {8, "i32", "vcappipehdl"},
     {12, "i32", "pipechnhdl"},     {16, "i32", "pixelformat"},  {40, "bool", "isLdcV1"},
@@ -145,7 +145,7 @@ TEST(VprocComm, WholeBlockByHand) {
     EXPECT_TRUE(SameRecord(kVprocCommTable, expected, result.record));
 }
 
-/// What a port without keys echoes.
+/// The echo of a port without keys.
 std::vector<std::string> VportEcho(int port) {
     const std::string number = std::to_string(port);
     return {"PDT_INIPARAM_LoadCamVportCommCfg: vpss[0]vport[" + number +

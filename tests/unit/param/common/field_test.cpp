@@ -268,7 +268,7 @@ TEST(Field, ErrorsNameTheLine) {
               std::string::npos);
 }
 
-// The walk is what the sections' tests rest on, so it is held against hand-made lines itself.
+// The sections' tests depend on the walk, so it is compared with literal lines here.
 TEST(TableWalk, DescribesEveryElement) {
     EXPECT_THAT(
         DescribeTable(kOuterTable, "m", "node"),

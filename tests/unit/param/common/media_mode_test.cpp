@@ -16,7 +16,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-// By number.
+// Index: the number of the name.
 constexpr const char* kNames[] = {
     "QX_PARAM_MEDIAMODE_480P_25",      "QX_PARAM_MEDIAMODE_720P_30",
     "QX_PARAM_MEDIAMODE_720P_30_WDR",  "QX_PARAM_MEDIAMODE_720P_60",

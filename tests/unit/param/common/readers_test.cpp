@@ -30,7 +30,7 @@ ProductTree Tree() {
     return tree;
 }
 
-/// Runs a reader on the tree above; `output_` is what it printed.
+/// Runs readers on the tree above. `output_` is what the last one printed.
 class Readers : public ::testing::Test {
 protected:
     template <typename Reader>
@@ -139,7 +139,7 @@ TEST_F(Readers, BooleanDefaultIsStoredAsItIsGiven) {
 }
 
 TEST_F(Readers, LockIsHeldForTheCallOnly) {
-    // Each would wait for ever if the one before still held the lock.
+    // Each reader would wait for ever if the one before still held the lock.
     std::int32_t value = 0;
     std::uint32_t bits = 0;
     Bool32 truth = kFalse;
@@ -160,7 +160,7 @@ TEST_F(Readers, LockIsHeldForTheCallOnly) {
     EXPECT_STREQ(found, "Text");
 }
 
-/// What a reader prints and logs when `argument` is null, and the code.
+/// Expects the message of the argument check, the reader's record, and the code.
 void ExpectNullArgument(const std::string& output, Status status, const std::string& check,
                         const std::string& failure) {
     EXPECT_EQ(static_cast<std::uint32_t>(status), 0xA1418041U);

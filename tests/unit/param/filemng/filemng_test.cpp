@@ -59,7 +59,7 @@ TEST(FileMng, EveryRowLoadsItsOwnBytes) {
                           .size = 1444,
                           .load = Load,
                           .base = EmptyTree()};
-    // Each pre-allocation key fills both entries of its pair: tried as one field of 8 bytes below.
+    // A pre-allocation key fills two members, so it has a test of its own below.
     subject.unreachable = {"dtcf:pre_alloc_cnt", "dtcf:pre_alloc_unit"};
     CheckRows(subject);
 }

@@ -65,7 +65,7 @@ TEST(AudioCapture, WordBehindTheResampleRateIsCleared) {
               std::string("\xff\xff\xff\xff\0\0\0\0\xff\xff\xff\xff", 12));
 }
 
-// The word of the points per frame and the one that is always 0 are not the attributes' own.
+// The points per frame, and the word that is always 0, are not loaded with the attributes.
 TEST(AudioCapture, AttributesAreReadUnderTheDevicesNode) {
     ProductTree tree = MediaTree("any.node:sample_rate", "1");
     tree.Set("media_common", "any.node:ptnum_per_frm", "2")

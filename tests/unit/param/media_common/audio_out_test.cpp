@@ -29,7 +29,7 @@ TEST(AudioOut, InputSampleRateIsTheSampleRate) {
     EXPECT_EQ(record.substr(32, 4), std::string("\x44\xac\0\0", 4));
 }
 
-// The copy is made at once, before anything else can fail.
+// The copy is made right after its original is read, before anything else can fail.
 TEST(AudioOut, InputSampleRateIsCopiedFirst) {
     const LoadResult result = LoadAo(
         MediaTree("ao.0:sample_rate", "7").Set("media_common", "ao.0:bit_width", "2147483648"));
@@ -102,7 +102,7 @@ TEST(AudioOut, ChannelFailsOnceByItsFullKey) {
                             Failed("LoadMediaCommConf", "Ao")));
 }
 
-// A handle is read before its switch: when the handle fails, the switch keeps its value.
+// A handle is read before its switch: when the handle fails, the switch is not loaded.
 TEST(AudioOut, HandleOfAChannelIsReadFirst) {
     const LoadResult result = LoadAo(MediaTree("ao.0.chnl.0:handle", "2147483648")
                                          .Set("media_common", "ao.0.chnl.0:enable", "yes"));

@@ -73,7 +73,7 @@ TEST(CscMatrix, UnknownNamesAreRefused) {
     }
 }
 
-// Every name of the table ends within the 64 characters that are compared.
+// Every name of the table is shorter than the 64 characters that are compared.
 TEST(CscMatrix, NameOf64CharactersIsComparedBeyondTheEntry) {
     std::string name = kMatrices[0].first;
     name.resize(64, 'x');

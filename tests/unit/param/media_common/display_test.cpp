@@ -91,7 +91,7 @@ TEST(Display, PrefixTooLongForTheMatrixKey) {
     EXPECT_THAT(ErrorsOf(result.output), ElementsAre(NotFormatted("LoadMediaCommDispCSCAttr")));
 }
 
-// A switch fails only when its module is missing, and then the display's own fails first.
+// A switch fails only when its module is missing, and then the display's own switch fails first.
 TEST(Display, CscSwitchHasALabelOfItsOwn) {
     const RegisteredProduct product(MediaTree());
     DispCfg cfg = {};
@@ -171,7 +171,7 @@ TEST(Display, OrdinaryWindowsAreNeverRead) {
     EXPECT_EQ(result.record, before);
 }
 
-// Coordinates print without their sign, the aspect's background colour with one.
+// Coordinates are printed as unsigned numbers, the aspect's background colour as a signed one.
 TEST(Display, NegativeNumbersAreEchoedAsTheirFormatsSay) {
     const std::string window = "disp.0.playbackwindow.0";
     ProductTree tree = MediaTree("disp.0:bg_color", "-2");

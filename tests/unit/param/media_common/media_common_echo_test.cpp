@@ -110,8 +110,7 @@ constexpr const char* kEcho[] = {
     "PDT_INIPARAM_LoadMediaCommAoCfg: chn[1],aoChnHdl[-1],enable[0]\n",
 };
 
-// Which numbers are echoed with their sign and which without is the formats' own choice, whatever
-// the member's type is.
+// The formats of the records decide which numbers are printed as signed, not the members' types.
 TEST(MediaCommonEcho, EveryNumberNegative) {
     ProductTree tree = MediaTree();
     for (const WalkedField& walked : WalkTable(kMediaCommTable, "media_common")) {

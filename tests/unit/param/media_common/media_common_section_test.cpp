@@ -12,7 +12,7 @@
 namespace paramgen::testing {
 namespace {
 
-/// The next bytes of the section, and the key that they come from.
+/// The next bytes of the section, and the key that sets them.
 struct Part {
     const char* bytes;  ///< hexadecimal, in the order of the file
     const char* key;    ///< null: none

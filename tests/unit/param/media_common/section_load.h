@@ -1,4 +1,4 @@
-/// Loads of the media common section by its tests.
+/// Loading the media common section, for its tests.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace paramgen::testing {
 
-/// A tree whose module "media_common" holds one key, or none.
+/// A product whose module "media_common" has one key, or none.
 inline ProductTree MediaTree() {
     return ProductTree().AddModule("media_common");
 }
@@ -37,7 +37,7 @@ inline std::string Failed(const std::string& function, const std::string& label,
     return "PDT_INIPARAM_" + function + ": [" + label + "] failed[0x" + code + "]\n";
 }
 
-/// The record of a text that was too long.
+/// The record about a text that is too long.
 inline std::string NotFormatted(const std::string& function) {
     return "PDT_INIPARAM_" + function + ": [sprintf_s] failed\n";
 }

@@ -92,8 +92,8 @@ TEST(SnapEnc, NameTooLongForTheNode) {
     EXPECT_THAT(ErrorsOf(result.output), ElementsAre(NotFormatted("LoadMediaCommSnapEncAttr")));
 }
 
-// A node of 106 characters leaves room for every key but the widths, one of 105 for the widths but
-// not for the heights.
+// With a node of 106 characters every key fits except the widths; with 105 characters the widths
+// fit, but not the heights.
 TEST(SnapEnc, NameTooLongForThumbnailKeys) {
     for (const std::size_t length : {106U - 10U, 105U - 10U}) {
         const LoadResult result = LoadSnap(MediaTree(), std::string(length, 'n'));

@@ -119,7 +119,7 @@ TEST(VideoEnc, NameTooLongForAnyNode) {
     EXPECT_THAT(EchoOf(result.output), IsEmpty());
 }
 
-// The longest name whose scene mode can be read leaves no room for the blocks below.
+// The longest name whose scene mode can be read: the nodes below it do not fit.
 TEST(VideoEnc, NameTooLongForTheRateControl) {
     const std::string name(105, 'n');
     const LoadResult result = LoadVideoEnc(MediaTree(), name);

@@ -1,5 +1,5 @@
-// Sets with more choices than their records hold: they run on through the section, and never out of
-// it.
+// Sets with more choices than their records have room for: the choices are stored in the bytes
+// behind the record, but never beyond the section.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 
-/// How many choices the section has room for, from a slot to its end.
+/// A slot, and the number of choices that fit between it and the section's end.
 struct Room {
     Slot slot;
     int max;
@@ -37,7 +37,8 @@ const Room kRooms[] = {
     {{33, "cam.0.burst.type9", kNumbers}, 10},
 };
 
-/// Every set with two choices, one of which says little, and every list of burst types loaded.
+/// Keys of every set: two choices, the second of them without description and value, and ten lists
+/// of burst types.
 Keys Background() {
     Keys keys;
     for (const Slot& slot : AllSlots()) {
@@ -72,8 +73,8 @@ TEST(ValueSetCounts, EverySetRunsOn) {
 }
 
 TEST(ValueSetCounts, EleventhChoiceByHand) {
-    // The eleventh codec begins at byte 164, where the set of dormant times is loaded later: its
-    // count covers the description's first four bytes, its first choice the rest.
+    // The eleventh codec is stored from byte 164 on, where the set of dormant times is loaded
+    // later: its count overwrites the description's first four bytes, its first choice the value.
     const LoadResult result = LoadKeys({{"cam.0.enc.payloadtype:num", "11"},
                                         {"cam.0.enc.payloadtype:description10", "abcdefghijk"},
                                         {"cam.0.enc.payloadtype:value10", "1684234849"},
@@ -93,7 +94,7 @@ TEST(ValueSetCounts, EleventhChoiceByHand) {
 }
 
 TEST(ValueSetCounts, DescriptionThatLostItsTerminatorRunsOn) {
-    // Codec values without a zero byte lie where the third slot's descriptions begin.
+    // Codec values without a zero byte are stored where the third slot's descriptions begin.
     Keys keys = {{"cam.0.enc.payloadtype:num", "60"}, {"cam.0.mediamode.record:num", "2"}};
     for (int k = 0; k < 60; ++k) {
         const std::string index = std::to_string(k);
@@ -105,7 +106,7 @@ TEST(ValueSetCounts, DescriptionThatLostItsTerminatorRunsOn) {
               std::string::npos);
 }
 
-/// The chain above a set's loader.
+/// The records of the callers of a set's loader.
 std::vector<std::string> ChainOf(const Slot& slot) {
     const std::string item = "[" + slot.item + "] failed[0xFFFFFFFF]\n";
     const std::string section = "PDT_INIPARAM_LoadValueSetCfg: ";

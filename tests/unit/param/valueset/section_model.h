@@ -1,4 +1,4 @@
-/// The value set section as it must become, worked out on plain bytes.
+/// A model of the value set section, which computes its expected bytes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace paramgen::testing {
 /// Keys of the module and their texts.
 using Keys = std::map<std::string, std::string>;
 
-/// Loads keys into a section with nothing behind it.
+/// Loads keys into a section that ends where its memory does.
 inline LoadResult LoadKeys(const Keys& keys) {
     ProductTree tree;
     tree.AddModule("valueset");
@@ -44,7 +44,7 @@ struct Slot {
     Kind kind;
 };
 
-/// The sets in the order in which they are loaded, those of burst types left out.
+/// The sets in load order, without those of burst types.
 inline const Slot kSlots[] = {
     {0, "cam.0.enc.payloadtype", kNumbers},
     {3, "cam.0.mediamode.record", kModes},
@@ -87,7 +87,7 @@ inline const std::map<std::string, int> kModeNumbers = {
     {"QX_PARAM_MEDIAMODE_PLAYBACK", 53},
 };
 
-/// What a module must make of the section, worked out on plain bytes.
+/// Computes the section that a module's keys must give.
 class Model {
 public:
     explicit Model(const Keys& keys) : keys_(keys) {
@@ -186,7 +186,7 @@ private:
     std::vector<std::string> echo_;
 };
 
-/// Gives the first `count` choices of a set descriptions and values of their own.
+/// Sets the count of a set, and different descriptions and values for that many choices.
 inline void Fill(Keys* keys, const Slot& slot, int count) {
     (*keys)[slot.item + ":num"] = std::to_string(count);
     for (int k = 0; k < count; ++k) {

@@ -15,7 +15,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// What became of loading one set into bytes of its own.
+/// Result of loading one set into bytes of its own.
 struct SetLoad {
     Status status;
     std::string output;

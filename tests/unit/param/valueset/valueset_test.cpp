@@ -37,8 +37,8 @@ TEST(ValueSetSection, TableIsTheSectionsLayout) {
     EXPECT_EQ(DescribeTable(kValueSetTable, "valueset"), expected);
 }
 
-/// Ten choices everywhere, all keys of which can be tried; counts, and the first and the last
-/// choice of each set.
+/// A product with ten choices in every set, and of each set the count, the first and the last
+/// choice.
 RowSubject TenEach() {
     RowSubject subject = {
         .fields = {},

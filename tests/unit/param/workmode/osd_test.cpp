@@ -37,7 +37,7 @@ std::string Display(int i, int j) {
     return Entry(i) + ".display." + std::to_string(j);
 }
 
-/// A tree in which every overlay and every display is used.
+/// A product in which every overlay and every display is counted.
 ProductTree FullTree() {
     ProductTree tree = EmptyTree();
     tree.Set("mode", "osd:osdcnt", "16");
@@ -64,7 +64,7 @@ TEST(Osd, TableIsTheBlocksLayout) {
                                Entry(i) + ":" + key + " " + behind);
         };
         expected.push_back(std::to_string(start + 4) + " 4 i32 loader mode " + Entry(i) +
-                           ":type 4 type");  // its failure is labelled by the loader
+                           ":type 4 type");  // the loader itself gives its failure a label
         add(8, "4 i32", "timefmt", "0 timefmt");
         add(20, "64 text", "string", "- string");
         add(12, "4 u32", "color", "0 color");
@@ -94,7 +94,7 @@ TEST(Osd, TableIsTheBlocksLayout) {
     EXPECT_EQ(DescribeTable(kOsdTable, "mode", "osd"), expected);
 }
 
-/// The rows of the header, and of overlays and displays from both ends of the block.
+/// The rows of the block's own members, and of its first and last overlays and displays.
 std::vector<WalkedField> SampledFields() {
     std::vector<WalkedField> sample;
     for (const WalkedField& walked : WalkTable(kOsdTable, "mode", "osd")) {
@@ -160,7 +160,7 @@ TEST(Osd, OneOverlayByHand) {
     put(184, "\x20\xfe\xff\xff");
     put(188, "\x40\0\0\0");
     put(196, "\x09\0\0\0");
-    put(292, "\x04\0\0\0");  // the type of an overlay that does not say
+    put(292, "\x04\0\0\0");  // the type of an overlay without this key
     const LoadResult result = LoadTree(tree);
     EXPECT_EQ(result.status, 0);
     EXPECT_TRUE(SameRecord(kOsdTable, expected, result.record));

@@ -1,4 +1,4 @@
-// What the record work mode logs when it fails, and what it does with counts beyond its room.
+// Failures of the record work mode, and counts that are larger than its arrays.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -11,7 +11,7 @@
 
 namespace paramgen::testing {
 
-/// Loads a record that its section ends with.
+/// Loads a record that is at the end of its section.
 inline Status Load(void* record) {
     const std::span<std::byte> bytes(static_cast<std::byte*>(record), 4528);
     return PDT_INIPARAM_LoadRecWorkModeConf(static_cast<RecWorkModeCfg*>(record),
@@ -30,7 +30,7 @@ inline LoadResult LoadTree(const ProductTree& tree) {
     return RunLoad(tree, 4528, Load);
 }
 
-/// A tree in which every handle is used.
+/// A product in which every handle is counted.
 inline ProductTree FullTree() {
     ProductTree tree = With("normal.0:filecnt", "2");
     tree.Set("workmode_record", "normal.0:thmcnt", "4");

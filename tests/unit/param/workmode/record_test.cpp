@@ -150,7 +150,7 @@ TEST(Record, EchoOfEverythingAbsent) {
                     "PDT_INIPARAM_LoadRecWorkModeConf: \n\n"));
 }
 
-/// A tree in which every key without overlays has a value of its own.
+/// A product in which every key, except those of overlays, has a different value.
 ProductTree ProductByHand() {
     ProductTree tree;
     const auto set = [&](const std::string& node, const std::string& key,
@@ -159,7 +159,7 @@ ProductTree ProductByHand() {
     };
     set("common.mediamode.config.0", "camid", "1");
     set("common.mediamode.config.0", "mediamode", "QX_PARAM_MEDIAMODE_2160P_30");
-    set("record.common", "muxer_type", "2");  // nobody reads it
+    set("record.common", "muxer_type", "2");  // never read
     set("record.common", "thm_type", "-1");
     set("record.common", "repaire_unit", "2048");
     set("record.common", "pre_alloc_unit", "-2");
@@ -177,7 +177,7 @@ ProductTree ProductByHand() {
     set("normal.0", "thmcnt", "2");
     set("normal.0", "thmhdl0", "4");
     set("normal.0", "thmhdl1", "-5");
-    set("normal.0", "thmhdl2", "6");  // one more than counted
+    set("normal.0", "thmhdl2", "6");  // beyond the count
     set("normal.0.filenum.0.fileattr", "venccnt", "3");
     set("normal.0.filenum.0.fileattr", "venc_hdl0", "10");
     set("normal.0.filenum.0.fileattr", "recbuffer_time0", "11");

@@ -19,7 +19,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::Not;
 
-/// Loads a tree into a section with nothing behind it.
+/// Loads a product into a section that ends where its memory does.
 LoadResult LoadTree(const ProductTree& tree) {
     const RegisteredProduct product(tree);
     const auto section = std::make_unique<WorkModeCfg>();
@@ -192,7 +192,7 @@ TEST(WorkMode, NullSectionIsRefused) {
 
 // Thumbnail handles: the first is at 4492, the section ends at 8912, so there is room for 1105.
 
-/// A tree with `count` thumbnail handles, numbered from 1000, and values around them.
+/// A product with `count` thumbnail handles, numbered from 1000, and values around them.
 ProductTree ThumbnailTree(int count) {
     ProductTree tree = EmptyTree();
     tree.Set("workmode_record", "normal.0:thmcnt", std::to_string(count))
@@ -210,8 +210,8 @@ ProductTree ThumbnailTree(int count) {
     return tree;
 }
 
-/// What that tree must make: handles are written over what lies behind, and receive buffer sizes
-/// over handles.
+/// The section for that product: handles overwrite the bytes behind their array, and receive buffer
+/// sizes overwrite handles.
 std::string ThumbnailSection(int count) {
     std::string bytes(8912, '\0');
     const auto put = [&](std::size_t offset, int value) {
