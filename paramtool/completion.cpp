@@ -81,13 +81,17 @@ constexpr char kFish[] = R"fish(# paramtool completion for fish
 function __paramtool_complete
     set -l words (commandline -opc) (commandline -ct)
     set -l answer ($words[1] complete -- $words[2..-1] 2>/dev/null)
+    # In --option=VALUE the value is completed, and the option stays in front of it.
+    set -l option (string match -r -- '^--[^=]*=' $words[-1])
     set -l typed (string replace -r -- '^--[^=]*=' '' $words[-1])
+    set -l paths
     switch "$answer[1]"
         case files
-            __fish_complete_path $typed
+            set paths (__fish_complete_path $typed)
         case directories
-            __fish_complete_directories $typed ''
+            set paths (__fish_complete_directories $typed '')
     end
+    string join \n -- "$option"$paths
     string join \n -- $answer[2..-1]
 end
 complete -c paramtool -f -a '(__paramtool_complete)'
