@@ -44,10 +44,10 @@ std::string Annotation(const Finding& finding) {
                 ",col=" + std::to_string(columns.begin) +
                 ",endColumn=" + std::to_string(columns.end);
     }
-    std::string message = FullMessage(finding);
+    std::string message = output::Shown(FullMessage(finding));
     for (const Note& note : finding.notes) {
-        message +=
-            "\n" + note.place.file + ":" + std::to_string(note.place.line) + ": " + note.message;
+        message += "\n" + output::Shown(note.place.file + ":" + std::to_string(note.place.line) +
+                                        ": " + note.message);
     }
     return text + ",title=" + std::string(RuleOf(finding.id).name) + "::" + Data(message) + "\n";
 }

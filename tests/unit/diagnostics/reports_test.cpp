@@ -119,12 +119,23 @@ TEST(GithubReport, EscapesAndPutsErrorsFirst) {
     const std::size_t first = report.find("\n::error file=p/a.ini,line=12,col=1,endColumn=2,");
     const std::size_t second = report.find(
         "\n::warning file=a%2Cb%3Ac.ini,line=12,col=1,endColumn=2,title=unknown-key::"
-        "100%25%0Ano\n");
+        "100%25<U+000A>no\n");
     ASSERT_NE(first, std::string::npos) << report;
     ASSERT_NE(second, std::string::npos) << report;
     EXPECT_LT(first, second);
     EXPECT_EQ(report.rfind("::stop-commands::paramtool-", 0), 0U) << report;
     EXPECT_EQ(GithubReport({}), "");
+}
+
+TEST(GithubReport, ShowsControlCharactersSafely) {
+    Finding finding = FindingAt("a = 1", 1, 2);
+    finding.message = "'\x1B[2J' is \xE9";
+    finding.notes = {{.place = finding.place, .message = "\x07"}};
+    const std::string report = GithubReport({finding});
+    EXPECT_NE(report.find("title=unknown-key::'<U+001B>[2J' is <e9>%0Ap/a.ini:12: <U+0007>\n"),
+              std::string::npos)
+        << report;
+    EXPECT_EQ(report.find('\x1B'), std::string::npos);
 }
 
 TEST(Findings, AreSortedByPlace) {
