@@ -18,27 +18,53 @@ struct Counter {
     std::uint32_t places = 0;
     CountBeyond beyond = CountBeyond::kNotCounted;
     std::map<std::uint32_t, bool> isFilled;  ///< by the element's number: some key of it is there
-    std::string elements;                    ///< the section or key of the first element
 };
 
 /// All counts of the image, by offset.
-std::map<std::uint32_t, Counter> Counters(const Inspection& inspection) {
-    std::map<std::uint32_t, Counter> counters;
-    for (const layout::Value& value : layout::Values()) {
-        for (const Condition& condition : value.conditions) {
-            if (condition.kind != ConditionKind::kCounted || !value.HasKey()) {
-                continue;
+using Counters = std::map<std::uint32_t, Counter>;
+
+/// The counts, none of whose elements is filled.
+const Counters& EmptyCounters() {
+    static const Counters all = [] {
+        Counters counters;
+        for (const layout::Value& value : layout::Values()) {
+            for (const Condition& condition : value.conditions) {
+                if (condition.kind == ConditionKind::kCounted && value.HasKey()) {
+                    Counter& counter = counters[condition.count];
+                    counter.places = condition.places;
+                    counter.beyond = condition.beyond;
+                    counter.isFilled[condition.number] = false;
+                }
             }
-            Counter& counter = counters[condition.count];
-            counter.places = condition.places;
-            counter.beyond = condition.beyond;
-            bool& isFilled = counter.isFilled[condition.number];
-            for (const std::string& module : value.modules) {
-                const Asked* asked =
-                    isFilled ? nullptr
-                             : inspection.FindAsked(module, value.section + ":" + value.key);
-                isFilled = isFilled || (asked != nullptr && asked->answer->text.has_value());
-            }
+        }
+        return counters;
+    }();
+    return all;
+}
+
+/// The elements that a value lies in are filled.
+void Fill(const layout::Value& value, Counters* counters) {
+    for (const Condition& condition : value.conditions) {
+        if (condition.kind != ConditionKind::kCounted) {
+            continue;
+        }
+        std::map<std::uint32_t, bool>& isFilled = (*counters)[condition.count].isFilled;
+        const auto element = isFilled.find(condition.number);
+        if (element != isFilled.end()) {
+            element->second = true;
+        }
+    }
+}
+
+/// The counts of a tree.
+Counters FilledCounters(const Inspection& inspection) {
+    Counters counters = EmptyCounters();
+    for (const auto& [name, asked] : inspection.asked()) {
+        if (asked.key == nullptr || !asked.answer->text.has_value()) {
+            continue;
+        }
+        for (const layout::Value* value : asked.key->values) {
+            Fill(*value, &counters);
         }
     }
     return counters;
@@ -101,7 +127,7 @@ void CheckCounts(Inspection* inspection) {
     if (!inspection->IsComplete()) {
         return;
     }
-    for (const auto& [offset, counter] : Counters(*inspection)) {
+    for (const auto& [offset, counter] : FilledCounters(*inspection)) {
         CheckCounter(inspection, offset, counter);
     }
 }

@@ -42,6 +42,9 @@ public:
     /// A key ("section:key", in any case) that loaders asked for; null when they did not.
     const Asked* FindAsked(std::string_view module, std::string_view key) const;
 
+    /// All keys that loaders asked for, in no order.
+    const std::unordered_map<std::string, Asked>& asked() const { return asked_; }
+
     /// Whether loaders asked for a module of this name.
     bool IsModuleAsked(std::string_view module) const { return modules_.contains(module); }
 

@@ -17,7 +17,7 @@ using diagnostics::RuleId;
 class ReferenceChecker {
 public:
     explicit ReferenceChecker(Inspection* inspection)
-        : inspection_(*inspection), references_(*inspection) {}
+        : inspection_(*inspection), references_(inspection->run()) {}
 
     void Run() {
         for (const HandleRule& rule : HandleRules()) {
@@ -70,11 +70,11 @@ private:
         }
     }
 
-    static std::string HandlesOf(const std::vector<Target>& targets) {
+    static std::string HandlesOf(const std::vector<const Target*>& targets) {
         std::set<std::int64_t> handles;
-        for (const Target& target : targets) {
-            if (target.isEnabled && target.handle != -1) {
-                handles.insert(target.handle);
+        for (const Target* target : targets) {
+            if (target->isEnabled && target->handle != -1) {
+                handles.insert(target->handle);
             }
         }
         std::string text;
@@ -89,14 +89,14 @@ private:
         if (!handle.has_value() || *handle == -1 || !references_.Counts(rule, given)) {
             return;
         }
-        const std::vector<Target> all = references_.Targets(rule.target, rule.targetModule);
+        const std::vector<Target>& all = references_.Targets(rule.target, rule.targetModule);
         if (all.empty() && !IsThere(rule.targetModule)) {
             return;  // a lost module is told elsewhere
         }
-        const std::vector<Target> targets = references_.TargetsOf(rule, given);
-        const auto has = [&](const Target& target) { return target.handle == *handle; };
+        const std::vector<const Target*> targets = references_.TargetsOf(rule, given);
+        const auto has = [&](const Target* target) { return target->handle == *handle; };
         if (std::any_of(targets.begin(), targets.end(),
-                        [&](const Target& target) { return has(target) && target.isEnabled; })) {
+                        [&](const Target* target) { return has(target) && target->isEnabled; })) {
             return;
         }
         const std::string handles = HandlesOf(targets);
@@ -107,7 +107,7 @@ private:
                      (handles.empty() ? "" : "; there is " + handles));
         const auto disabled = std::find_if(targets.begin(), targets.end(), has);
         if (disabled != targets.end()) {
-            AddNote(finding, disabled->given, "this one has it, and is not enabled");
+            AddNote(finding, *(*disabled)->given, "this one has it, and is not enabled");
         }
     }
 
@@ -144,15 +144,15 @@ private:
                 continue;
             }
             const std::string scope =
-                target.given.module + "/" +
-                (target.row->hasParent ? ParentSection(target.given.section) : "") + "/" +
+                target.given->module + "/" +
+                (target.row->hasParent ? ParentSection(target.given->section) : "") + "/" +
                 std::to_string(target.handle);
             const auto [place, isNew] = known.try_emplace(scope, &target);
             if (!isNew) {
-                Finding* finding = Warn(RuleId::kHandleRepeated, target.given,
+                Finding* finding = Warn(RuleId::kHandleRepeated, *target.given,
                                         std::string("another ") + target.row->name +
                                             " has the handle " + std::to_string(target.handle));
-                AddNote(finding, place->second->given, "this one");
+                AddNote(finding, *place->second->given, "this one");
             }
         }
     }
@@ -190,11 +190,6 @@ private:
     /// The values of a menu, in its order.
     std::vector<const Given*> ValuesOf(const char* menu) const {
         return references_.Find(kMenuModule, menu, "value*");
-    }
-
-    static bool IsSame(const Given& a, const Given& b) {
-        const std::optional<std::int64_t> number = References::NumberOf(a);
-        return number.has_value() ? number == References::NumberOf(b) : a.text == b.text;
     }
 
     void CheckMenus() {

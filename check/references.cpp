@@ -1,7 +1,10 @@
 #include "check/references.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 
+#include "check/inspection.h"
 #include "check/number_text.h"
 #include "layout/key_pattern.h"
 
@@ -33,36 +36,64 @@ std::string ParentSection(const std::string& section) {
     return before == std::string::npos ? section : section.substr(0, before);
 }
 
-References::References(const Inspection& inspection) {
-    std::set<const compile::Answer*> known;
-    for (const compile::Answer& answer : inspection.run().answers) {
-        const Asked* asked = inspection.FindAsked(answer.module, answer.key);
-        if (answer.text.has_value() && asked != nullptr && known.insert(asked->answer).second) {
-            given_.push_back({.module = answer.module,
-                              .section = std::string(SectionPart(answer.key)),
-                              .key = std::string(KeyPart(answer.key)),
-                              .text = *answer.text});
+References::References(const compile::Compilation& run) {
+    std::unordered_set<std::string> known;
+    for (const compile::Answer& answer : run.answers) {
+        if (answer.text.has_value() && known.insert(answer.module + "/" + answer.key).second) {
+            Add(answer);
         }
     }
+}
+
+void References::Add(const compile::Answer& answer) {
+    const std::string_view section = SectionPart(answer.key);
+    const auto [place, isNew] =
+        sectionNumbers_.try_emplace(answer.module + "/" + std::string(section), sections_.size());
+    if (isNew) {
+        sections_.push_back({.module = answer.module, .name = std::string(section), .keys = {}});
+    }
+    sections_[place->second].keys.push_back(given_.size());
+    given_.push_back({.module = answer.module,
+                      .section = std::string(section),
+                      .key = std::string(KeyPart(answer.key)),
+                      .text = *answer.text});
 }
 
 std::vector<const Given*> References::Find(const char* module, const char* section,
                                            const char* key) const {
-    std::vector<const Given*> found;
-    for (const Given& given : given_) {
-        if (MatchesWildcards(key, given.key) && MatchesWildcards(section, given.section) &&
-            MatchesWildcards(module, given.module)) {
-            found.push_back(&given);
+    std::vector<std::size_t> numbers;
+    for (const Section& each : sections_) {
+        if (!MatchesWildcards(section, each.name) || !MatchesWildcards(module, each.module)) {
+            continue;
         }
+        std::copy_if(each.keys.begin(), each.keys.end(), std::back_inserter(numbers),
+                     [&](std::size_t number) { return MatchesWildcards(key, given_[number].key); });
+    }
+    std::sort(numbers.begin(), numbers.end());
+    std::vector<const Given*> found;
+    for (const std::size_t number : numbers) {
+        found.push_back(&given_[number]);
     }
     return found;
 }
 
+const References::Section* References::FindSection(const std::string& module,
+                                                   const std::string& name) const {
+    const auto place = sectionNumbers_.find(module + "/" + name);
+    return place == sectionNumbers_.end() ? nullptr : &sections_[place->second];
+}
+
+const Given* References::KeyOf(const Section* section, const std::string& key) const {
+    if (section == nullptr) {
+        return nullptr;
+    }
+    const auto found = std::find_if(section->keys.begin(), section->keys.end(),
+                                    [&](std::size_t number) { return given_[number].key == key; });
+    return found == section->keys.end() ? nullptr : &given_[*found];
+}
+
 const Given* References::Beside(const Given& given, const std::string& key) const {
-    const auto found = std::find_if(given_.begin(), given_.end(), [&](const Given& each) {
-        return each.module == given.module && each.section == given.section && each.key == key;
-    });
-    return found == given_.end() ? nullptr : &*found;
+    return KeyOf(FindSection(given.module, given.section), key);
 }
 
 std::optional<std::int64_t> References::NumberOf(const Given& given) {
@@ -81,52 +112,65 @@ bool References::Counts(const HandleRule& rule, const Given& given) const {
     return bound != nullptr && NumberOf(*bound) == rule.number;
 }
 
-std::vector<Target> References::Targets(TargetKind kind, const char* module) const {
-    std::vector<Target> targets;
+Target References::MakeTarget(const TargetRow& row, const Given& given, std::int64_t handle) const {
+    Target target = {.given = &given,
+                     .row = &row,
+                     .handle = handle,
+                     .hasParentHandle = false,
+                     .parentHandle = std::nullopt,
+                     .isEnabled = row.enable == nullptr || IsTrue(Beside(given, row.enable))};
+    const Section* parent = FindSection(given.module, ParentSection(given.section));
+    for (const char* key : {"vpsshdl", "vcappipehdl", "handle"}) {
+        const Given* number = KeyOf(parent, key);
+        if (number != nullptr) {
+            target.hasParentHandle = true;
+            target.parentHandle = NumberOf(*number);
+            break;
+        }
+    }
+    return target;
+}
+
+const std::vector<Target>& References::Targets(TargetKind kind, const char* module) const {
+    const auto [place, isNew] = targets_.try_emplace({kind, module});
+    std::vector<Target>& targets = place->second;
     for (const TargetRow& row : TargetRows()) {
-        if (row.kind != kind) {
+        if (!isNew || row.kind != kind) {
             continue;
         }
         for (const Given* given : Find(module, row.section, row.key)) {
             const std::optional<std::int64_t> handle = NumberOf(*given);
             if (handle.has_value()) {
-                const bool isEnabled = row.enable == nullptr || IsTrue(Beside(*given, row.enable));
-                targets.push_back(
-                    {.given = *given, .row = &row, .handle = *handle, .isEnabled = isEnabled});
+                targets.push_back(MakeTarget(row, *given, *handle));
             }
         }
     }
     return targets;
 }
 
-std::optional<std::int64_t> References::ParentHandle(const HandleRule& rule,
-                                                     const Given& given) const {
-    const Given* parent = Beside(given, Numbered(rule.parent, given.key));
-    return parent == nullptr ? std::nullopt : NumberOf(*parent);
+std::vector<const Target*> References::TargetsOf(const HandleRule& rule, const Given& given) const {
+    const bool isSibling = rule.parent != nullptr && std::string_view(rule.parent) == ".";
+    const Given* parent = rule.parent == nullptr || isSibling
+                              ? nullptr
+                              : Beside(given, Numbered(rule.parent, given.key));
+    const std::optional<std::int64_t> wanted = parent == nullptr ? std::nullopt : NumberOf(*parent);
+    std::vector<const Target*> targets;
+    for (const Target& target : Targets(rule.target, rule.targetModule)) {
+        const std::string& section = target.given->section;
+        const bool isRight =
+            isSibling
+                ? ParentSection(section) == ParentSection(given.section) && section != given.section
+                : !wanted.has_value() || !target.hasParentHandle || target.parentHandle == wanted;
+        if (isRight) {
+            targets.push_back(&target);
+        }
+    }
+    return targets;
 }
 
-std::vector<Target> References::TargetsOf(const HandleRule& rule, const Given& given) const {
-    std::vector<Target> targets = Targets(rule.target, rule.targetModule);
-    if (rule.parent == nullptr) {
-        return targets;
-    }
-    if (std::string_view(rule.parent) == ".") {
-        std::erase_if(targets, [&](const Target& target) {
-            return ParentSection(target.given.section) != ParentSection(given.section) ||
-                   target.given.section == given.section;
-        });
-        return targets;
-    }
-    const std::optional<std::int64_t> wanted = ParentHandle(rule, given);
-    std::erase_if(targets, [&](const Target& target) {
-        const std::string section = ParentSection(target.given.section);
-        const auto parent = std::find_if(given_.begin(), given_.end(), [&](const Given& each) {
-            return each.module == target.given.module && each.section == section &&
-                   (each.key == "vpsshdl" || each.key == "vcappipehdl" || each.key == "handle");
-        });
-        return wanted.has_value() && parent != given_.end() && NumberOf(*parent) != wanted;
-    });
-    return targets;
+bool IsSame(const Given& a, const Given& b) {
+    const std::optional<std::int64_t> number = References::NumberOf(a);
+    return number.has_value() ? number == References::NumberOf(b) : a.text == b.text;
 }
 
 }  // namespace paramgen::check

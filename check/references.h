@@ -1,12 +1,15 @@
 /// Values that name each other, as a tree has them.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "check/inspection.h"
 #include "check/reference_rules.h"
+#include "compile/compilation.h"
 
 namespace paramgen::check {
 
@@ -22,16 +25,21 @@ struct Given {
 
 /// Something that has a handle.
 struct Target {
-    Given given;
+    const Given* given;
     const TargetRow* row;
     std::int64_t handle;
+    bool hasParentHandle;  ///< what the section two levels up describes has a handle as well:
+    std::optional<std::int64_t> parentHandle;  ///< this one; none when it is no number
     bool isEnabled;
 };
 
 /// All that is read in a tree, to be looked up by patterns.
 class References {
 public:
-    explicit References(const Inspection& inspection);
+    /// Takes what a run has asked for and found.
+    explicit References(const compile::Compilation& run);
+    References(const References&) = delete;
+    References& operator=(const References&) = delete;
 
     /// The keys that are there and match, in the order in which loaders ask for them.
     std::vector<const Given*> Find(const char* module, const char* section, const char* key) const;
@@ -45,17 +53,33 @@ public:
     /// The number behind a key; none when it is no number.
     static std::optional<std::int64_t> NumberOf(const Given& given);
 
-    /// The targets of a kind in the modules that match.
-    std::vector<Target> Targets(TargetKind kind, const char* module) const;
+    /// The targets of a kind in the modules that match. They live as long as this.
+    const std::vector<Target>& Targets(TargetKind kind, const char* module) const;
 
     /// Those of them that a key may name: of the right parent, where it names one.
-    std::vector<Target> TargetsOf(const HandleRule& rule, const Given& given) const;
+    std::vector<const Target*> TargetsOf(const HandleRule& rule, const Given& given) const;
 
 private:
-    std::optional<std::int64_t> ParentHandle(const HandleRule& rule, const Given& given) const;
+    /// The keys of one section of a module, by their numbers in `given_`.
+    struct Section {
+        std::string module;
+        std::string name;
+        std::vector<std::size_t> keys;
+    };
+
+    void Add(const compile::Answer& answer);
+    const Section* FindSection(const std::string& module, const std::string& name) const;
+    const Given* KeyOf(const Section* section, const std::string& key) const;
+    Target MakeTarget(const TargetRow& row, const Given& given, std::int64_t handle) const;
 
     std::vector<Given> given_;
+    std::vector<Section> sections_;
+    std::unordered_map<std::string, std::size_t> sectionNumbers_;  ///< by "module/section"
+    mutable std::map<std::pair<TargetKind, std::string>, std::vector<Target>> targets_;
 };
+
+/// Whether two values are the same: as numbers, or where the first is none, as texts.
+bool IsSame(const Given& a, const Given& b);
 
 /// The section two levels up: "vpss.0" of "vpss.0.vport.1".
 std::string ParentSection(const std::string& section);

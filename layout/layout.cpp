@@ -23,12 +23,13 @@ std::string KeyText(const KeyName& name) {
     return Lower(Text(name));
 }
 
-/// All lists of this room. There is one object, made on the first call.
+/// All lists of this room. There is one object, made on the first call. It is never destroyed: that
+/// would take as long as much of a run.
 class Layout {
 public:
     static const Layout& Get() {
-        static const Layout layout;
-        return layout;
+        static const Layout* const layout = new Layout;
+        return *layout;
     }
 
     std::vector<Value> values;
