@@ -1,4 +1,4 @@
-"""Thousands of product variants, made by ninja."""
+"""The images of thousands of product variants, made by ninja."""
 
 import os
 import pathlib
@@ -14,7 +14,7 @@ EMPTY = tools.BUILT["host-static"] / "empty_host_static"
 
 
 def make_variants(directory, count):
-    """Products that differ in their model; files that they share are one file with many names."""
+    """Writes products that differ in their model only. Their equal files are hard links."""
     example = tools.ROOT / "examples/dashcam"
     files = [file.relative_to(example) for file in example.rglob("*.ini")]
     own = (example / "devmng.ini").read_text()
@@ -30,7 +30,7 @@ def make_variants(directory, count):
 
 
 def write_build_file(directory, name, program, output, count):
-    """A build file whose edges each run `program` in a variant's directory."""
+    """Writes a build file that runs `program` in each variant's directory."""
     lines = [f"rule run\n  command = cd $dir && exec {program} >/dev/null\n"]
     for number in range(count):
         variant = f"variant{number}"
@@ -39,7 +39,7 @@ def write_build_file(directory, name, program, output, count):
 
 
 def timed_ninja(directory, name):
-    """Seconds that ninja takes with two jobs, on the wall and of all processors."""
+    """Wall time and CPU time of ninja with two jobs, in seconds."""
     before = resource.getrusage(resource.RUSAGE_CHILDREN)
     start = time.monotonic()
     subprocess.run(["ninja", "-j2", "-f", name], cwd=directory, check=True, capture_output=True)
@@ -49,7 +49,7 @@ def timed_ninja(directory, name):
 
 
 def check_variants(directory, count):
-    """Every image is there, and holds its own model."""
+    """Checks that every image exists and contains the variant's model."""
     for number in range(count):
         image = (directory / f"variant{number}" / "param.bin").read_bytes()
         if len(image) != 29928 or f"V{number} X4".encode() not in image:

@@ -1,11 +1,11 @@
-"""One file of many keys: loaded, and asked for every key as an integer."""
+"""One file of many keys: it is loaded, and every key is queried as an integer."""
 
 import random
 
 import tools
 
 KEYS_PER_SECTION = 20
-# Asked for in steps of a large prime, keys are all over the file.
+# Queries in steps of a large prime are spread all over the file.
 SCATTERED = 611953
 
 READERS = {
@@ -26,7 +26,7 @@ TEXTS = ("enabled", "off", "main stream", "sensor_a", "/mnt/card/movie", "H.265 
 
 
 class KeyFile:
-    """A file of keys as a product might have them: sections, comments, numbers, some texts."""
+    """A file of keys like a product's: sections, comments, numbers, some texts."""
 
     def __init__(self, directory, keys):
         self.keys = keys
@@ -63,7 +63,7 @@ class KeyFile:
                 str(KEYS_PER_SECTION), str(step)]
 
     def run(self, reader, step=1):
-        """Nanoseconds of loading and of asking, and the peak of the memory in bytes."""
+        """Times of loading and of querying in nanoseconds, and the peak memory in bytes."""
         helper = str(tools.BUILT["release"] / "peak_memory")
         stdout, stderr = tools.output_of([helper, *self.command(reader, step)], self.path.parent)
         loading, asking, total = map(int, stdout.split())
@@ -73,7 +73,7 @@ class KeyFile:
 
 
 def measure(file, readers, rounds):
-    """Of every reader, rounds in turn: loading, asking, both (in nanoseconds), and memory."""
+    """Of every reader, in turn: times of loading, querying and both in nanoseconds, and memory."""
     runs = {reader: [] for reader in readers}
     for _ in range(rounds):
         for reader in readers:
@@ -103,7 +103,7 @@ def print_readers(file, rounds):
 
 
 def print_comparison(directory, short):
-    """Our configuration access beside other readers."""
+    """Configuration access compared with other readers."""
     for keys, rounds in (SHORT_ROUNDS if short else ROUNDS).items():
         print_readers(KeyFile(directory, keys), rounds)
     print("targets, besides those in the table (at 100,000 keys): at 100,000 keys 25 times the floor;"
@@ -111,19 +111,19 @@ def print_comparison(directory, short):
 
 
 def time_per_key(file, step):
-    """In nanoseconds. A long run is held up more often than a short one, so not the median."""
+    """The best time in nanoseconds. Not the median: other work delays a long run more often."""
     runs = [file.run("paramgen", step) for _ in range(min(101, max(7, 300000 // file.keys)))]
     return tools.undisturbed([loading + asking for loading, asking, _ in runs]) / file.keys
 
 
 def instructions_per_key(file):
-    """With the libc of the static program: the other resolves its functions while it runs."""
+    """With the static program's libc: a dynamic one resolves its functions while it runs."""
     return tools.count_instructions(file.command("paramgen_musl"), file.path.parent,
                                     only=("BenchLoad", "BenchSum")) / file.keys
 
 
 def print_growth(directory, short):
-    """How the cost of a key grows with their number."""
+    """How the cost of a key grows with the number of keys."""
     rows, costs = [], {}
     for keys in SHORT_ROUNDS if short else ROUNDS:
         file = KeyFile(directory, keys)
@@ -149,7 +149,7 @@ def instructions_of_loading(entry, keys=0):
 
 
 def many_modules(directory, count):
-    """The entry file of so many modules, all of one short file."""
+    """An entry file with many modules, all of one short file."""
     (directory / "module.ini").write_text("[s]\nkey = 1\n")
     lines = ["[module]", f"module_num = {count}"]
     lines += [f"module{number} = m{number}" for number in range(1, count + 1)]
@@ -160,7 +160,7 @@ def many_modules(directory, count):
 
 
 def keys_of_two(directory, bits, zero, one):
-    """An entry file of keys whose names write their numbers with two characters."""
+    """An entry file of keys whose names are binary numbers, written with two characters."""
     names = [f"{number:0{bits}b}".replace("0", zero).replace("1", one) for number in range(2**bits)]
     (directory / "module.ini").write_text("[s]\nkey = 1\n")
     entry = directory / "crafted.ini"
@@ -170,7 +170,7 @@ def keys_of_two(directory, bits, zero, one):
 
 
 def print_hostile(directory, short):
-    """Many modules, and keys that were made for one hash, by instructions: times would tell the same."""
+    """Many modules, and keys that are crafted to collide, in instructions."""
     few, many = (10, 80) if short else (1000, 8000)
     costs = {count: instructions_of_loading(many_modules(directory, count)) / count
              for count in (few, many)}

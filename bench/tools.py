@@ -1,4 +1,4 @@
-"""What the parts of bench/run share: builds, runs, medians, instructions, tables."""
+"""Helpers of bench/run: builds, runs, medians, instructions, tables."""
 
 import pathlib
 import re
@@ -15,7 +15,7 @@ def need_packages(packages):
 
 
 def build(preset, targets):
-    """Builds in the preset's directory; what else is there stays as it is."""
+    """Builds targets in the preset's build directory."""
     for command in (["cmake", "--preset", preset, "-DPARAMGEN_BENCH=ON"],
                     ["cmake", "--build", f"build/{preset}", "--target", *targets]):
         run = subprocess.run(command, cwd=ROOT, capture_output=True, text=True)
@@ -24,7 +24,7 @@ def build(preset, targets):
 
 
 def output_of(command, directory):
-    """Standard output and standard error of a run that has to succeed."""
+    """Standard output and standard error of a run that must succeed."""
     run = subprocess.run(command, cwd=directory, capture_output=True, text=True)
     if run.returncode != 0:
         raise SystemExit(f"{command} failed: {run.returncode}\n{run.stdout[-500:]}{run.stderr}")
@@ -32,7 +32,7 @@ def output_of(command, directory):
 
 
 def count_instructions(command, directory, only=(), record=None):
-    """Instructions in user space, of the whole run or only inside some functions."""
+    """Number of instructions in user space, of the whole run or only inside some functions."""
     out = f"--callgrind-out-file={record or '/dev/null'}"
     collect = [f"--toggle-collect={function}" for function in only]
     _, told = output_of(["valgrind", "--tool=callgrind", out, *collect, *command], directory)
@@ -44,12 +44,12 @@ def median(values):
 
 
 def undisturbed(values):
-    """The time that a tenth of the runs stays below: what a busy machine has not held up."""
+    """The tenth percentile of the times: these runs were hardly delayed by other work."""
     return sorted(values)[len(values) // 10]
 
 
 def print_table(title, head, rows):
-    """Prints a table as Markdown has it: the first column to the left, the others to the right."""
+    """Prints a Markdown table, with the first column left-aligned and the others right-aligned."""
     rows = [[str(cell) for cell in row] for row in [head, *rows]]
     widths = [max(len(row[column]) for row in rows) for column in range(len(head))]
     lines = [[cell.ljust(width) if column == 0 else cell.rjust(width)

@@ -7,7 +7,7 @@ import subprocess
 
 import tools
 
-# A way of linking, and the preset that builds it.
+# Ways of linking, and the preset of each.
 WAYS = {
     "host_static": "host-static",
     "static": "release",
@@ -25,7 +25,7 @@ NAMES = {
 
 
 class Product:
-    """A copy of the example product, and how the programs are run on it."""
+    """A copy of the example product, and runs of programs on it."""
 
     def __init__(self, directory):
         self.directory = directory / "product"
@@ -46,7 +46,7 @@ class Product:
                 [self.program("empty", way)]]
 
     def times(self, ways, output, rounds):
-        """The wall times in nanoseconds: of every way, those of each of its commands."""
+        """The wall times in nanoseconds of each command of every way of linking."""
         commands = [command for way in ways for command in self.commands(way)]
         race = [str(tools.BUILT["release"] / "race"), str(rounds), str(output), *commands[0]]
         for command in commands[1:]:
@@ -56,7 +56,7 @@ class Product:
         return [columns[first:first + 3] for first in range(0, len(columns), 3)]
 
     def system_calls(self, command):
-        """How many there are, and how many of them write to standard output, a file."""
+        """Number of system calls, and of those that write to standard output, a file."""
         trace = self.directory / "trace"
         with open(self.output, "w") as output:
             subprocess.run(["strace", "-o", trace, *command], cwd=self.directory, stdout=output,
@@ -118,14 +118,14 @@ def print_whole_run(directory, short):
 
 
 def plain_name(function, names):
-    """Without namespaces and arguments. An address is what callgrind gives two names' place."""
+    """A function's name without namespaces and arguments."""
     if function.startswith("0x"):
         return names.get(int(function, 16), function)
     return re.sub(r"paramgen::|\(anonymous namespace\)::|(?<=\w)\(.*", "", function)
 
 
 def print_profile(directory, short):
-    """Where the instructions of a whole run go, by function."""
+    """The instructions of a whole run, by function."""
     product = Product(directory)
     record = product.directory / "profile"
     command = product.commands("host_static")[0]

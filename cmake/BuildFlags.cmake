@@ -1,4 +1,4 @@
-# What everything is compiled with.
+# Compiler and linker options.
 
 add_library(paramgen_flags INTERFACE)
 target_compile_options(paramgen_flags INTERFACE
@@ -7,13 +7,13 @@ target_compile_options(paramgen_flags INTERFACE
   -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>)
 
-# The directory that something is built in leaves no trace in it: the same sources give the same bytes
-# everywhere. (Debuggers want the real directory.)
+# Reproducible builds: the name of the build directory is not in the objects. Debug builds keep it for
+# debuggers.
 target_compile_options(paramgen_flags INTERFACE
   $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>
   $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
 
-# What the program itself is compiled with besides: it brings no C++ runtime library along.
+# Options of the program itself, which needs no C++ runtime library.
 add_library(paramgen_program_flags INTERFACE)
 target_link_libraries(paramgen_program_flags INTERFACE paramgen_flags)
 target_compile_options(paramgen_program_flags INTERFACE
@@ -34,26 +34,26 @@ if(PARAMGEN_STATIC STREQUAL "AUTO")
 endif()
 
 if(PARAMGEN_FUZZERS)
-  # What fuzzers are steered by, in all rooms. Comparisons are not traced: the dictionaries of the
-  # targets have what they would tell, and the tracing takes a third of the time.
+  # Coverage feedback for fuzzers, in all rooms. Comparisons are not traced: that would take a third of
+  # the time, and the targets have dictionaries.
   set(PARAMGEN_STEERING_OPTIONS -fsanitize-coverage=inline-8bit-counters,pc-table)
   target_compile_options(paramgen_program_flags INTERFACE ${PARAMGEN_STEERING_OPTIONS})
 endif()
 
 set(PARAMGEN_STACK_PROTECTOR "-fstack-protector-strong" CACHE STRING
   "How functions with buffers are guarded")
-# Hardening: docs/security.md tells what it is worth, scripts/check-hardening that it is there.
+# Hardening: docs/security.md describes it, scripts/check-hardening checks it.
 target_compile_options(paramgen_program_flags INTERFACE
   ${PARAMGEN_STACK_PROTECTOR} -Werror=format-security -Werror=format-nonliteral)
 target_link_options(paramgen_program_flags INTERFACE
   -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
-if(NOT PARAMGEN_SANITIZERS)  # they look at more; and it takes optimisation
+if(NOT PARAMGEN_SANITIZERS)  # sanitizers check more; and fortify needs optimisation
   target_compile_options(paramgen_program_flags INTERFACE
     $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
 endif()
 
-# What the companion is compiled with. (Optimising, gcc 12 sees texts overlap in std::string's own
-# operator+.)
+# Options of the companion. -Wno-restrict, because gcc 12 warns of overlapping copies in std::string's
+# own operator+ when it optimises.
 add_library(paramgen_companion_flags INTERFACE)
 target_link_libraries(paramgen_companion_flags INTERFACE paramgen_flags)
 target_compile_options(paramgen_companion_flags INTERFACE
@@ -69,7 +69,7 @@ if(PARAMGEN_SANITIZERS)
   add_compile_options(-fsanitize=${PARAMGEN_SANITIZERS} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    add_compile_options(-fno-sanitize=function)  # takes type information, which does not ship
+    add_compile_options(-fno-sanitize=function)  # needs RTTI, which the program is compiled without
   endif()
   add_link_options(-fsanitize=${PARAMGEN_SANITIZERS})
 endif()
@@ -78,17 +78,19 @@ if(PARAMGEN_COVERAGE)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     message(FATAL_ERROR "PARAMGEN_COVERAGE counts conditions as they stand in the source: it takes clang")
   endif()
-  # Only what ships is counted. Atomic, since threads count too.
+  # Only shipped code is counted. Counters are atomic because tests use threads.
   set(profiles "-fprofile-instr-generate=${PROJECT_BINARY_DIR}/profiles/%4m.profraw")
   set(PARAMGEN_COVERAGE_OPTIONS ${profiles} -fcoverage-mapping -fprofile-update=atomic)
   target_compile_options(paramgen_program_flags INTERFACE ${PARAMGEN_COVERAGE_OPTIONS})
   add_link_options(${profiles})
 endif()
 
-# The release program is optimised as a whole where the toolchain can: rooms are small libraries that
-# call each other thousands of times. (What is cross-compiled says so in its toolchain file.)
+# Whole-program optimisation of the release program, where the toolchain has it: rooms are small
+# libraries that call each other thousands of times. Toolchain files for cross-compiling decide for
+# themselves.
 set(PARAMGEN_WHOLE_PROGRAM OFF)
-# The C compiler links the objects of both languages, so that both have to be of one make.
+# The C compiler links the objects of both languages, so both compilers must be of the same make and
+# version.
 if(NOT CMAKE_CROSSCOMPILING AND CMAKE_C_COMPILER_ID STREQUAL CMAKE_CXX_COMPILER_ID
    AND CMAKE_C_COMPILER_VERSION VERSION_EQUAL CMAKE_CXX_COMPILER_VERSION)
   include(CheckIPOSupported)

@@ -1,5 +1,5 @@
-# Writes OUTPUT, a C++ source that defines strings with what files hold: for each NAME=FILE[,FILE...]
-# in STRINGS the files' texts, one behind the other.
+# Writes OUTPUT, a C++ source that defines strings with the contents of files: for each
+# NAME=FILE[,FILE...] in STRINGS the files' texts, concatenated.
 #   cmake -DOUTPUT=... -DHEADER=... -DNAMESPACE=... "-DSTRINGS=a=b.html;c=d.js,e.js" -P Embed.cmake
 set(text "#include \"${HEADER}\"\n\nnamespace ${NAMESPACE} {\n")
 foreach(string IN LISTS STRINGS)

@@ -1,4 +1,4 @@
-# What is installed, and where. Components: generator (paramgen, its pages), tool (paramtool, its pages,
+# Install rules. Components: generator (paramgen, its manual pages), tool (paramtool, its manual pages,
 # completions), dev (CMake package, header, layout), doc (reference, example, documents).
 include(GNUInstallDirs)
 set(PARAMGEN_ZSH_COMPLETIONS "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE STRING
@@ -8,8 +8,8 @@ find_program(PARAMGEN_GZIP gzip)
 mark_as_advanced(PARAMGEN_GZIP)
 
 # paramgen_man_page(<file> COMPONENT <component>)
-# Installs a page of the manual, compressed where there is gzip. Without a path it is made from
-# docs/man/<page>.in; with one it is the output of a custom command.
+# Installs a manual page, compressed if there is gzip. A <file> without a path is made from
+# docs/man/<page>.in; one with a path is the output of a custom command.
 function(paramgen_man_page file)
   cmake_parse_arguments(PAGE "" "COMPONENT" "" ${ARGN})
   cmake_path(GET file FILENAME name)
@@ -36,7 +36,7 @@ paramgen_man_page(paramgen-tree.5 COMPONENT generator)
 paramgen_man_page(paramgen-image.5 COMPONENT generator)
 
 # paramgen_written_by_paramtool(<file> <argument>...)
-# Lets paramtool write a file, which is made anew when paramtool is.
+# Adds a file that paramtool writes; it is written again when paramtool changes.
 function(paramgen_written_by_paramtool file)
   cmake_path(GET file PARENT_PATH directory)
   file(MAKE_DIRECTORY "${directory}")

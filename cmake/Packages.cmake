@@ -1,5 +1,5 @@
-# Packages, made by cpack: paramgen, paramtool and paramgen-dev for Debian, and one archive with all.
-# scripts/package makes them so that the same sources give the same bytes.
+# Packages, made by cpack: paramgen, paramtool and paramgen-dev for Debian, and one archive with all files.
+# scripts/package makes them reproducible.
 set(CPACK_PACKAGE_NAME paramgen)
 set(CPACK_PACKAGE_VENDOR "The paramgen authors")
 set(CPACK_PACKAGE_CONTACT "The paramgen authors <paramgen@debian.invalid>")

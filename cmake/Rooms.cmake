@@ -1,9 +1,8 @@
-# Rooms: the program's layers, one static library each. A room may include and call what it uses,
-# directly or through others, and nothing else; the configure step refuses an arrow back.
+# Rooms: the program's layers, one static library each. A room may include and call only the rooms that
+# it uses, directly or through others; the configure step fails otherwise.
 #
-# The program's rooms are compiled a second time for its companion, with PARAMGEN_DESCRIBED: rows of
-# field tables then carry their descriptions, and what happens in a run can be watched. Nothing of
-# that is in the program itself.
+# The program's rooms are compiled a second time for the companion, with PARAMGEN_DESCRIBED: rows of
+# field tables then have their notes, and a run can be observed. None of that is in the program itself.
 
 # paramgen_room_files(<directory> <file>...)
 # Sets `target`, `sources` and `headers` for the room of a directory; its sources are all but those files.
@@ -17,7 +16,7 @@ function(paramgen_room_files directory except)
 endfunction()
 
 # paramgen_room(<directory> [USES <directory>...] [EXCEPT <file>...])
-# Makes the library of a room of the program from the sources of its directory, and the library
+# Adds the library of a room of the program from the sources in its directory, and the library
 # <room>_described of its second compilation.
 function(paramgen_room directory)
   cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})
@@ -44,7 +43,7 @@ function(paramgen_room directory)
   target_compile_definitions(${target}_described PUBLIC PARAMGEN_DESCRIBED)
   target_include_directories(${target}_described PUBLIC "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${target}_described PRIVATE paramgen_flags)
-  # Unit tests run this compilation of the loaders; a function that is the same in both counts as one.
+  # Unit tests run this compilation of the loaders; coverage merges functions that are the same in both.
   target_compile_options(${target}_described PRIVATE
     ${PARAMGEN_COVERAGE_OPTIONS} ${PARAMGEN_STEERING_OPTIONS})
   foreach(used IN LISTS ROOM_USES)
@@ -54,8 +53,8 @@ function(paramgen_room directory)
 endfunction()
 
 # paramgen_companion_room(<directory> [USES <directory>...] [LIBRARIES <library>...])
-# Makes the library of a room of the companion, which may use all of C++. Rooms of the program that it
-# uses are those of the second compilation.
+# Adds the library of a room of the companion, which may use all of C++. It uses the second compilation
+# of the program's rooms.
 function(paramgen_companion_room directory)
   cmake_parse_arguments(ROOM "" "" "USES;EXCEPT;LIBRARIES" ${ARGN})
   paramgen_room_files("${directory}" "${ROOM_EXCEPT}")
@@ -86,7 +85,7 @@ function(paramgen_check_includes visible)
     foreach(include IN LISTS includes)
       string(REGEX REPLACE "^[^\"<]*[\"<]([^\">]*)[\">].*" "\\1" header "${include}")
       if(include MATCHES "<" AND NOT EXISTS "${PROJECT_SOURCE_DIR}/${header}")
-        continue()  # of the system
+        continue()  # a system header
       endif()
       get_filename_component(room "${header}" DIRECTORY)
       if(NOT room IN_LIST visible)
@@ -97,7 +96,7 @@ function(paramgen_check_includes visible)
 endfunction()
 
 # paramgen_program(<name> <source>... USES <directory>...)
-# Makes a program that needs nothing but libc: it is linked as a C program is.
+# Adds a program that needs nothing but libc: it is linked by the C compiler.
 function(paramgen_program name)
   cmake_parse_arguments(PROGRAM "" "" "USES" ${ARGN})
   add_executable(${name} ${PROGRAM_UNPARSED_ARGUMENTS})
@@ -109,7 +108,7 @@ function(paramgen_program name)
   target_link_options(${name} PRIVATE -Wl,--gc-sections -Wl,--as-needed)
   target_link_options(${name} PRIVATE
     $<$<BOOL:${PARAMGEN_STATIC}>:-static> $<$<BOOL:${PARAMGEN_STRIP}>:-s>
-    "-Wl,-Map=$<TARGET_FILE:${name}>.map" -Wl,--cref)  # which object refers to what
+    "-Wl,-Map=$<TARGET_FILE:${name}>.map" -Wl,--cref)  # for scripts/check-hardening
   if(PARAMGEN_STRIP AND PARAMGEN_NOTE_SECTIONS AND CMAKE_OBJCOPY)
     list(TRANSFORM PARAMGEN_NOTE_SECTIONS PREPEND --remove-section= OUTPUT_VARIABLE removed)
     add_custom_command(TARGET ${name} POST_BUILD

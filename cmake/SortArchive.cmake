@@ -1,5 +1,5 @@
-# Run by cpack behind packing. Its archives hold files in the order in which the disk has them; packed once
-# more by GNU tar they are the same everywhere.
+# Run by cpack after packing. Its archives list files in the order of the directory on disk; this packs them
+# again with GNU tar, sorted by name.
 if(NOT CPACK_GENERATOR STREQUAL "TGZ" OR NOT DEFINED ENV{SOURCE_DATE_EPOCH})
   return()
 endif()

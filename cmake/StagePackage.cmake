@@ -1,5 +1,5 @@
-# Run by cpack between installing into a staging directory and packing it. Debian's packages get what
-# Debian wants besides; and every file gets the same time, so that packages can be reproduced.
+# Run by cpack between installing into a staging directory and packing it. Adds the files that Debian
+# packages must have, and gives every file the same time, so that packages are reproducible.
 
 # Adds Debian's documents to the staged package in `directory`.
 function(add_debian_documents directory)
@@ -19,7 +19,7 @@ function(add_debian_documents directory)
   file(MAKE_DIRECTORY "${directory}/usr/share/lintian/overrides")
   file(COPY_FILE "${CPACK_PARAMGEN_SOURCE}/packaging/debian/lintian-overrides"
     "${directory}/usr/share/lintian/overrides/${package}")
-  # Debian's zsh looks in a place of its own for what packages bring.
+  # Debian's zsh searches another directory for completions of packages.
   set(zsh "${directory}/usr/share/zsh")
   if(EXISTS "${zsh}/site-functions")
     file(RENAME "${zsh}/site-functions" "${zsh}/vendor-completions")
@@ -35,7 +35,7 @@ if(CPACK_GENERATOR STREQUAL "DEB")
   endforeach()
 endif()
 
-# What was copied has the permissions of who built, which depend on a umask.
+# Copied files have permissions that depend on the umask.
 execute_process(COMMAND chmod -R u=rwX,go=rX "${staged}" COMMAND_ERROR_IS_FATAL ANY)
 
 if(DEFINED ENV{SOURCE_DATE_EPOCH})

@@ -4,15 +4,14 @@
 
 #include "safestr/short_text.h"
 
-// Thousands of keys are hashed and compared: by words, that takes a third of the time.
+// Texts are hashed and compared a word at a time, which takes a third of the time that bytes take.
 
 namespace paramgen {
 namespace {
 
-/// The word with the bytes from 'A' to 'Z' in lower case.
+/// Returns `word` with all upper-case letters in lower case.
 Word ToLower(Word word) {
-    // What is added to the low seven bits of a byte carries into its top bit from 'A' on, and from
-    // behind 'Z' on.
+    // The additions set the top bit of a byte whose low seven bits are at least 'A', or above 'Z'.
     const Word low = word & EachByte(0x7F);
     const Word fromA = low + EachByte(0x80 - 'A');
     const Word behindZ = low + EachByte(0x7F - 'Z');
@@ -24,7 +23,7 @@ bool IsSame(Word a, Word b) {
     return a == b || ToLower(a) == ToLower(b);
 }
 
-/// Twice as many bits as a word has.
+/// An integer with twice as many bits as a word.
 #ifdef __SIZEOF_INT128__
 __extension__ using DoubleWord = unsigned __int128;
 #else
@@ -32,13 +31,14 @@ using DoubleWord = std::uint64_t;
 #endif
 static_assert(sizeof(DoubleWord) == 2 * sizeof(Word));
 
-/// What hashes depend on besides the texts.
+/// The random seed of all hashes of a process.
 struct Secret {
     Word start;
     Word factor;
 };
 
-/// Made of random bytes that the system gives each process at its start: it takes no system call.
+/// Makes a secret of the random bytes that the kernel gives each process at its start. Needs no
+/// system call.
 Secret NewSecret() noexcept {
     Secret secret = {.start = 0, .factor = static_cast<Word>(0x9E3779B97F4A7C15U)};
     const unsigned long address = getauxval(AT_RANDOM);  // of 16 bytes
@@ -55,8 +55,8 @@ Secret NewSecret() noexcept {
 const Secret g_secret = NewSecret();
 
 Word Mix(Word hash, Word word) {
-    // Of a product's lower half alone, the low bits would depend on low bits alone, whatever the
-    // factor: a difference in high bits could be made up for by the next word.
+    // Both halves of the product are used: the low bits of its lower half depend only on the low
+    // bits of the word, whatever the factor is, so that the next word could cancel a difference.
     const DoubleWord product = DoubleWord{hash ^ word} * g_secret.factor;
     return static_cast<Word>(product) ^ static_cast<Word>(product >> (8 * sizeof(Word)));
 }

@@ -8,7 +8,7 @@
 namespace paramgen {
 namespace {
 
-/// The size of a piece behind which the next one is aligned.
+/// Rounds a size up, so that the next piece is aligned.
 std::size_t Aligned(std::size_t size) {
     constexpr std::size_t kAlignment = 8;
     return (size + kAlignment - 1) / kAlignment * kAlignment;
@@ -30,8 +30,8 @@ void Arena::FreeChunksUpTo(const Chunk* last) {
 }
 
 void Arena::BackTo(const Mark& mark) {
-    // What is given out again is to be zeros. If another chunk has been begun, all that was left of
-    // this one may have been used.
+    // Zero the memory that was used after the mark. If another chunk was begun since, that may be
+    // all of the rest of this chunk.
     const bool isSameChunk = at_ + left_ == mark.at + mark.left;
     FreeChunksUpTo(mark.chunks);
     if (mark.left != 0) {
@@ -41,7 +41,8 @@ void Arena::BackTo(const Mark& mark) {
     left_ = mark.left;
 }
 
-/// Returns `size` new bytes behind a chunk's head, or null. `flags` are of mmap.
+/// Allocates a chunk and returns the `size` bytes behind its header; null when memory runs out.
+/// `flags` are additional flags for mmap.
 char* Arena::NewChunk(std::size_t size, int flags) {
     const std::size_t whole = sizeof(Chunk) + size;
     void* memory =
@@ -57,16 +58,16 @@ char* Arena::NewChunk(std::size_t size, int flags) {
 
 void* Arena::Take(std::uint64_t size) {
     last_ = nullptr;
-    if (size > SIZE_MAX / 2) {  // no system gives so much
+    if (size > SIZE_MAX / 2) {  // more than any system has; the sums below cannot overflow
         return nullptr;
     }
     const std::size_t taken = Aligned(static_cast<std::size_t>(size));
     if (taken > left_ && taken > kChunkSize / 4) {
-        return NewChunk(taken, 0);  // the rest of the present one serves smaller pieces
+        return NewChunk(taken, 0);  // the rest of the current chunk remains for smaller pieces
     }
     if (taken > left_) {
-        // With all of its pages at once: that costs less than each when it is touched first. Of a
-        // large piece much may never be touched.
+        // Map all pages at once, which costs less than a page fault for each. Not for large pieces:
+        // much of one may never be touched.
         char* chunk = NewChunk(kChunkSize, MAP_POPULATE);
         if (chunk == nullptr) {
             return nullptr;

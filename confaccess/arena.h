@@ -54,7 +54,7 @@ private:
     void FreeChunksUpTo(const Chunk* last);
 
     Chunk* chunks_ = nullptr;
-    char* at_ = nullptr;  ///< what is left of the chunk that pieces are cut from
+    char* at_ = nullptr;  ///< the unused rest of the current chunk
     std::size_t left_ = 0;
     char* last_ = nullptr;  ///< the last piece, if it was cut from there
 };

@@ -20,8 +20,9 @@ bool IsFalseExpression(bool holds, const char* function, CheckLine line, const c
 
 namespace {
 
-/// Whether `text` has too many characters for a buffer of `size` bytes, which is that of the limit
-/// `kind`; tells so. The message is put together from few texts, which keeps the program small.
+/// Returns whether `text` has too many characters for a buffer of `size` bytes; if so, prints a
+/// message. `kind` is the middle of the limit's name. All messages share one format, which keeps
+/// the program small.
 bool IsLong(std::string_view text, std::size_t size, const char* function, CheckLine line,
             const char* argument, const char* kind) {
     const bool isLong = text.size() >= size;

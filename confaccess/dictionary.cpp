@@ -7,9 +7,9 @@
 
 namespace paramgen {
 
-/// What a record begins with. Name, value and a NUL follow.
+/// Header of a record. Name, value and a NUL follow.
 struct Dictionary::Record {
-    std::uint32_t section;  ///< the place of its section's record: its own, if it is a section's
+    std::uint32_t section;  ///< place of its section's record; a section's own place
     std::uint16_t nameLength;
     std::uint16_t valueLength : 15;
     std::uint16_t isReplaced : 1;  ///< a later record has the same key
@@ -24,12 +24,11 @@ struct Dictionary::Record {
         return (size + kUnit - 1) / kUnit * kUnit;
     }
 
-    static constexpr std::uint32_t kUnit = 4;  ///< places are multiples of it
+    static constexpr std::uint32_t kUnit = 4;  ///< alignment of places
 };
 
 bool Dictionary::Create(std::string_view text, Arena* arena) {
-    // Each line takes at most what a record takes besides its characters, and so does the section
-    // before the first one, which has no line.
+    // Room for one record per line, for the section before the first one, and for all characters.
     const std::size_t lines = 2 + CountCharacter(text, '\n');
     const std::uint64_t room =
         std::uint64_t{lines} * Record::SizeOf(Record::kUnit - 1) + text.size();
@@ -93,7 +92,7 @@ bool Dictionary::IsKeyAt(std::uint32_t place, std::string_view key) const {
            SameInAnyCase(key.data(), section->Name(), colon);
 }
 
-/// The slot of `key`, or the free one that it would take.
+/// Returns the slot of `key`, or the free slot where the search ends.
 Dictionary::Slot* Dictionary::FindSlot(std::string_view key, std::uint32_t hash) const {
     for (std::uint32_t at = hash & slotMask_;; at = (at + 1) & slotMask_) {
         Slot* slot = slots_ + at;
@@ -116,7 +115,7 @@ void Dictionary::Index(std::uint32_t place, std::string_view key) {
 
 bool Dictionary::Finish(Arena* arena) {
     arena->KeepOfLast(records_, end_);
-    // At most three quarters of the slots are taken.
+    // The load factor is at most three quarters.
     const std::size_t slots = std::bit_ceil(std::size_t{recordCount_} + recordCount_ / 3 + 1);
     slotMask_ = static_cast<std::uint32_t>(slots - 1);
     placeMask_ = std::bit_ceil(end_ / Record::kUnit) - 1;
@@ -124,7 +123,7 @@ bool Dictionary::Finish(Arena* arena) {
     if (slots_ == nullptr || isFull_) {
         return false;
     }
-    char key[2 * kNameMax + 2];  // it begins with the present section and a colon
+    char key[2 * kNameMax + 2];  // begins with the current section and a colon
     std::size_t afterColon = 1;
     key[0] = ':';
     for (std::uint32_t place = next_; place != end_; place += RecordAt(place)->Size()) {
@@ -132,7 +131,7 @@ bool Dictionary::Finish(Arena* arena) {
         const bool isSection = record->section == place;
         const std::size_t begin = isSection ? 0 : afterColon;
         const std::size_t end = begin + record->nameLength;
-        // There is room for a colon behind it, too.
+        // The capacity leaves room for a colon behind the name.
         if (CopyText(key + begin, sizeof key - 1 - begin, record->Name(), record->nameLength) !=
             0) {
             return false;

@@ -50,8 +50,8 @@ public:
 private:
     struct Record;
 
-    /// The low bits are the place of a key's record, in units of 4 bytes; the others are those of
-    /// the key's hash, which tell most other keys apart. 0: the slot is free.
+    /// The low bits are the place of a key's record, in units of 4 bytes. The others are bits of
+    /// the key's hash, which rule out most other keys without a comparison. 0: the slot is free.
     using Slot = std::uint32_t;
 
     Record* RecordAt(std::uint32_t place) const;
@@ -65,15 +65,15 @@ private:
     std::size_t room_ = 0;  ///< for records, in bytes
     bool isFull_ = false;   ///< a record did not fit
     Slot* slots_ = nullptr;
-    std::uint32_t end_ = 0;      ///< of the records, in bytes, as all places are
-    std::uint32_t section_ = 0;  ///< the place of the present section's record
+    std::uint32_t end_ = 0;      ///< end of the records; places are in bytes from their start
+    std::uint32_t section_ = 0;  ///< place of the current section's record
     std::uint32_t recordCount_ = 0;
     std::uint32_t slotMask_ = 0;   ///< the number of slots, a power of two, less 1
     std::uint32_t placeMask_ = 0;  ///< the bits of a slot that are a record's place
     std::uint32_t count_ = 0;      ///< of keys
 
-    /// The place behind the record found last. Loaders mostly read keys in the order of the file,
-    /// so that two of three look-ups find their key here without a hash.
+    /// Place of the record behind the one found last. Loaders mostly read keys in the order of the
+    /// file, so that two of three look-ups find their key here without a hash.
     mutable std::uint32_t next_ = 0;
 };
 

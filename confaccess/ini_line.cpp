@@ -26,7 +26,7 @@ std::string_view CutAt(std::string_view text, char c) {
     return {text.data(), FindCharacter(text, c)};
 }
 
-/// A name between brackets. What stands after the first ']' is ignored.
+/// Parses a name in brackets. Text after the first ']' is ignored.
 IniLine ParseSection(std::string_view text) {
     text.remove_prefix(1);
     if (text.front() == ']') {
@@ -36,13 +36,14 @@ IniLine ParseSection(std::string_view text) {
         .kind = IniLineKind::kSection, .name = StripEnd(StripStart(CutAt(text, ']'))), .value = {}};
 }
 
-/// A value in quotes goes up to the next quote or the line's end; it has at least one character.
+/// Returns whether a value is quoted: it begins with a quote, and at least one character follows
+/// before the closing quote or the line's end.
 bool IsQuoted(std::string_view value) {
     return value.size() > 1 && (value[0] == '\'' || value[0] == '"') && value[1] != value[0];
 }
 
-/// What stands after the '='. Nothing before a '#' leaves an empty value, and so does a pair of
-/// quotes alone.
+/// Parses the text after the '='. It gives an empty value when there is nothing before a '#', or
+/// only a pair of quotes.
 std::string_view ParseValue(std::string_view text) {
     std::string_view value = StripStart(text);
     if (IsQuoted(value)) {

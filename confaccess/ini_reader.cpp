@@ -14,7 +14,7 @@ namespace {
 
 static_assert(LineReader::kPieceMax <= Dictionary::kNameMax, "what a line names fits");
 
-/// How large a file's text may be to be read without memory from the system.
+/// Texts of up to this size are read into a buffer on the stack.
 constexpr std::size_t kShortText = std::size_t{16} * 1024;
 
 IniError g_lastError = IniError::kNone;
@@ -24,7 +24,7 @@ class Loader {
 public:
     explicit Loader(Dictionary* dictionary) : dictionary_(dictionary) {}
 
-    /// Takes what a line has before its comment.
+    /// Adds the content of a line, which is its text before the comment.
     void Take(std::string_view content) {
         const IniLine line = ParseIniLine(content);
         switch (line.kind) {
@@ -46,8 +46,8 @@ public:
     bool HasErrors() const { return hasErrors_; }
 
 private:
-    /// Begins a section. Without a name it stays what it was, a key already unless it is the one
-    /// before the first.
+    /// Begins a section. "[]" continues the current one; before the first section it adds the
+    /// section with the empty name.
     void OpenSection(std::string_view name) {
         if (name.data() != nullptr || !hasSection_) {
             dictionary_->AddSection(name);
@@ -60,7 +60,7 @@ private:
     bool hasSection_ = false;
 };
 
-/// Takes every line of `text` into the dictionary. Returns false when it is no INI file.
+/// Adds every line of `text` to the dictionary. Returns false when a line is too long or invalid.
 bool TakeLines(std::string_view text, Dictionary* dictionary) {
     Loader loader(dictionary);
     LineReader lines(text);
@@ -74,7 +74,7 @@ bool TakeLines(std::string_view text, Dictionary* dictionary) {
             return false;
         }
         if (!line.hasNewline && AsksForNextLine(line)) {
-            continue;  // there is none
+            continue;  // there is no next line
         }
         loader.Take(line.content);
     }

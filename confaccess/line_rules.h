@@ -1,8 +1,8 @@
-/// The rules of whole lines, which every reader of INI files applies before it parses a line
-/// (`confaccess/ini_line.h`), in this order:
-/// - one that is too short is passed over;
-/// - one that is too long makes the file no INI file;
-/// - the last one, when no newline ends it and it asks for a next line, is passed over.
+/// Rules for whole lines. Every reader of INI files applies them, in this order, before it parses a
+/// line (`confaccess/ini_line.h`):
+/// - a line that is too short is ignored;
+/// - a line that is too long makes the file invalid;
+/// - the last line is ignored when it ends in a backslash and has no newline.
 #pragma once
 
 #include "confaccess/line_reader.h"
@@ -19,7 +19,7 @@ inline bool IsTooLong(const TextLine& line) {
     return line.hasNewline ? false : !line.isLast;
 }
 
-/// Whether a '\' ends a line, which is not too short.
+/// Whether a line ends in a backslash. It must not be too short.
 inline bool AsksForNextLine(const TextLine& line) {
     return line.text.back() == '\\';
 }

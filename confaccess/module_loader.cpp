@@ -125,8 +125,8 @@ Status CONFACCESS_InitModule(ConfigEntry* config, std::int32_t number) {
     return kOk;
 }
 
-/// Whether a module's failure makes the whole configuration invalid; after any other the module is
-/// left out.
+/// Whether a failure of a module makes the whole configuration fail; after any other failure only
+/// the module is left out.
 bool IsFatal(Status status) {
     return status == kOutOfMemory || status == kModuleIncomplete || status == kModuleRepeated;
 }

@@ -11,10 +11,10 @@ namespace paramgen {
 namespace {
 
 constexpr std::int64_t kIntegerMax = std::numeric_limits<std::int32_t>::max();
-constexpr int kNoDigit = 99;  // above every base
+constexpr int kNoDigit = 99;  // larger than every base
 
 int DigitOf(char c) {
-    // Characters before the first of a range wrap around to large numbers.
+    // Characters below the range wrap around to large numbers.
     const unsigned figure = static_cast<unsigned char>(c) - unsigned{'0'};
     if (figure < 10) {
         return static_cast<int>(figure);
@@ -23,7 +23,7 @@ int DigitOf(char c) {
     return letter < 6 ? static_cast<int>(letter) + 10 : kNoDigit;
 }
 
-/// The base that a text in prefixed notation asks for; moves `text` past a "0x".
+/// Returns the base of a number in prefixed notation, and moves `text` past a "0x".
 int TakePrefix(const char** text) {
     const char* at = *text;
     if (at[0] != '0') {
@@ -38,8 +38,8 @@ int TakePrefix(const char** text) {
 
 #ifdef __GLIBC__
 
-/// Whether `text`, an overflowing hexadecimal number behind its "0x", is out of the range that the
-/// target's libc reports: it looks at the exponent and the number of digits before the point alone.
+/// Returns whether the target's libc reports ERANGE for `text`, an overflowing hexadecimal number
+/// behind its "0x". It only considers the exponent and the number of digits before the point.
 bool IsReportedOverflow(const char* text) {
     constexpr std::int64_t kReportedAbove = 1106;
     std::int64_t exponent = 0;
@@ -64,9 +64,10 @@ bool IsReportedOverflow(const char* text) {
     return exponent > kReportedAbove;
 }
 
-/// Makes `errno` what the target's libc leaves after the number at the beginning of `text`, which
-/// is `value`; `before` is what it was before. The two libcs agree but for hexadecimal numbers: the
-/// target's reports neither a small one that is rounded nor one that is just too large.
+/// Sets `errno` to what the target's libc leaves after converting the number at the beginning of
+/// `text`, which is `value`; `before` is `errno` before the conversion. The two libcs differ for
+/// hexadecimal numbers: the target's reports neither rounding of small ones nor overflow of numbers
+/// just above the range.
 void SetErrnoAsOnTheTarget(const char* text, double value, int before) {
     while (IsSpace(*text)) {
         ++text;

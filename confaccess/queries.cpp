@@ -14,8 +14,8 @@
 namespace paramgen {
 namespace {
 
-/// The line of the first check of the string query. Every typed query has the same checks, each as
-/// many lines behind the first one as in the others.
+/// Line number of the first argument check of the string query. All typed queries have the same
+/// checks, at the same distances from the first one.
 constexpr CheckLine kGetStringLine = 377;
 
 std::string_view MeasuredName(const char* name) {
@@ -51,7 +51,7 @@ public:
             status_ = kBadArgument;
             return;
         }
-        // Checked only if something is wrong: registered names are short enough.
+        // Names need no check when the module was found: registered names are short enough.
         const bool isLong = confItem.size() >= QX_CONFACCESS_KEY_MAX_LEN;
         if ((status_ != kOk || isLong) && HasLongArgument(module, confItem, function, firstLine)) {
             status_ = kBadArgument;

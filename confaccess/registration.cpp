@@ -35,8 +35,8 @@ Status CONFACCESS_GetModuleInfo(ConfigEntry* config) {
     return copied ? kOk : kFailed;
 }
 
-/// Fills the entry's lists; called under its lock. `abandoned` tells whether the entry file was
-/// good, so that it was its modules that failed.
+/// Loads the entry file and its modules; called under the configuration's lock. Sets `abandoned`
+/// when the entry file is good but its modules fail.
 Status LoadModules(ConfigEntry* config, bool* abandoned) {
     Status status = CONFACCESS_GetModuleInfo(config);
     if (status == kOk) {

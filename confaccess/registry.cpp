@@ -10,13 +10,13 @@ ListLink g_configs = {.next = &g_configs, .prev = &g_configs};
 
 namespace {
 
-/// Returns whether the entry's name, which is filled up with zeros, is `name`.
+/// Returns whether `name` equals the entry's name, which is zero-filled.
 bool IsName(const char (&entryName)[QX_CONFACCESS_NAME_MAX_LEN], std::string_view name) {
     return name.size() < sizeof entryName && entryName[name.size()] == '\0' &&
            SameCharacters(entryName, name.data(), name.size());
 }
 
-/// Where in the tree the module of that name is, or would be.
+/// Returns the link in the tree that points to the module of that name, or would if there were one.
 ModuleEntry** PlaceOf(ConfigEntry* config, std::string_view name) {
     ModuleEntry** place = &config->moduleTree;
     for (std::uint32_t hash = HashOf(name); *place != nullptr && !IsName((*place)->name, name);

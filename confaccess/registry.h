@@ -29,11 +29,11 @@ struct ConfigEntry : ListLink {
     char cfgName[QX_CONFACCESS_NAME_MAX_LEN];
     char configPath[QX_CONFACCESS_PATH_MAX_LEN];  ///< canonical absolute path of the entry file
     ListLink modules;                             ///< `ModuleEntry`s, newest first
-    ModuleEntry* moduleTree;  ///< the same by name: at each branch two bits of a name's hash decide
+    ModuleEntry* moduleTree;  ///< the same by name: two bits of the name's hash choose each branch
     char entryFile[QX_CONFACCESS_PATH_MAX_LEN];  ///< the path that was parsed
     const Dictionary* entryDictionary;
     pthread_mutex_t lock;  ///< guards the modules and the dictionaries
-    Arena memory;          ///< what the modules and the dictionaries live in
+    Arena memory;          ///< holds the modules and the dictionaries
 };
 
 /// Returns the registered configuration of that name, or null. The registry keeps owning it.

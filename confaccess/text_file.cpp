@@ -10,7 +10,7 @@
 namespace paramgen {
 namespace {
 
-/// The room for a file whose size is not known, at first.
+/// Size of the first buffer for a file of unknown size.
 constexpr std::size_t kFirstRoom = 4096;
 
 /// An open file.
@@ -27,11 +27,11 @@ public:
 
     bool IsOpen() const { return number_ != -1; }
 
-    /// Its size in bytes; 0 or -1 when it does not tell, as a pipe or a file of /proc.
+    /// Its size in bytes; 0 or -1 when it is unknown, as for a pipe or a file of /proc.
     off_t Size() const { return lseek(number_, 0, SEEK_END); }
 
-    /// Reads `size` bytes, or as many as there are, of a sized file from its beginning, of any
-    /// other from where the last call stopped. Returns their number, or -1.
+    /// Reads `size` bytes, or up to the end: of a file with a known size from its beginning, of any
+    /// other from the current position. Returns the number of bytes, or -1.
     ssize_t Read(char* bytes, std::size_t size, bool isSized) const {
         std::size_t total = 0;
         while (total < size) {
@@ -40,7 +40,7 @@ public:
             const ssize_t count = isSized ? pread(number_, to, room, static_cast<off_t>(total))
                                           : read(number_, to, room);
             if (count <= 0) {
-                // A directory opens like a file and fails here.
+                // A directory can be opened, but reading it fails with EISDIR.
                 return count == 0 || errno == EISDIR ? static_cast<ssize_t>(total) : -1;
             }
             total += static_cast<std::size_t>(count);
@@ -54,7 +54,7 @@ private:
 
 /// Reads a file of known size.
 ReadResult ReadSized(const Descriptor& file, off_t size, Arena* arena, Text* text) {
-    // Some directories give a very large size: one byte tells such a directory from a large file.
+    // Some directories report a very large size. Reading one byte tells them from a large file.
     const bool isTooLong = size > off_t{kTextMax};
     const std::size_t most = isTooLong ? 1 : static_cast<std::size_t>(size);
     char* bytes = static_cast<char*>(arena->Take(most));
@@ -69,7 +69,7 @@ ReadResult ReadSized(const Descriptor& file, off_t size, Arena* arena, Text* tex
     return ReadResult::kRead;
 }
 
-/// Reads a file of unknown size, into twice as much room whenever it is full.
+/// Reads a file of unknown size. Doubles the buffer whenever it is full.
 ReadResult ReadUnsized(const Descriptor& file, Arena* arena, Text* text) {
     char* bytes = nullptr;
     std::size_t size = 0;

@@ -1,6 +1,5 @@
-/// What happens in a run, for whoever watches it. The places that can be watched are macros: in the
-/// program nobody watches, and they are gone before it is compiled. In the companion's compilation
-/// they tell a `Watcher`.
+/// Observing a run. The places that can be observed are marked with macros. In the program they
+/// expand to nothing; in the companion's compilation they call a `Watcher`.
 #pragma once
 
 #if defined(PARAMGEN_DESCRIBED)
@@ -13,37 +12,37 @@ namespace paramgen {
 class LockedModule;
 struct ModuleEntry;
 
-/// Watches a run. Its functions are called while the run is under way, and throw nothing.
+/// Observer of a run. Its functions are called during the run and must not throw.
 class Watcher {
 public:
     virtual ~Watcher() = default;
 
-    /// Whether configurations stay registered: to register one again then leaves it as it is, and
-    /// none is released.
+    /// Whether configurations stay registered: registering one again then does nothing, and none is
+    /// released.
     virtual bool KeepsConfigs() const noexcept = 0;
 
-    /// The file of a module was read or, when it has no dictionary, could not be.
+    /// The file of a module was read. When `module` has no dictionary, reading it has failed.
     virtual void FileRead(const ModuleEntry& module) noexcept = 0;
 
-    /// A loader asks for the module `name`. `found` is null when there is none. Returns the module
-    /// that it gets.
+    /// A loader looks up the module `name`. `found` is null when there is none. Returns the module
+    /// that the loader gets.
     virtual ModuleEntry* Module(std::string_view name, ModuleEntry* found) noexcept = 0;
 
-    /// The value of the key that is asked for next goes to `dest`, where it may take `size` bytes.
+    /// The value of the key that is queried next will be stored in the `size` bytes at `dest`.
     virtual void Destination(const void* dest, std::size_t size) noexcept = 0;
 
-    /// A loader asks `module`, which there is, for `key`. `text` is its value; null for a section,
+    /// A loader queries `key` of `module`, which exists. `text` is the value: null for a section,
     /// and `absent` when there is no such key. Returns the value that the loader gets.
     virtual const char* Answer(const LockedModule& module, std::string_view key, const char* text,
                                const char* absent) noexcept = 0;
 };
 
-/// Who watches this process; null: nobody.
+/// The watcher of this process; null when there is none.
 inline Watcher* g_watcher = nullptr;
 
 }  // namespace paramgen
 
-/// Tells the watcher by calling its function; `otherwise` is the result when there is none.
+/// Calls a function of the watcher. `otherwise` is the result without a watcher.
 #define WATCH_(call, otherwise) \
     (::paramgen::g_watcher == nullptr ? (otherwise) : ::paramgen::g_watcher->call)
 
@@ -52,7 +51,7 @@ inline Watcher* g_watcher = nullptr;
 #define WATCH_DESTINATION(dest, size) WATCH_(Destination(dest, size), static_cast<void>(0))
 #define WATCH_ANSWER(module, key, text, absent) WATCH_(Answer(module, key, text, absent), text)
 
-/// Returns `status` from the function that it stands in, when `cfgName` is registered and stays so.
+/// Returns `status` from the calling function when `cfgName` is registered and stays registered.
 #define RETURN_WHERE_CONFIG_STAYS(cfgName, status)                             \
     do {                                                                       \
         if (WATCH_(KeepsConfigs(), false) && FindConfig(cfgName) != nullptr) { \

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::uint32_t kLevelMax = kConsoleDebug;
 
-/// What a record's prefix says of its level.
+/// The level in a record's prefix.
 constexpr std::string_view kLevelTexts[kLevelMax + 1] = {
     "\033[1;35mFATAL\033[m-",  // bold magenta
     "-",                       // level 1 has no name
@@ -38,14 +38,14 @@ const char* OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
 }
 
-/// The maximal length of module tag and function name together for a record that is put together in
-/// the buffer. The rest of a prefix always fits beside them.
+/// Maximal length of module tag and function name together in a record that is formatted in the
+/// buffer. With them the rest of a prefix always fits.
 constexpr std::size_t kNamesMax = 400;
 static_assert(sizeof "\033[m[hh:mm:ss:mmm \033[1;35mFATAL\033[m-]:[4294967295]:" + kNamesMax <
               kRecordRoom);
 
-/// A record being put together: the next character goes to `at`, the buffer ends at `limit`. What
-/// does not fit is left out.
+/// A record that is being formatted: the next character goes to `at`, the buffer ends at `limit`.
+/// Text that does not fit is left out.
 struct Gathered {
     char* at;
     char* limit;
@@ -75,7 +75,8 @@ void AppendTime(Gathered* record) {
 }
 
 /// Writes the prefix of a record to `*text`, a buffer of `kRecordRoom` bytes, and returns its end.
-/// Names that are too long are printed directly; `*text` is then the buffer for what follows.
+/// When the names are too long they are printed directly, and `*text` becomes the buffer for the
+/// rest.
 char* Begin(char** text, std::uint32_t level, std::string_view tag, std::string_view name,
             std::uint32_t line) {
     Gathered record = {.at = *text, .limit = *text + kRecordRoom};
@@ -130,7 +131,7 @@ void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* funct
         format == nullptr ? 0 : FormatPlain(message, kRecordRoom - prefix, format, args);
     TakeRecord(prefix + static_cast<std::size_t>(std::max(length, 0)));
     if (length < 0) {
-        // It does not fit the buffer, or needs libc: libc formats the message.
+        // The message does not fit, or is not plain: libc formats it.
         FlushOutput();
         std::vprintf(format, args);
     }

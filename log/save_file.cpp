@@ -37,7 +37,7 @@ SavePath g_save = {
 /// all zeros and takes no room in the executable.
 std::uint32_t g_sizeLimit = kSaveFileSizeLimit;
 
-/// One record on its way into a file.
+/// A record to write.
 struct Record {
     const char* text;
     std::size_t length;
@@ -124,7 +124,7 @@ std::int32_t LOG_WriteLog(SaveFile* file, const Record& record) {
     return 0;
 }
 
-/// Opens a file to append to what it holds. When it cannot be measured it is closed again.
+/// Opens a file for appending. Closes it again when its size cannot be read.
 std::int32_t OpenToContinue(SaveFile* file) {
     file->handle = std::fopen(file->path, "a");
     if (file->handle == nullptr) {
@@ -176,7 +176,7 @@ void CloseFiles() {
     g_save.second.bytes = 0;
 }
 
-/// Names both files and opens the first to continue it; called under the lock.
+/// Sets the paths of both files and opens the first for appending; called under the lock.
 std::int32_t OpenFirst(const char* directory) {
     SaveFile* first = &g_save.first;
     if (directory == nullptr ||

@@ -4,8 +4,8 @@
 #include "safestr/safestr.h"
 #include "safestr/short_text.h"
 
-// One conversion at a time is handed to libc, so that a string can be measured before it is stored.
-// The formats handed over are cut from the caller's format, never from the scanned text.
+// Conversions are passed to libc one at a time, so that a string can be measured before it is
+// stored. The formats passed on are parts of the caller's format, never of the scanned text.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
 namespace paramgen {
@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kBodyMax = 280;  // width, length and a scan set that names every byte
 constexpr std::size_t kFormatSize = kBodyMax + sizeof "%*%n";
 
-/// One conversion of a format: what stands between its '%' (or "%*") and its end.
+/// One conversion of a format, without its '%' or "%*".
 struct Conversion {
     const char* body;  ///< width, length, conversion character and, for '[', the scan set
     int bodyLength;    ///< in characters
@@ -22,13 +22,13 @@ struct Conversion {
     bool suppressed;   ///< "%*…": scanned, not stored
 };
 
-/// Where a conversion is stored.
+/// The destination of a conversion.
 struct Destination {
     void* address;
     std::size_t capacity;  ///< in characters; 0 for numbers
 };
 
-/// How one step of a scan went.
+/// Result of one step of a scan.
 enum class Outcome { kMatched, kMismatch, kTextEnded, kBad };
 
 const char* SkipSpace(const char* text) {
@@ -42,7 +42,7 @@ bool StoresText(char kind) {
     return kind == 's' || kind == '[' || kind == 'c';
 }
 
-/// The number of characters of the length at the start of `format`: hh, h, l, ll, z or none.
+/// Returns the length of the length modifier at the start of `format`: hh, h, l, ll, z or none.
 std::size_t LengthLetters(const char* format) {
     if (std::strncmp(format, "hh", 2) == 0 || std::strncmp(format, "ll", 2) == 0) {
         return 2;
@@ -50,16 +50,15 @@ std::size_t LengthLetters(const char* format) {
     return std::strspn(format, "hlz") == 0 ? 0 : 1;
 }
 
-/// The end of the scan set that follows a '[', or null when it is not closed. A ']' that comes
-/// first belongs to the set.
+/// Returns the end of the scan set that follows a '[', or null when it is not closed. A ']' at its
+/// start belongs to the set.
 const char* EndOfScanSet(const char* set) {
     set += *set == '^' ? 1 : 0;
     const char* close = *set == '\0' ? nullptr : std::strchr(set + 1, ']');
     return close == nullptr ? nullptr : close + 1;
 }
 
-/// Reads the conversion that follows a '%'. Returns its end, or null when it is none that this
-/// scanner knows.
+/// Parses the conversion that follows a '%'. Returns its end, or null when it is not supported.
 const char* ParseConversion(const char* format, Conversion* conversion) {
     conversion->suppressed = *format == '*';
     format += conversion->suppressed ? 1 : 0;
@@ -81,7 +80,8 @@ const char* ParseConversion(const char* format, Conversion* conversion) {
     return end;
 }
 
-/// Takes the destination of a conversion from the arguments. False when there is none.
+/// Takes the destination of a conversion from the arguments. Returns false when it is null or has
+/// no capacity.
 bool TakeDestination(char kind, std::va_list* args, Destination* dest) {
     dest->address = va_arg(*args, void*);
     if (!StoresText(kind)) {
@@ -91,7 +91,7 @@ bool TakeDestination(char kind, std::va_list* args, Destination* dest) {
     return dest->address != nullptr && dest->capacity != 0;
 }
 
-/// Finds how many characters of `text` the conversion takes, leading white space included.
+/// Stores in `taken` how many characters of `text` the conversion takes, with leading white space.
 Outcome Measure(const char* text, const Conversion& conversion, int* taken) {
     char format[kFormatSize];
     sprintf_s(format, sizeof format, "%%*%.*s%%n", conversion.bodyLength, conversion.body);
@@ -109,7 +109,8 @@ void StoreNumber(const char* text, const Conversion& conversion, void* dest) {
     std::sscanf(text, format, dest);
 }
 
-/// Stores the characters [begin, end), and for %s and %[ a terminator. False when they do not fit.
+/// Stores the characters from `begin` to `end`, and for %s and %[ a terminator. Returns false when
+/// they do not fit.
 bool StoreText(const char* begin, const char* end, char kind, const Destination& dest) {
     char* address = static_cast<char*>(dest.address);
     const std::size_t length = static_cast<std::size_t>(end - begin);
@@ -125,7 +126,7 @@ bool StoreText(const char* begin, const char* end, char kind, const Destination&
     return true;
 }
 
-/// Carries out one conversion and moves `text` past what it took.
+/// Executes one conversion and moves `text` past the characters that it took.
 Outcome Convert(const Conversion& conversion, const char** text, std::va_list* args) {
     Destination dest = {};
     if (!conversion.suppressed && !TakeDestination(conversion.kind, args, &dest)) {

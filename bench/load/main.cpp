@@ -1,10 +1,10 @@
-/// Loads a file of keys by the reader that it is linked with, asks for every key, and prints the
-/// nanoseconds of loading, the nanoseconds of asking and the sum of the values.
+/// Loads a file of keys with the reader that it is linked with, queries every key, and prints the
+/// time of loading and of querying in nanoseconds, and the sum of the values.
 ///
 /// reader_... <file> <keys> <keys per section> <step>
 ///
-/// Key 0, key `step`, key 2 * `step` and so on are asked for, modulo the number of keys: in the
-/// file's order for 1, and all over the file for a large number without a common divisor.
+/// It queries key 0, key `step`, key 2 * `step` and so on, modulo the number of keys: in the file's
+/// order when `step` is 1, and all over the file when it is large and coprime.
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Keys are written out in batches, outside the timed part: all at once they would count as memory.
+// Keys are formatted in batches, outside the timed part: all at once they would count as memory.
 constexpr unsigned long kBatch = 500;
 
 BenchKey g_keys[kBatch];

@@ -1,4 +1,4 @@
-/// The floor: reads the file and finds its newlines. It knows no key.
+/// The floor: reads the file and finds its newlines, but no keys.
 #include <fcntl.h>
 #include <unistd.h>
 

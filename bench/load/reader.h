@@ -1,9 +1,9 @@
-/// What each of the compared readers does for the benchmark, in a program of its own.
+/// The interface of the compared readers. Each is linked into a program of its own.
 #pragma once
 
 #include <cstddef>
 
-/// A key in the forms that the readers want it in.
+/// A key in the forms that the readers need.
 struct BenchKey {
     char section[32];
     char name[32];
@@ -11,13 +11,12 @@ struct BenchKey {
     char dotted[64];  ///< section.name
 };
 
-// Plain names, and functions of their own however the program is optimised, for callgrind to
-// collect between.
+// C names, and never inlined, so that callgrind can count only inside of them.
 extern "C" {
 
-/// Loads the file, and keeps what was loaded for good. Returns 0 when it has failed.
+/// Loads the file, and keeps it loaded. Returns 0 on failure.
 [[gnu::noinline]] int BenchLoad(const char* path);
 
-/// The sum of the keys' values as integers; a value that is none counts 0.
+/// The sum of the keys' values as integers; other values count as 0.
 [[gnu::noinline]] long BenchSum(const BenchKey* keys, std::size_t count);
 }

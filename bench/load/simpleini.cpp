@@ -1,4 +1,4 @@
-/// SimpleIni, in any case as configuration access is.
+/// SimpleIni, case-insensitive like configuration access.
 #define SI_IMPLEMENTATION
 #define SI_NO_CONVERSION  // no validation either
 #include <SimpleIni.h>

@@ -1,4 +1,4 @@
-/// What starting and ending a program costs.
+/// An empty program, to measure the cost of starting and ending one.
 int main() {
     return 0;
 }

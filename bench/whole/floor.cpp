@@ -1,5 +1,5 @@
-/// What a run cannot avoid: reads the files, writes as many bytes to standard output as paramgen
-/// does, writes two files of an image's size, and does nothing else.
+/// The floor of a whole run: only reads the files, writes as many bytes to standard output as
+/// paramgen does, and writes two files of an image's size.
 ///
 /// floor <bytes on standard output> <file>...
 #include <fcntl.h>

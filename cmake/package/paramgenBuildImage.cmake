@@ -1,14 +1,13 @@
-# Makes one image; run by the rules of paramgen_add_image with PARAMGEN and PARAMTOOL (the programs), TREE,
-# OUTPUT (where the image goes), WORK (a directory of its own), CHECK ("", check, strict), REPORT (a file,
-# or "").
+# Makes one image. The rules of paramgen_add_image run it with PARAMGEN and PARAMTOOL (the programs), TREE,
+# OUTPUT (the directory of the image), WORK (a working directory), CHECK ("", check, strict) and REPORT (a
+# file, or "").
 #
-# paramgen reads its working directory and writes there. So it works in a directory below WORK, with
-# links to what lies in the tree: every path then leads to the tree's own files, and nothing is written
-# into the tree. The directory stands as deep below WORK/root as the tree does below the root, so that
-# paths which begin with ".." lead to links as well.
+# paramgen reads its working directory and writes there. So it runs in a directory below WORK, with links
+# to the files of the tree, and nothing is written into the tree. The directory is as deep below WORK/root
+# as the tree is below the root, so that paths which begin with ".." lead to links as well.
 cmake_minimum_required(VERSION 3.20...3.25)
 
-# Runs a program that prints for who builds. ARGN: the program and its arguments.
+# Runs a program whose output is shown in the build. ARGN: the program and its arguments.
 function(run_or_stop what)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
   if(NOT result STREQUAL "0")
@@ -16,7 +15,7 @@ function(run_or_stop what)
   endif()
 endfunction()
 
-# Makes links in the working directory to all that is in the tree, outputs of earlier runs excepted.
+# Makes links in the working directory to all files of the tree, except for outputs of earlier runs.
 function(link_tree)
   file(GLOB entries RELATIVE "${tree}" LIST_DIRECTORIES TRUE "${tree}/*")
   list(REMOVE_ITEM entries param.bin paramdef.bin)
@@ -25,7 +24,7 @@ function(link_tree)
   endforeach()
 endfunction()
 
-# Makes the link for a file that the tree reads, when it lies outside.
+# Makes a link to a file outside the tree that the product reads.
 function(link_outside file)
   string(REGEX REPLACE "\\\\(.)" "\\1" file "${file}")
   string(REPLACE "$$" "$" file "${file}")
@@ -56,7 +55,7 @@ function(link_outside_files)
   endwhile()
 endfunction()
 
-# Says why paramgen has failed: the findings, else the records in its log.
+# Prints why paramgen has failed: the findings or, without any, the records in its log.
 function(explain_failure status)
   execute_process(COMMAND "${PARAMTOOL}" check "${TREE}" RESULT_VARIABLE result)
   if(result STREQUAL "0")
@@ -67,15 +66,15 @@ function(explain_failure status)
   message(FATAL_ERROR "${TREE}: paramgen failed (${status}); its log is ${OUTPUT}/paramgen.log")
 endfunction()
 
-# CMake's Makefiles add what a depfile lists to what it has listed before, and a file that is gone would
-# make the image anew in every build. Without what they remember they read the depfile alone.
+# CMake's Makefiles keep the dependencies of earlier depfiles, and one that no longer exists would cause a
+# rebuild in every build. Remove what they keep, so that they read the new depfile only.
 cmake_path(GET WORK FILENAME name)
 file(REMOVE "${WORK}/../../${name}.dir/compiler_depend.internal")
 
 file(REMOVE "${OUTPUT}/param.bin" "${OUTPUT}/paramdef.bin" "${OUTPUT}/paramgen.log")
 file(REMOVE_RECURSE "${WORK}/root")
 
-# First of all, so that what changes from now on makes the image anew.
+# Written first, so that a change from now on causes a rebuild.
 run_or_stop("its files cannot be listed"
   "${PARAMTOOL}" deps "${TREE}" --target "${OUTPUT}/param.bin" -o "${WORK}/image.d")
 if(CHECK STREQUAL "strict")

@@ -1,7 +1,7 @@
-# What the toolchain files for musl share. Compilers that are given (in CC and CXX, or in
-# CMAKE_C_COMPILER and CMAKE_CXX_COMPILER) are those of an SDK: they know its headers and libraries
-# by themselves. Where none are given, clang compiles with what Debian has: musl, the headers of
-# libc++ (there is no C++ library for musl, and the program needs none) and libgcc.
+# Common part of the toolchain files for musl. Compilers that are given (in CC and CXX, or in
+# CMAKE_C_COMPILER and CMAKE_CXX_COMPILER) are those of an SDK and know its headers and libraries.
+# Otherwise clang compiles with Debian's musl, libgcc and the headers of libc++ (there is no C++
+# library for musl, and the program needs none).
 
 if(NOT DEFINED PARAMGEN_SDK)
   set(c_compiler "$ENV{CC}")
@@ -54,11 +54,12 @@ set(CMAKE_C_STANDARD_INCLUDE_DIRECTORIES "${clang_resources}/include" "${musl_in
 set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES
   "${clang_resources}/../../../include/c++/v1" ${CMAKE_C_STANDARD_INCLUDE_DIRECTORIES})
 
-# Always static: this musl's dynamic loader is on no product.
+# Always static: products do not have the dynamic loader of Debian's musl.
 set(linking "-fuse-ld=lld -Wl,-O2 -Wl,--icf=safe -Wl,--build-id=none -Wno-unused-command-line-argument")
 set(CMAKE_EXE_LINKER_FLAGS_INIT
   "${linking} -static -no-pie -nostdlib ${musl_lib}/crt1.o ${musl_lib}/crti.o")
 set(libraries "-Wl,--start-group ${musl_lib}/libc.a ${libgcc} ${libgcc_eh} -Wl,--end-group")
 set(CMAKE_C_STANDARD_LIBRARIES_INIT "${libraries} ${musl_lib}/crtn.o")
 set(CMAKE_CXX_STANDARD_LIBRARIES_INIT "${CMAKE_C_STANDARD_LIBRARIES_INIT}")
-set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)  # links without what stands in the lines above
+# CMake's own tests compile without linking, which would need the options above.
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
