@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "check/reference_list.h"
 #include "diagnostics/report.h"
 #include "image/entry.h"
 #include "image/key_text.h"
@@ -215,6 +216,48 @@ void AddComparisons(report::Page* page) {
                                   {"playback", camera + ".playback."}}});
 }
 
+/// The keys that are read in a run that makes this image, with the text that a tree has for each.
+compile::Compilation ReadBack(const image::Image& image) {
+    compile::Compilation run = {};
+    for (const Value& value : layout::Values()) {
+        if (value.HasKey() && image::IsRead(image, value)) {
+            run.answers.push_back(
+                {.module = value.module,
+                 .key = value.section + ":" + value.key,
+                 .text = image::KeyText(value, image::BytesOf(image, value)).value_or(""),
+                 .place = compile::Place{.offset = value.offset, .size = value.size},
+                 .afterRangeError = false});
+        }
+    }
+    return run;
+}
+
+/// The numbers in the page of the values that a key gives.
+std::vector<std::size_t> NumbersOf(const layout::KeyName& name) {
+    std::vector<std::size_t> numbers;
+    const layout::Key* key = layout::FindKey(name.module, name.section, name.key);
+    for (const Value* value : key == nullptr ? std::vector<const Value*>() : key->values) {
+        numbers.push_back(static_cast<std::size_t>(value - layout::Values().data()));
+    }
+    return numbers;
+}
+
+/// Each place of a key refers to others, and the first one is referred to.
+void AddReferences(const image::Image& image, report::Page* page) {
+    for (const check::Reference& reference : check::ReferencesOf(ReadBack(image))) {
+        const std::vector<std::size_t> targets = NumbersOf(reference.to);
+        if (targets.empty()) {
+            continue;
+        }
+        report::Value& target = page->values[targets.front()];
+        for (const std::size_t number : NumbersOf(reference.from)) {
+            report::Value& value = page->values[number];
+            value.refersTo.push_back({.text = reference.reason, .offset = target.offset});
+            target.referredBy.push_back({.text = reference.reason, .offset = value.offset});
+        }
+    }
+}
+
 std::string ValueOfKey(const report::Page& page, const char* section, const char* key) {
     for (const report::Value& value : page.values) {
         if (value.section == section && value.key == key) {
@@ -245,6 +288,7 @@ report::Page MakePage(const ReportInput& given) {
         }
     }
     AddComparisons(&page);
+    AddReferences(given.input.image, &page);
     return page;
 }
 

@@ -58,7 +58,8 @@ private:
             CloseTable();
         }
         if (heading_.empty()) {
-            html_ += "<div class=\"block\"><table>" + Head();
+            html_ += std::string("<div class=\"block") +
+                     (page_.against.empty() ? "" : " compared") + "\"><table>" + Head();
         } else {
             html_ += "</tbody>";
         }

@@ -8,11 +8,13 @@ function listOf(items) {
   return element("ul", {}, ...items.map((item) => element("li", {}, ...item)));
 }
 
-function referenceItems(references) {
-  return references.map(({text, offset}) => {
-    const other = valueAt(offset);
-    return other ? [`${text}: `, linkTo(other)] : [text];
-  });
+/** The other values, together where they are named for the same reason. */
+function referenceItems(named) {
+  const reasons = new Map();
+  for (const {text, offset} of named) {
+    reasons.set(text, [...(reasons.get(text) ?? [`${text}: `]), linkTo(valueAt(offset)), ", "]);
+  }
+  return [...reasons.values()].map((parts) => parts.slice(0, -1));
 }
 
 function findingItems(value) {
@@ -32,7 +34,7 @@ function spaced(raw) {
 
 /** What there is to say about a value: `[term, text or element]`. */
 function factsOf(value) {
-  const others = value.path ? places.get(lowerPath(value)).filter((other) => other !== value) : [];
+  const others = value.path ? places.get(value.lowerPath).filter((other) => other !== value) : [];
   const facts = [
     ["Description", value.about],
     ["Unit", value.unit],

@@ -19,6 +19,14 @@ const filterForm = document.getElementById("filter");
 /** A row and its heading take about as much room, in pixels. */
 const ROW_HEIGHT = 46;
 
+/** What is laid out at once beyond what is in sight, in pixels. */
+const MARGIN = 300;
+
+/** How long the other tables wait, in milliseconds: longer than it takes to type the next letter. */
+const RELEASE_AFTER = 200;
+
+let releasing;
+
 /** Whether a value has a word of the search. */
 function matcherOf(word) {
   if (word.startsWith("@")) {
@@ -28,7 +36,7 @@ function matcherOf(word) {
   if (/[*?]/.test(word)) {
     const escaped = word.replace(/[.+^${}()|[\]\\]/g, "\\$&");
     const pattern = new RegExp(escaped.replaceAll("*", ".*").replaceAll("?", "."));
-    return (value) => pattern.test(value.path.toLowerCase());
+    return (value) => pattern.test(value.lowerPath);
   }
   return (value) => value.haystack.includes(word);
 }
@@ -55,34 +63,83 @@ function applyFilter() {
     ? `${count} values` : `${count} of ${values.length} values`;
 }
 
-/** Hides what is filtered out, and headings and tables of which nothing is left. */
+/**
+ * Hides what is filtered out, and headings and tables of which nothing is left. Rows below something
+ * hidden are left alone: most keys of a search touch a few tables only.
+ */
 function showRows() {
+  const seen = visibleRange();
   for (const block of blocks) {
-    let rows = 0;
+    block.rows = 0;
     for (const group of block.groups) {
-      let shown = 0;
-      for (const value of group.values) {
-        shown += value.shown ? 1 : 0;
-        setHidden(value.row, !value.shown);
-        if (value.detail) {
-          setHidden(value.detail, !value.shown);
-        }
-      }
-      setHidden(group.body, shown === 0);
-      rows += shown === 0 ? 0 : shown + (group.hasHeading ? 1 : 0);
+      group.shown = group.values.reduce((count, value) => count + (value.shown ? 1 : 0), 0);
+      block.rows += group.shown === 0 ? 0 : group.shown + (group.hasHeading ? 1 : 0);
     }
-    setHidden(block.table, rows === 0);
-    if (block.rows !== rows) {
-      block.rows = rows;
-      block.table.style.containIntrinsicBlockSize = `${rows * ROW_HEIGHT}px`;
+  }
+  holdBack(seen);
+  for (const block of blocks) {
+    setHidden(block.table, block.rows === 0);
+    if (block.rows !== 0) {
+      block.groups.forEach(showGroup);
     }
   }
 }
 
-/** Touches only what changes: most rows stay as they are from one letter to the next. */
+function showGroup(group) {
+  setHidden(group.body, group.shown === 0);
+  const isWhole = group.shown === group.values.length;
+  if (group.shown === 0 || (isWhole && group.isWhole)) {
+    return;
+  }
+  group.isWhole = isWhole;
+  for (const {row, detail, shown} of group.values) {
+    setHidden(row, !shown);
+    if (detail) {
+      setHidden(detail, !shown);
+    }
+  }
+}
+
+/** Touches only what changes. */
 function setHidden(node, hidden) {
   if (node.hidden !== hidden) {
     node.hidden = hidden;
+  }
+}
+
+/** The pixels of the rows' area that are in sight, counted from its top. */
+function visibleRange() {
+  const top = -rowsArea.getBoundingClientRect().top;
+  return {from: top, to: top + innerHeight};
+}
+
+/**
+ * Gives each table the room that its rows will take, and has the browser lay out those in sight
+ * first. Left to itself it would lay out every table that was in sight before, however far it moves.
+ */
+function holdBack({from, to}) {
+  const total = blocks.reduce((sum, {rows}) => sum + rows, 0) * ROW_HEIGHT;
+  const shift = Math.max(0, to - total); // a page that gets shorter than that moves
+  let top = 0;
+  for (const block of blocks) {
+    const height = block.rows * ROW_HEIGHT;
+    const isNear = top < to - shift + MARGIN && top + height > from - shift - MARGIN;
+    top += height;
+    if (block.height !== height && height !== 0) {
+      block.height = height;
+      block.table.style.containIntrinsicBlockSize = `${height}px`;
+    }
+    block.table.classList.toggle("later", !isNear);
+  }
+  clearTimeout(releasing);
+  releasing = setTimeout(release, RELEASE_AFTER);
+}
+
+/** Leaves it to the browser again what it lays out: nothing else can be focused or scrolled to. */
+function release() {
+  clearTimeout(releasing);
+  for (const table of rowsArea.querySelectorAll(".later")) {
+    table.classList.remove("later");
   }
 }
 

@@ -31,6 +31,7 @@ function reveal(value) {
   if (!value.shown) {
     clearFilter();
   }
+  release();
   unfold(value);
   markCurrent(value);
   value.row.scrollIntoView({block: "center"});
@@ -61,6 +62,7 @@ function follow() {
   } else if (target.startsWith("?")) {
     showView("report");
     restoreFilter(target);
+    release();
     document.getElementById("values").scrollIntoView();
   } else if (target.startsWith("map@")) {
     showView("map");
@@ -71,6 +73,7 @@ function follow() {
     reveal(valueNamed(target));
   } else {
     showView("report");
+    release();
     const place = document.getElementById(target);
     place?.scrollIntoView();
     place?.focus({preventScroll: true});

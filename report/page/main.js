@@ -1,16 +1,22 @@
 // Sets the page up, and listens.
 
 let linkTimer;
+let filtering;
 
-/** The filter becomes part of the link once nothing was typed for a while. */
+/**
+ * Filters before the next frame, once for all keys that came before it. The filter becomes part of
+ * the link once nothing was typed for a while.
+ */
 function onFilter() {
-  applyFilter();
+  cancelAnimationFrame(filtering);
+  filtering = requestAnimationFrame(applyFilter);
   clearTimeout(linkTimer);
   linkTimer = setTimeout(() => history.replaceState(null, "", `#${filterLink()}`), 400);
 }
 
 function focusRow(value) {
   if (value) {
+    release();
     const link = rowLink(value);
     link.focus();
     link.scrollIntoView({block: "nearest"});
@@ -92,6 +98,7 @@ function listen() {
 makeFilterForm();
 makeOrderBar();
 makeModes();
+makeReferences();
 makeMap();
 showControls();
 applyFilter();

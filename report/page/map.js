@@ -88,7 +88,7 @@ function drawMap() {
 
 /** Marks a value, and the other places that its key feeds. */
 function outline(context, value) {
-  const all = value.path ? places.get(lowerPath(value)) : [value];
+  const all = value.path ? places.get(value.lowerPath) : [value];
   context.strokeStyle = dark.matches ? "#fff" : "#000";
   for (const place of all) {
     context.lineWidth = place === value ? 2 : 1;

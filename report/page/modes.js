@@ -1,4 +1,4 @@
-// Records of one kind side by side, and the values that name others.
+// Records of one kind side by side.
 
 const comparisonChoice = document.getElementById("comparison");
 const onlyDifferences = document.getElementById("only-differences");
@@ -79,19 +79,4 @@ function makeModes() {
     control.addEventListener("input", showComparison);
     control.addEventListener("change", showComparison);
   }
-}
-
-function showReferences() {
-  const area = document.getElementById("references-table");
-  if (area.firstChild) {
-    return;
-  }
-  const rows = values.flatMap((value) => (value.refersTo ?? []).map(({text, offset}) => {
-    const other = valueAt(offset);
-    return element("tr", {}, element("th", {scope: "row"}, linkTo(value)),
-      element("td", {}, valueText(value)), element("td", {}, text),
-      element("td", {}, other ? linkTo(other) : ""));
-  }));
-  area.append(rows.length === 0 ? element("p", {}, "No value of this image names another.")
-    : element("table", {}, headRow(["Value", "Is", "Which is", "At"]), element("tbody", {}, ...rows)));
 }

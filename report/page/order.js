@@ -6,7 +6,7 @@ const rowsArea = document.getElementById("rows");
 const orderBar = document.getElementById("order");
 
 const ORDERS = [
-  {label: "Key", of: (value) => value.title.toLowerCase()},
+  {label: "Key", of: (value) => value.lowerPath || value.member.toLowerCase()},
   {label: "Value", of: (value) => value.value},
   ...(page.compared ? [{label: "Before", of: (value) => value.old ?? ""}] : []),
   {label: "Default", of: (value) => value.initial},
@@ -14,7 +14,10 @@ const ORDERS = [
   {label: "Offset", of: (value) => value.offset},
 ];
 
-/** The tables: `{table, rows, groups: [{body, values, hasHeading}]}`, in the order shown. */
+/**
+ * The tables, in the order shown: `{table, rows, groups: [{body, values, hasHeading, shown, isWhole}]}`.
+ * `rows` and `shown` count what the filter leaves; no row of a group that `isWhole` is hidden.
+ */
 let blocks = [];
 const imageOrder = readBlocks();
 let order = {column: "Offset", falling: false};
@@ -78,8 +81,10 @@ function flatBlocks(sorted) {
 
 /** Puts the values' rows, and what is unfolded under them, where `blocks` wants them. */
 function placeRows() {
-  for (const {table, groups} of blocks) {
-    for (const {body, heading, values: inGroup} of groups) {
+  for (const {groups} of blocks) {
+    for (const group of groups) {
+      const {body, heading, values: inGroup} = group;
+      group.isWhole = false;
       const rows = inGroup.flatMap((value) => value.detail ? [value.row, value.detail] : [value.row]);
       body.replaceChildren(...(heading ? [heading] : []), ...rows);
     }

@@ -28,6 +28,7 @@ function readValues() {
     value.index = index;
     value.row = rows[index];
     value.path = value.key ? `${value.module}/${value.section}:${value.key}` : "";
+    value.lowerPath = value.path.toLowerCase();
     value.title = value.path || value.member;
     value.findings = [];
     value.haystack = [value.path, value.member, value.value, value.name, value.about, value.unit,
@@ -39,17 +40,12 @@ function readValues() {
 const values = readValues();
 
 /** The places that each key feeds, by the key in lower case. */
-const places = Map.groupBy ? Map.groupBy(values, lowerPath) : groupByPath();
-
-function lowerPath(value) {
-  return value.path.toLowerCase();
-}
+const places = Map.groupBy ? Map.groupBy(values, (value) => value.lowerPath) : groupByPath();
 
 function groupByPath() {
   const groups = new Map();
   for (const value of values) {
-    const path = lowerPath(value);
-    groups.set(path, [...(groups.get(path) ?? []), value]);
+    groups.set(value.lowerPath, [...(groups.get(value.lowerPath) ?? []), value]);
   }
   return groups;
 }
@@ -77,7 +73,7 @@ function valueNamed(text) {
   }
   const path = text.toLowerCase();
   return places.get(path)?.[0] ??
-    values.find((value) => value.path && isTail(value.path.toLowerCase(), path));
+    values.find((value) => value.path && isTail(value.lowerPath, path));
 }
 
 function isTail(path, tail) {
@@ -86,7 +82,7 @@ function isTail(path, tail) {
 
 /** What leads to a value, behind "#". */
 function anchorOf(value) {
-  return value.path && places.get(lowerPath(value))[0] === value ? value.path : `@${value.offset}`;
+  return value.path && places.get(value.lowerPath)[0] === value ? value.path : `@${value.offset}`;
 }
 
 function linkTo(value, text = value.title) {

@@ -41,6 +41,16 @@ def changed(directory):
     return directory
 
 
+def loose(directory):
+    """The example with handles that nothing has, or that is switched off."""
+    example(directory)
+    edit(directory, "workmode/record.ini",
+         ("pipechnhdl    = 1", "pipechnhdl    = -1"), ("venchdl       = 2", "venchdl       = 9"))
+    edit(directory, "camera/cam0_comm_record.ini",
+         ("[venc.3]    ; photo thumbnail\nenable    = yes", "[venc.3]\nenable    = no"))
+    return directory
+
+
 def hostile(directory):
     """A product whose texts are attacks."""
     example(directory)

@@ -4,7 +4,6 @@ import os
 import shutil
 import subprocess
 import tempfile
-import time
 import unittest
 
 from selenium.webdriver.common.action_chains import ActionChains
@@ -13,9 +12,10 @@ from selenium.webdriver.common.keys import Keys
 from selenium.webdriver.support.ui import Select
 
 import products
-from browser import Browser
+from browser import Browser, await_that, limit
 
 PARAMTOOL = os.environ.get("PARAMTOOL", "build/plain/paramtool")
+TEST_WITHIN = 300  # seconds
 SENSITIVITY = "devmng/gsensor:sensitivity"
 
 
@@ -27,6 +27,7 @@ class PageTest(unittest.TestCase):
         cls.directory = tempfile.mkdtemp(prefix="paramtool-web-")
         cls.page = cls.report("page.html", products.changed(cls.file("changed")),
                               "--against", products.example(cls.file("example")))
+        cls.references_page = cls.report("references.html", products.loose(cls.file("loose")))
         cls.attacks = cls.report("attacks.html", products.hostile(cls.file("hostile")))
         cls.browser = Browser().__enter__()
         cls.driver = cls.browser.driver
@@ -46,11 +47,15 @@ class PageTest(unittest.TestCase):
                        stderr=subprocess.DEVNULL)
         return cls.file(name)
 
+    def setUp(self):
+        limit(TEST_WITHIN, self.id())
+
     def tearDown(self):
         """Whatever a test does, the page says nothing to the console and asks for nothing."""
         self.assertEqual(self.browser.said(), [])
         for address in self.browser.requests():
             self.assertRegex(address, "^(file:.*[.]html|about:blank|data:,)")
+        limit(0, "")
 
     def open(self, fragment=""):
         self.browser.open(self.page, fragment)
@@ -71,14 +76,10 @@ class PageTest(unittest.TestCase):
         query = self.find("#query")
         query.clear()
         query.send_keys(text)
+        self.browser.settle()
 
     def await_that(self, condition):
-        """Things that follow an event, as those of a changed link do."""
-        for _ in range(1000):
-            if condition():
-                return
-            time.sleep(0.01)
-        self.fail("it did not happen")
+        await_that(condition)
 
     def await_hash(self, text):
         self.await_that(lambda: self.browser.run("return location.hash") == text)
@@ -263,6 +264,17 @@ class PageTest(unittest.TestCase):
         self.press(Keys.ESCAPE)
         self.assertEqual(self.find("#query").get_attribute("value"), "")
 
+    def test_keys_reach_rows_that_a_search_has_just_brought_back(self):
+        self.open()
+        self.search("gsensor:")
+        self.press(Keys.ESCAPE, Keys.ARROW_DOWN, *[Keys.PAGE_DOWN] * 5)
+        self.assertEqual(self.browser.run("""
+            const row = document.activeElement.closest("tr");
+            const box = row.getBoundingClientRect();
+            return [values.findIndex((value) => value.row === row), box.top > 0 && box.bottom < innerHeight];
+            """), [75, True])
+        self.assertEqual(self.driver.find_elements(By.CSS_SELECTOR, ".later"), [])
+
     # Views
 
     def test_the_map_names_what_lies_under_the_pointer(self):
@@ -314,9 +326,55 @@ class PageTest(unittest.TestCase):
         self.find("#modes-query").send_keys("mediamode")
         self.assertIn("\n30", self.find("#modes-table tbody tr").text)
 
-    def test_references(self):
+    # References
+
+    PORT = "cam0_comm_record/vpss.0.vport.1:vporthdl"
+    ENCODER = "cam0_comm_record/venc.1:chnhdl_0"
+
+    def references(self):
+        """What names what: the links of each row."""
+        return [tuple(link.get_attribute("hash")[1:] for link in row.find_elements(By.TAG_NAME, "a"))
+                for row in self.driver.find_elements(
+                    By.CSS_SELECTOR, "#references-table tr:not(.heading):has(a)")]
+
+    def test_references_stand_below_their_reasons(self):
         self.open("#references")
-        self.assertTrue(self.find("#references-table").is_displayed())
+        every = self.find("#references-status").text.split()
+        self.assertEqual(every[0], every[2])
+        self.find("#references-query").send_keys("processing record/venc.1:")
+        self.browser.settle()
+        self.assertEqual(self.references(), [
+            ("cam0_comm_record/venc.1:modhdl_0", "cam0_comm_record/vpss.0:vpsshdl"),
+            (self.ENCODER, self.PORT)])
+        self.assertEqual(self.find("#references-table .heading").text,
+                         "An encoder takes its pictures from a port of a processing group 2")
+        self.find("#references-query").send_keys(" nothing at all")
+        self.browser.settle()
+        self.assertIn("No reference matches", self.find("#references-table").text)
+
+    def test_references_lead_there_and_back(self):
+        self.open("#references")
+        self.driver.find_element(By.LINK_TEXT, self.ENCODER).click()
+        self.await_hash("#" + self.ENCODER)
+        self.assertIn("Refers to", self.facts())
+        self.find(f"tr.detail a[href='#{self.PORT}']").click()
+        self.await_hash("#" + self.PORT)
+        self.await_that(lambda: len(self.driver.find_elements(By.CSS_SELECTOR, "tr.detail")) == 2)
+        detail = self.driver.find_element(By.CSS_SELECTOR, "tr.current + tr.detail")
+        self.assertIn("Referred to by", detail.text)
+        detail.find_element(By.CSS_SELECTOR, f"a[href='#{self.ENCODER}']").click()
+        self.await_hash("#" + self.ENCODER)
+
+    def test_handles_that_nothing_has_and_switched_off_ones_name_nothing(self):
+        self.browser.open(self.references_page, "#references")
+        self.find("#references-query").send_keys("workmode_record/photosource.0:")
+        self.browser.settle()
+        named = dict(self.references())
+        self.assertEqual(named["workmode_record/photosource.0:vpsshdl"],
+                         "cam0_comm_record/vpss.0:vpsshdl")
+        self.assertNotIn("workmode_record/photosource.0:venchdl", named)        # no encoder has it
+        self.assertNotIn("workmode_record/photosource.0:thumbnail_hdl", named)  # it is off
+        self.assertNotIn("workmode_record/photosource.0:pipechnhdl", named)     # -1
 
     # Attacks
 
