@@ -86,6 +86,11 @@ class Browser:
         self.command("Emulation.setEmulatedMedia",
                      features=[{"name": "prefers-color-scheme", "value": scheme}])
 
+    def width(self, pixels):
+        """Has the page believe that the window is as wide."""
+        self.command("Emulation.setDeviceMetricsOverride", width=pixels, height=900,
+                     deviceScaleFactor=1, mobile=False)
+
     def said(self):
         """The console's messages since the last call, but for the browser's remarks on how long
         something took."""
