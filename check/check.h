@@ -1,8 +1,8 @@
-/// Everything that is wrong or suspicious in a product's tree.
+/// Finds everything that is wrong or suspicious in a product's tree.
 ///
-/// What a value becomes, which keys are read and where the program stops is found by running its
-/// own loaders and watching them: a finding is an error exactly when the program fails because of
-/// it.
+/// It runs the program's own loaders and observes them, to learn how values are stored, which keys
+/// are read and where the program stops. So a finding is an error exactly when the program fails
+/// because of it.
 #pragma once
 
 #include <string>
@@ -12,16 +12,16 @@
 
 namespace paramgen::check {
 
-/// Which kinds of findings are looked for. Each of the names is an id, a group or "all"; errors are
-/// always told.
+/// The kinds of findings to search for. Each name is an id, a group or "all". Errors are always
+/// reported.
 struct Choice {
-    std::vector<std::string> enabled;   ///< besides those that are on anyway
-    std::vector<std::string> disabled;  ///< wins
+    std::vector<std::string> enabled;   ///< in addition to those that are on by default
+    std::vector<std::string> disabled;  ///< takes precedence over `enabled`
 
     bool IsOn(const diagnostics::Rule& rule) const;
 };
 
-/// What is wrong with a tree.
+/// The result of checking a tree.
 struct Verdict {
     std::vector<diagnostics::Finding> findings;  ///< sorted
     std::vector<std::string> lacking;            ///< listed modules that the image lacks

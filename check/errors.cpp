@@ -1,5 +1,5 @@
-// Errors: what stops the program. One run tells one of them; the next run pretends that the key at
-// fault is absent, or the module empty.
+// Errors stop the program. A run shows one of them; in the next run the bad key is treated as
+// absent, or the missing module as empty.
 
 #include <algorithm>
 
@@ -152,7 +152,8 @@ private:
         }
     }
 
-    /// A number at a limit is refused only since an earlier one was beyond what can be held.
+    /// Explains numbers at a limit, which are refused only because an earlier number was out of
+    /// range.
     void ExplainLimits() {
         const std::vector<compile::Answer>& answers = inspection_->run().answers;
         const auto after = std::find_if(answers.begin(), answers.end(),

@@ -1,4 +1,4 @@
-/// A tree under inspection: its files, what a run made of them, and what has been found so far.
+/// A tree that is being checked: its files, the result of a run, and the findings so far.
 #pragma once
 
 #include <set>
@@ -16,7 +16,7 @@
 
 namespace paramgen::check {
 
-/// A key that was asked for.
+/// A key that was queried.
 struct Asked {
     const compile::Answer* answer = nullptr;  ///< the first one
     const layout::Key* key = nullptr;         ///< null when no table knows it
@@ -31,18 +31,18 @@ public:
     const tree::FoundFile& entry() const { return product_.entry(); }
     bool IsOn(diagnostics::RuleId id) const { return choice_.IsOn(diagnostics::RuleOf(id)); }
 
-    /// Takes what the last run came to: the one in which the keys and modules that stop the program
-    /// are absent or empty.
+    /// Sets the result of the last run, in which the keys that stop the program are absent and such
+    /// modules are empty.
     void SetRun(compile::Compilation run);
     const compile::Compilation& run() const { return run_; }
 
-    /// Whether that run reached the end, so that what it did not ask for is not read at all.
+    /// Whether that run reached the end: keys that it did not query are then never read.
     bool IsComplete() const { return run_.status == kOk; }
 
-    /// A key ("section:key", in any case) that loaders asked for; null when they did not.
+    /// A key ("section:key", case-insensitive) that loaders queried; null when they did not.
     const Asked* FindAsked(std::string_view module, std::string_view key) const;
 
-    /// All keys that loaders asked for, in no order.
+    /// All keys that loaders queried, in no particular order.
     const std::unordered_map<std::string, Asked>& asked() const { return asked_; }
 
     /// Whether loaders asked for a module of this name.
@@ -64,7 +64,7 @@ public:
 
     std::vector<diagnostics::Finding>& findings() { return findings_; }
 
-    /// Lines that have been told to be wrong as a whole, so that nothing more is said about them.
+    /// Marks a line that has a finding as a whole: nothing else is reported about it.
     void MarkBad(const tree::Line& line) { bad_.insert(&line); }
     bool IsBad(const tree::Line& line) const { return bad_.contains(&line); }
 
@@ -94,7 +94,7 @@ std::string_view KeyPart(std::string_view fullKey);
 
 // The checks, each of one group.
 
-/// Runs until nothing stops the run, and tells each thing that does.
+/// Runs the loaders until nothing stops them, and adds a finding for everything that does.
 void FindErrors(compile::Session* session, Inspection* inspection);
 
 void CheckEntry(Inspection* inspection);

@@ -1,4 +1,4 @@
-/// The keys that paramgen knows, for what was probably meant by one that it does not.
+/// The keys that paramgen knows, for suggestions about unknown keys.
 #pragma once
 
 #include <functional>
@@ -14,10 +14,11 @@ using IsThere = std::function<bool(const std::string& name)>;
 /// Whether a module has keys in this section, in any case.
 bool KnowsSection(std::string_view module, std::string_view section);
 
-/// Whether a key is one of a module but for its numbers: the image has no place for them.
+/// Whether a key differs from one of a module only in its numbers, for which the image has no
+/// place.
 bool KnowsButForNumbers(std::string_view module, std::string_view section, std::string_view key);
 
-/// Whether it is documented that nothing becomes of the keys in a section.
+/// Whether the keys in a section are documented to have no effect.
 bool IsWithoutEffect(std::string_view module, std::string_view section);
 
 /// What was probably meant by `key` in `section`, which `modules` do not know: a key of that

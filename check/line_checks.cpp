@@ -1,4 +1,4 @@
-// Lines of files that are read, and that count for nothing or for something else than they seem.
+// Lines of accepted files that are ignored, or have another meaning than it seems.
 
 #include "check/inspection.h"
 #include "check/lost_module.h"

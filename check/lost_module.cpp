@@ -26,7 +26,7 @@ diagnostics::Place PlaceInEntry(const Inspection& inspection, const Line* line) 
                                 line->value.Size() == 0 ? line->name : line->value);
 }
 
-/// What is in a directory under this name but for its case; empty when nothing is.
+/// The file name in a directory that differs from `name` in case only; empty when there is none.
 std::string InOtherCase(const std::filesystem::path& directory, const std::string& name) {
     std::error_code error;
     std::filesystem::directory_iterator it(directory, error);
@@ -58,7 +58,7 @@ std::string PathInOtherCase(const std::string& path) {
     return found.string();
 }
 
-/// What was expected in place of a line that is none of an INI file.
+/// The words that tell what was expected instead of an invalid line.
 std::string Expected(std::string_view text) {
     const std::size_t begin = std::min(text.find_first_not_of(" \t\r\v\f"), text.size());
     text.remove_prefix(begin);
@@ -81,7 +81,7 @@ std::string Expected(std::string_view text) {
     return "expected [section], key = value, or a comment";
 }
 
-/// What is wrong with a line for which its file is refused.
+/// The finding about a line because of which its file is refused.
 Finding FindingOfLine(const tree::FoundFile& file, const Line& line) {
     Finding finding;
     tree::Span part = line.text;

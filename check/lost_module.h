@@ -1,4 +1,4 @@
-/// Modules that the image has to do without.
+/// Modules that are missing from the image.
 #pragma once
 
 #include <string>
@@ -8,7 +8,8 @@
 
 namespace paramgen::check {
 
-/// Tells why the module `name` is not there: an error when the program stops for the lack of it.
+/// Adds a finding with the reason why the module `name` is missing; an error when the program fails
+/// because of it.
 void TellLostModule(Inspection* inspection, const std::string& name,
                     diagnostics::Severity severity);
 
@@ -17,7 +18,7 @@ void TellLostModule(Inspection* inspection, const std::string& name,
 void TellRefusedFile(Inspection* inspection, const tree::FoundFile& file, const std::string& module,
                      diagnostics::Severity severity);
 
-/// What is to be said about how the characters of a file are encoded; empty when nothing is.
+/// A sentence about the encoding of a file when it is unusual; else empty.
 std::string EncodingOf(std::string_view bytes);
 
 }  // namespace paramgen::check

@@ -1,4 +1,4 @@
-// Keys that are left to their defaults. Looked for only when asked for.
+// Keys that are missing, so that their values are defaults. This check is off by default.
 
 #include <map>
 

@@ -1,5 +1,5 @@
-/// A number as it is written, for what can be said about it. What it is stored as is up to the
-/// program's own parsers.
+/// The text of a number, for findings about it. How it is stored is decided by the program's own
+/// parsers.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-/// Which values name each other, and why: handles, media modes, menus, limits. One table for the
-/// checks and for what is told of a key.
+/// The table of values that refer to each other, with the reasons: handles, media modes, menus,
+/// limits. The checks use it, and the explanation of a key.
 ///
 /// Modules, sections and keys are patterns: '?' is one character, '*' any number.
 #pragma once

@@ -15,14 +15,14 @@ using diagnostics::RuleId;
 using tree::Line;
 using tree::LineKind;
 
-/// What becomes of a key.
+/// How a key is used.
 enum class Fate : std::uint8_t {
     kRead,
     kUnread,       ///< a table knows it, but it is not read in this tree
-    kNoPlace,      ///< a table knows its like, but has no place for its numbers
+    kNoPlace,      ///< known except for its numbers, for which the image has no place
     kUnknown,      ///< the section is known, the key is not
     kUnknownHere,  ///< not even the section is known
-    kSilent,       ///< nothing becomes of it, as is documented
+    kSilent,       ///< documented to have no effect
 };
 
 /// The keys below one header, up to the next.

@@ -9,8 +9,7 @@
 
 namespace paramgen::check {
 
-/// Tells why loaders do not ask `modules` for a key that a table knows, in words that go on with a
-/// sentence.
+/// Returns the reason why loaders do not read a known key of `modules`, as the end of a sentence.
 std::string UnreadReason(const Inspection& inspection, const std::vector<std::string>& modules,
                          std::string_view section, std::string_view key);
 

@@ -1,4 +1,4 @@
-// Values that are stored as something else than what is written.
+// Values that are stored differently from how they are written.
 
 #include "check/inspection.h"
 #include "check/known_names.h"

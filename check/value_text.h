@@ -1,4 +1,4 @@
-/// How a value is written: whether all of what was meant is taken.
+/// Checks the text of a value: whether a comment or wrong quotes cut it.
 #pragma once
 
 #include "check/inspection.h"

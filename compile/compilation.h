@@ -1,4 +1,4 @@
-/// What came of compiling a tree: the image, and what the loaders asked for on the way.
+/// The result of compiling a tree: the image, and the keys that the loaders have queried.
 #pragma once
 
 #include <array>
@@ -24,7 +24,7 @@ struct Place {
     bool operator==(const Place&) const = default;
 };
 
-/// A key that a loader asked for, in a module that was there, and what it got.
+/// A key that a loader has queried in an existing module, and its value.
 struct Answer {
     std::string module;
     std::string key;  ///< "section:key", in the loader's spelling
@@ -61,7 +61,7 @@ struct Stop {
     std::string key;     ///< kKey: "section:key"
 };
 
-/// What came of a run.
+/// The result of a run.
 struct Compilation {
     Status status;  ///< 0, or the failure's code; its low byte is the program's exit status
     std::optional<Stop> stop;  ///< set when it failed

@@ -7,9 +7,9 @@
 
 namespace paramgen::compile {
 
-/// Runs again and again, each time as if what stopped the run before were absent, or for a module
-/// empty, and returns what stopped them, in this order. A fault in the entry file is the only one.
-/// `pretence` is what to pretend besides.
+/// Runs repeatedly and returns what stopped each run, in this order. Each run treats the key that
+/// stopped the one before as absent, or the module as empty. After an error in the entry file there
+/// are no more. `pretence` applies to all runs.
 std::vector<Stop> FindStops(Session* session, Pretence pretence);
 
 }  // namespace paramgen::compile

@@ -1,4 +1,4 @@
-/// Runs the loaders without any files: what is asked for is answered by somebody else.
+/// Runs the loaders without files: an object answers their queries.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@
 
 namespace paramgen::compile {
 
-/// A product that need not be written down. Neither function may throw.
+/// A product without files. Its functions must not throw.
 class Imagined {
 public:
     virtual ~Imagined() = default;

@@ -1,4 +1,4 @@
-/// Watches a run and writes down what it sees.
+/// Observes a run and records it.
 #pragma once
 
 #include <optional>
@@ -13,7 +13,7 @@
 
 namespace paramgen::compile {
 
-/// Watches as long as it lives.
+/// Observes runs from its construction to its destruction.
 class Recorder : public Watcher {
 public:
     /// Both arguments have to live as long. `result` gets answers, modules, files and the stop.
@@ -29,7 +29,7 @@ public:
     const char* Answer(const LockedModule& module, std::string_view key, const char* text,
                        const char* absent) noexcept override;
 
-    /// What was asked for last: where a run that failed has stopped.
+    /// The last query: the place where a failed run has stopped.
     Stop Last() const;
 
 protected:

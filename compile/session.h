@@ -17,7 +17,7 @@
 
 namespace paramgen::compile {
 
-/// What a run is to pretend.
+/// Changes of the product that a run simulates.
 struct Pretence {
     /// Keys that are absent: module, and "section:key" as an `Answer` or a `Stop` spells it.
     std::set<std::pair<std::string, std::string>> absentKeys = {};
@@ -29,7 +29,7 @@ struct Pretence {
     std::set<std::string> emptyModules = {};
 };
 
-/// What to keep of a run besides image, status and where it stopped.
+/// The results to keep of a run, in addition to image, status and the place where it stopped.
 struct Keep {
     bool answers = true;
     bool log = false;  ///< it takes most of the time

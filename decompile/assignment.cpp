@@ -20,12 +20,12 @@ bool IsName(const layout::Value& value) {
     return value.Kind() == FieldKind::kName;
 }
 
-/// What an absent key stores: a text and a name nothing.
+/// The text for the value of an absent key. Texts and names have none: nothing is stored.
 Text DefaultText(const layout::Value& value) {
     return IsText(value) || IsName(value) ? std::nullopt : Text(image::DefaultText(value));
 }
 
-/// The bytes of a text that is stored as `text`, with its end.
+/// Number of bytes that `text` takes in the image, with its terminator.
 std::size_t StoredSize(const std::string& text) {
     return text.size() + 1;
 }
@@ -62,7 +62,7 @@ void Assignment::Assign(const std::vector<compile::Answer>& asked) {
     std::reverse(overwritten_.begin(), overwritten_.end());
 }
 
-/// Of a key that counts by being there it is known whether it is.
+/// Notes whether a key exists that counts elements by its existence.
 void Assignment::NotePresence(const compile::Answer& answer) {
     const KeyId id(answer.module, answer.key);
     if (!answer.place && LeadingKeys().count(id) != 0) {
@@ -97,7 +97,7 @@ void Assignment::AssignOne(const compile::Answer& answer) {
     Claim(target, text);
 }
 
-/// Whether later values store all bytes of it.
+/// Whether later values overwrite all of its bytes.
 bool Assignment::IsFree(const Target& target) const {
     for (std::uint32_t i = 0; i < target.size; ++i) {
         if (IsWanted(target.offset + i)) {
@@ -107,7 +107,7 @@ bool Assignment::IsFree(const Target& target) const {
     return true;
 }
 
-/// Whether no later value stores a byte of it.
+/// Whether no later value overwrites a byte of it.
 bool Assignment::IsWhole(const Target& target) const {
     for (std::uint32_t i = 0; i < target.size; ++i) {
         if (!IsWanted(target.offset + i)) {
@@ -117,7 +117,7 @@ bool Assignment::IsWhole(const Target& target) const {
     return true;
 }
 
-/// Whether what an absent key stores is what is wanted.
+/// Whether the wanted bytes are those of an absent key.
 bool Assignment::DefaultServes(const Target& target) const {
     if (IsText(*target.value) || IsName(*target.value)) {
         // Nothing is stored: an earlier value may have been, else the bytes are zero.
@@ -191,7 +191,7 @@ Text Assignment::Choose(const Target& target) const {
     return IsText(*target.value) ? ChooseText(target) : ChooseNumber(target);
 }
 
-/// A number, or a name, for the bytes that are wanted; 0 for those that are not.
+/// A number, or a name, that gives the wanted bytes, and 0 for the other bytes.
 Text Assignment::ChooseNumber(const Target& target) const {
     if (DefaultServes(target) && !IsName(*target.value)) {
         return DefaultText(*target.value);
@@ -207,7 +207,7 @@ Text Assignment::ChooseNumber(const Target& target) const {
     return image::KeyText(*target.value, bytes);
 }
 
-/// The longest text that agrees with the wanted bytes. What stands behind its end is left to
+/// The longest text that agrees with the wanted bytes. The bytes behind its terminator are those of
 /// earlier values.
 Text Assignment::ChooseText(const Target& target) const {
     std::string text;

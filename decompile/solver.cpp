@@ -12,8 +12,8 @@ namespace {
 /// More rounds than any product needs: there are fewer counts.
 constexpr int kRoundsMax = 200;
 
-/// Decides about a count that later values overwrite, or no longer do. Returns whether there was
-/// one: what is asked for may be different then.
+/// Decides about a count that later values overwrite, or no longer overwrite. Returns whether there
+/// was one: other keys may then be queried.
 bool DecideCount(const std::vector<std::uint32_t>& overwritten, Decisions* decisions) {
     for (auto count = decisions->counts.begin(); count != decisions->counts.end(); ++count) {
         if (std::find(overwritten.begin(), overwritten.end(), count->first) == overwritten.end()) {
@@ -60,7 +60,8 @@ void Prove(const image::Image& image, Solution* solution) {
     }
 }
 
-/// Lets a count that does not matter reach a lost byte. Returns whether there is one.
+/// Increases a count that is overwritten anyway, so that its elements reach a lost byte. Returns
+/// whether there is such a count.
 bool GrowCount(std::uint32_t lost, Decisions* decisions) {
     for (auto& [at, count] : decisions->counts) {
         for (const CountedElement& element : CountedElements().at(at)) {

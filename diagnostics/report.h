@@ -1,4 +1,4 @@
-/// Findings in the forms in which people and programs take them.
+/// Output formats of findings, for people and for programs.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-/// What can be wrong with a tree: the kinds of findings, by the ids that they are known by.
+/// The kinds of findings, with their ids.
 #pragma once
 
 #include <cstdint>
@@ -63,14 +63,14 @@ enum class RuleId : std::uint8_t {
     kUnneededSuppression,
 };
 
-/// What is known of a kind.
+/// Description of a kind.
 struct Rule {
     RuleId id;
     std::string_view name;     ///< "unknown-key"; never changes
     std::string_view group;    ///< "structure"
     std::string_view summary;  ///< one line, for lists
     std::string_view help;     ///< what happens, and what to do about it
-    bool isOff = false;        ///< not looked for unless asked for
+    bool isOff = false;        ///< off by default
 };
 
 /// All kinds, in the order of `RuleId`.

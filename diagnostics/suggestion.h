@@ -1,4 +1,4 @@
-/// What was probably meant by a name that nobody knows.
+/// Suggestions for unknown names.
 #pragma once
 
 #include <cstddef>
@@ -8,15 +8,15 @@
 
 namespace paramgen::diagnostics {
 
-/// How far apart two names are, in any case: the letters to insert, drop or replace, and neighbours
-/// to swap. More than `most` is told as `most` + 1.
+/// The edit distance of two names, case-insensitive: insertions, deletions, replacements and swaps
+/// of neighbours. Returns `most` + 1 when it is larger than `most`.
 std::size_t EditDistance(std::string_view a, std::string_view b, std::size_t most);
 
 /// Whether two names are the same words in another order, or with other characters between them.
 bool HaveSameWords(std::string_view a, std::string_view b);
 
-/// How unlike a candidate a name is: 0 the same in any case, else its distance; `kUnlike` when it
-/// is too far off for a guess: more than a third of the longer one's length.
+/// The distance of a name from a candidate: 0 when they differ in case only. `kUnlike` when it is
+/// more than a third of the longer one's length, which is too far for a suggestion.
 inline constexpr std::size_t kUnlike = SIZE_MAX;
 std::size_t Unlikeness(std::string_view name, std::string_view candidate);
 

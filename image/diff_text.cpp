@@ -20,7 +20,7 @@ std::string SideText(const Side& side) {
     return value.Kind() == FieldKind::kBytes ? entry.raw : output::Shown(entry.text);
 }
 
-/// What else there is to say of a side: that it is the default, unread, and where it stands.
+/// Remarks on a side: whether it is the default or unread, and the place of its key.
 std::string SideRemark(const Side& side, const PlaceOfKey& placeOf) {
     const layout::Value& value = *side.entry.value;
     if (!value.HasKey()) {

@@ -23,7 +23,7 @@ bool HoldsCopy(const Image& image, const layout::Value& value) {
     return std::equal(bytes.begin(), bytes.end(), image.begin() + value.origin);
 }
 
-/// What is odd about a value for where it comes from.
+/// Adds flags that depend on a value's source.
 void FlagSource(const Image& image, const layout::Value& value, std::vector<Flag>* flags) {
     switch (value.Source()) {
         case FieldSource::kNobody:
@@ -46,7 +46,7 @@ void FlagSource(const Image& image, const layout::Value& value, std::vector<Flag
     }
 }
 
-/// What is odd about a value for its kind.
+/// Adds flags that depend on a value's kind.
 void FlagKind(const Image& image, const layout::Value& value, const std::string& name,
               std::vector<Flag>* flags) {
     const auto bytes = BytesOf(image, value);

@@ -46,7 +46,7 @@ Text WordText(std::uint32_t stored, std::uint32_t times) {
     return number ? Text(std::to_string(static_cast<std::int32_t>(*number))) : std::nullopt;
 }
 
-/// A boolean is stored as 0 or 1, whatever it is read from.
+/// The text of a boolean, which is stored as 0 or 1.
 Text BoolText(std::uint32_t stored) {
     return stored <= 1 ? Text(std::to_string(stored)) : std::nullopt;
 }
@@ -61,7 +61,7 @@ Text FloatKeyText(std::uint32_t bits) {
     const float number = std::bit_cast<float>(bits);
     if (std::isnan(number) &&
         bits != std::bit_cast<std::uint32_t>(std::numeric_limits<float>::quiet_NaN())) {
-        return std::nullopt;  // the program knows one NaN
+        return std::nullopt;  // the program stores only one NaN
     }
     return FloatText(number);
 }

@@ -35,7 +35,7 @@ bool WriteAll(int descriptor, std::string_view bytes) {
     throw UserError("cannot write " + Shown(path) + ": " + Reason());
 }
 
-/// Whether something stands at `path` that is not replaced but written to.
+/// Whether there is a device, pipe or the like at `path`, which is written to and not replaced.
 bool IsDevice(const std::string& path) {
     struct stat status = {};
     return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
@@ -52,7 +52,7 @@ void WriteThrough(const std::string& path, std::string_view bytes) {
     }
 }
 
-/// A temporary file, which is removed unless it took its place.
+/// A temporary file. The destructor removes it unless it was renamed to its final name.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& target) : target_(target), name_(target + ".XXXXXX") {
@@ -134,7 +134,7 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
         WriteThrough(path, bytes);
         return;
     }
-    // A link stays one: what it leads to is replaced.
+    // A symbolic link is kept: its target is replaced.
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::canonical(path, error);
     const std::string target = error ? path : resolved.string();

@@ -29,8 +29,7 @@ std::string Resolved(const std::string& path) {
     return error ? path : resolved.string();
 }
 
-/// One of the files. What it has put beside or in the place of the old one it takes back when it is
-/// destroyed, unless it was told that all went well.
+/// One of the files. Its destructor undoes everything, unless `Stay` was called.
 class StagedFile {
 public:
     explicit StagedFile(const NewContent& content)
@@ -54,7 +53,7 @@ public:
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
 
-    /// Takes the old file's place.
+    /// Replaces the old file.
     void TakePlace() {
         if (hasOld_) {
             Save();
@@ -65,7 +64,7 @@ public:
         state_ = State::kInPlace;
     }
 
-    /// It stays, and the old one goes.
+    /// Keeps the new file: the destructor then removes the saved old one.
     void Stay() { state_ = State::kDone; }
 
 private:

@@ -33,12 +33,12 @@ std::string CheckName(const std::string& name) {
     return "no finding or group of findings is called '" + output::Shown(name) + "'";
 }
 
-/// What all trees came to.
+/// The results of all trees together.
 struct Totals {
     std::size_t errors = 0;
     std::size_t warnings = 0;
     std::size_t failing = 0;    ///< warnings that were made to fail
-    std::size_t oldErrors = 0;  ///< errors that are not shown, as they are not new
+    std::size_t oldErrors = 0;  ///< errors that are not shown because they are not new
 };
 
 std::string Plural(std::size_t count, const char* noun) {

@@ -51,7 +51,7 @@ void Tell(std::string_view text) {
 
 namespace {
 
-/// What CLI11 has to say: help and version as the result, mistakes on standard error.
+/// Prints CLI11's message: help and version as the result, errors on standard error.
 int TellParseResult(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) {
         std::ostringstream text;

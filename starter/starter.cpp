@@ -15,7 +15,7 @@ namespace {
 constexpr char kMode[] = "QX_PARAM_MEDIAMODE_1080P_30";
 constexpr char kModeModule[] = "cam0_mediamode0";
 
-/// Keys that count by being there, of the first element of each array of that kind.
+/// Whether a value is in an array whose elements are counted by the existence of their keys.
 bool IsLeading(const layout::Value& value) {
     return std::any_of(value.conditions.begin(), value.conditions.end(),
                        [](const layout::Condition& condition) {
@@ -47,7 +47,7 @@ std::string DefaultText(const layout::Value& value) {
     return value.HasDefault() ? std::to_string(value.Default()) : "";
 }
 
-/// A value that is healthy beside the others: its default; but pipes have handles of their own.
+/// A value that fits the others: its default, except that pipes have different handles.
 std::string StarterText(const layout::Value& value) {
     const std::string_view section = value.section;
     if (section.starts_with("vcap.pipe.") && value.key == "vcappipehdl") {
@@ -56,8 +56,8 @@ std::string StarterText(const layout::Value& value) {
     return DefaultText(value);
 }
 
-/// The product: every key is at its default, and of elements that lead by their keys the first one
-/// is there.
+/// The product: every key has its default, and of elements that are counted by their keys only the
+/// first one exists.
 class Starter : public compile::Imagined {
 public:
     Starter() {
@@ -85,7 +85,7 @@ private:
     std::set<std::string, std::less<>> modules_;
 };
 
-/// What there is to know of a value, as a comment line.
+/// The description of a value, as a comment line.
 std::string Comment(const layout::Value& value) {
     std::string text = value.About();
     text += value.Unit().empty() ? "" : " [" + value.Unit() + "]";

@@ -19,7 +19,7 @@ bool Says(const std::string& bytes, std::string_view key, std::string_view value
     return line != nullptr && line->kind == LineKind::kValue && file.TextOf(line->value) == value;
 }
 
-/// Where what is written behind a line's '=' stands, quotes included.
+/// The part of a line that holds the value, with its quotes.
 Span WrittenValue(const IniFile& file, const Line& line) {
     const std::string& bytes = file.bytes();
     std::uint32_t begin = static_cast<std::uint32_t>(bytes.find('=', line.name.end)) + 1;
@@ -43,7 +43,7 @@ std::string Replaced(const std::string& bytes, Span part, const std::string& tex
     return bytes.substr(0, part.begin) + text + bytes.substr(part.end);
 }
 
-/// Ways to write a value, the plainest first.
+/// Ways to write a value, the simplest first.
 std::vector<std::string> Spellings(std::string_view value) {
     std::vector<std::string> all;
     if (const std::optional<std::string> plain = Spelled(value)) {
@@ -60,7 +60,7 @@ std::optional<std::string> ChangeLine(const IniFile& file, const Line& line, std
     const bool needsBlank = written.Size() == 0 && written.begin > 0 &&
                             bytes[written.begin - 1] == '=' && written.begin >= 2 &&
                             IsBlank(bytes[written.begin - 2]);
-    // What follows a closing quote was ignored: it goes when it would not be any more.
+    // Text behind a closing quote was ignored. It is removed when the new value would include it.
     std::uint32_t end = line.comment;
     while (end > written.end && IsBlank(bytes[end - 1])) {
         --end;

@@ -1,4 +1,4 @@
-/// Changes in the text of an INI file that leave every other byte of it alone.
+/// Changes of an INI file's text that keep all its other bytes.
 #pragma once
 
 #include <optional>

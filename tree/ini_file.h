@@ -1,6 +1,6 @@
-/// An INI file with the places of everything in it: line by line what it says, and which line of a
-/// key counts. Lines are taken apart by the program's own grammar (`confaccess/ini_line.h`), so
-/// that a file means here what it means to the program.
+/// An INI file with the positions of its parts: every line with its meaning, and for every key the
+/// line that counts. Lines are parsed with the program's own grammar (`confaccess/ini_line.h`), so
+/// a file has the same meaning here as in the program.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +21,7 @@ struct Span {
     std::uint32_t Size() const { return end - begin; }
 };
 
-/// What a line comes to.
+/// Kinds of lines.
 enum class LineKind : std::uint8_t {
     kNothing,      ///< nothing, or a comment alone; such lines are not kept
     kComment,      ///< a comment alone, with a directive
@@ -30,17 +30,17 @@ enum class LineKind : std::uint8_t {
     kSyntaxError,  ///< is none of these; the program refuses the file
     kTooLong,      ///< has more than 1022 characters; the program refuses the file
     kNul,          ///< ends early in a NUL; the program refuses the file
-    kIgnored,      ///< passed over: a last line of one character, or one that ends in '\'
-    kCutAtNul,     ///< a NUL within its first two characters: the program passes the line over
+    kIgnored,      ///< ignored: a last line of one character, or one that ends in '\'
+    kCutAtNul,     ///< has a NUL within its first two characters: the program ignores the line
 };
 
 /// "No such line".
 inline constexpr std::uint32_t kNoLine = UINT32_MAX;
 
-/// What a comment says to the companion begins with this.
+/// Comments for the companion begin with this.
 inline constexpr std::string_view kDirective = "paramtool:";
 
-/// A line that says something.
+/// A line that is not empty.
 struct Line {
     LineKind kind = LineKind::kNothing;
     bool hasNul = false;              ///< it has a NUL, and counts up to it
@@ -54,11 +54,10 @@ struct Line {
     std::uint32_t former = kNoLine;  ///< that of the line of the same key before, which it replaces
 };
 
-/// A file. What is refused by the program is taken apart all the same, for what can be said about
-/// it, but has no keys.
+/// A file. A file that the program refuses is parsed too, for findings about it, but has no keys.
 class IniFile {
 public:
-    /// Takes `bytes` apart. There are at most as many as the program reads (`kTextMax`).
+    /// Parses `bytes`, at most as many as the program reads (`kTextMax`).
     explicit IniFile(std::string bytes);
 
     IniFile(const IniFile&) = delete;
@@ -66,7 +65,7 @@ public:
 
     const std::string& bytes() const { return bytes_; }
 
-    /// Whether the program takes the file; if not, it does as if there were none.
+    /// Whether the program accepts the file; otherwise it behaves as without the file.
     bool IsAccepted() const { return isAccepted_; }
 
     /// In the file's order.
@@ -101,7 +100,7 @@ private:
     std::unordered_map<std::string, std::uint32_t> last_;  ///< of each key the line that counts
 };
 
-/// A text in lower case, as the program compares sections and keys. ASCII letters alone have cases.
+/// A text in lower case, as the program compares sections and keys. Only ASCII letters change.
 std::string LowerCase(std::string_view text);
 
 }  // namespace paramgen::tree

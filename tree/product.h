@@ -1,7 +1,7 @@
 /// A product's tree in memory: the entry file and the modules that it lists, each file read once.
 ///
-/// It is found as the program finds it that runs in the product's directory, and tells what became
-/// of each module there.
+/// Files are found in the same way as by the program in the product's directory. The result tells
+/// for each module whether it was read or why not.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ namespace paramgen::tree {
 /// The name of the entry file.
 inline constexpr char kEntryName[] = "config_cfgaccess_entry.ini";
 
-/// What became of a module.
+/// Whether a module was read.
 enum class ModuleFate : std::uint8_t {
     kRead,         ///< it is there
     kUnreadable,   ///< left out: its file cannot be opened or read
@@ -48,7 +48,7 @@ struct Module {
     const FoundFile* file = nullptr;  ///< null when it came to none
 };
 
-/// What became of the entry file.
+/// Whether the entry file was read.
 enum class EntryFate : std::uint8_t {
     kRead,
     kMissing,      ///< there is none, or it cannot be read

@@ -7,9 +7,9 @@
 
 namespace paramgen::tree {
 
-/// What has to stand behind a key's '=' so that its value is `text`: the text itself where that
-/// will do, else in quotes. None when no line can say it: it has a ';', a newline or a NUL, or
-/// needs quotes and has both kinds of them, or is longer than a line.
+/// The text to write behind a key's '=' so that its value is `text`: the text itself if possible,
+/// else in quotes. Nothing when no line can give this value: it contains a ';', a newline or a NUL,
+/// or needs quotes and contains both kinds, or is too long for a line.
 std::optional<std::string> Spelled(std::string_view text);
 
 }  // namespace paramgen::tree
