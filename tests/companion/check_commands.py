@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs commands of paramtool as a user does, and looks at what they leave.
+"""Runs commands of paramtool as a user does, and checks their output and their files.
 
 Usage: check_commands.py PARAMTOOL PARAMGEN EXAMPLE.
 """
@@ -13,7 +13,7 @@ PARAMTOOL, PARAMGEN, EXAMPLE = (os.path.abspath(path) for path in sys.argv[1:])
 
 
 def run(*arguments, expect=0):
-    """Runs paramtool; the exit status has to be `expect`. Returns what it wrote."""
+    """Runs paramtool, which must exit with `expect`. Returns its output."""
     done = subprocess.run([PARAMTOOL, *arguments], capture_output=True, text=True, check=False)
     if done.returncode != expect:
         sys.exit(f"{arguments}: exit status {done.returncode}, not {expect}\n{done.stdout}{done.stderr}")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds JSON results of paramtool against their schemas.
+"""Validates JSON results of paramtool against their schemas.
 
 Usage: check_schemas.py PARAMTOOL SCHEMAS EXAMPLE. Exits with 77 without python3-jsonschema.
 """

@@ -1,6 +1,6 @@
-// Images of products made up at random, decompiled, and compiled again by the real program.
+// Images of random products are decompiled, and compiled again by the real program.
 //
-// PARAMGEN_TREES tells how many, PARAMGEN_SEED the number of the first one.
+// PARAMGEN_TREES is the number of products, PARAMGEN_SEED the number of the first one.
 
 #include <gtest/gtest.h>
 
@@ -58,7 +58,7 @@ protected:
     }
 };
 
-/// Decompiles an image, and expects that the program makes it again from what was written.
+/// Decompiles an image, and expects that the program makes it again from the resulting tree.
 void ExpectBack(const image::Image& image, const Options& options) {
     const Decompiled result = Decompile(image, options);
     for (const Lost& lost : result.lost) {
@@ -103,8 +103,8 @@ TEST_F(RoundTrip, AProductAsNobodyWouldWriteItComesBackFromItsImage) {
     std::printf("%d products came back\n", count);
 }
 
-/// How many files of the tree are not as in `directory`. An entry file with paths that begin at the
-/// root has to change.
+/// Number of files of the tree that differ from those in `directory`. An entry file with absolute
+/// paths must differ.
 std::size_t ChangedFiles(const std::filesystem::path& directory, const Decompiled& result) {
     std::size_t changed = 0;
     for (const TreeFile& file : result.files) {
@@ -141,7 +141,7 @@ TEST_F(RoundTrip, ATreeThatIsLikeAnotherMakesTheImage) {
     });
 }
 
-/// Bytes that no tree makes are told one by one: the others come back.
+/// Bytes that no tree can give are listed one by one; all others must be the same again.
 TEST_F(RoundTrip, WhatCannotComeBackIsToldExactly) {
     ForNumbers(30, [](std::uint64_t number) {
         std::mt19937_64 random(number);

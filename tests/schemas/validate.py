@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds what `paramtool check` writes against its schemas.
+"""Validates the output of `paramtool check` against its schemas.
 
 usage: validate.py PARAMTOOL SOURCES
 

@@ -1,4 +1,4 @@
-"""A headless browser that opens files from disk, and tells what a page said and asked for."""
+"""A headless browser that opens files from disk, with its console messages and network requests."""
 
 import json
 import os
@@ -61,7 +61,7 @@ class Browser:
         shutil.rmtree(self.profile, ignore_errors=True)
 
     def open(self, path, fragment=""):
-        """Opens a file anew, whatever was open before."""
+        """Opens a file, even one that is open already."""
         self.driver.get("about:blank")
         self.said()
         self.requests()
@@ -82,7 +82,7 @@ class Browser:
         return self.driver.execute_cdp_cmd(name, parameters)
 
     def colours(self, scheme):
-        """Has the page believe that the system is set to "light" or "dark"."""
+        """Sets the preferred colour scheme: "light" or "dark"."""
         self.command("Emulation.setEmulatedMedia",
                      features=[{"name": "prefers-color-scheme", "value": scheme}])
 
@@ -92,13 +92,12 @@ class Browser:
                      deviceScaleFactor=1, mobile=False)
 
     def said(self):
-        """The console's messages since the last call, but for the browser's remarks on how long
-        something took."""
+        """The console's messages since the last call, without the browser's remarks on slow operations."""
         return [entry["message"] for entry in self.driver.get_log("browser")
                 if entry.get("source") != "violation"]
 
     def requests(self):
-        """The addresses asked for since the last call."""
+        """The addresses requested since the last call."""
         entries = [json.loads(entry["message"])["message"]
                    for entry in self.driver.get_log("performance")]
         return [entry["params"]["request"]["url"] for entry in entries

@@ -1,5 +1,5 @@
-// kaitai.js DESCRIPTION PARAMTOOL TREE: compiles the description, reads images with what comes of
-// it, and compares every value with what `paramtool dump` says.
+// kaitai.js DESCRIPTION PARAMTOOL TREE: compiles the description, reads images with the resulting
+// reader, and compares every value with `paramtool dump`.
 "use strict";
 
 const {execFileSync} = require("child_process");

@@ -5,7 +5,7 @@ import shutil
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
-# Runs when it is read as markup or as script, and closes what it may stand in.
+# A text that would run as a script if a page did not escape it, wherever it is.
 ATTACK = "\"'><img src=x onerror=attacked=1></script><script>attacked=1</script><!--"
 
 

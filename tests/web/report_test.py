@@ -51,7 +51,7 @@ class PageTest(unittest.TestCase):
         limit(TEST_WITHIN, self.id())
 
     def tearDown(self):
-        """Whatever a test does, the page says nothing to the console and asks for nothing."""
+        """After every test: the page has written nothing to the console and requested nothing."""
         self.assertEqual(self.browser.said(), [])
         for address in self.browser.requests():
             self.assertRegex(address, "^(file:.*[.]html|about:blank|data:,)")
@@ -87,7 +87,7 @@ class PageTest(unittest.TestCase):
     def press(self, *keys):
         ActionChains(self.driver).send_keys(*keys).perform()
 
-    # What it shows at once
+    # The first view
 
     def test_the_product_comes_first(self):
         self.open()
