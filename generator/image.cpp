@@ -1,6 +1,5 @@
 #include "generator/image.h"
 
-#include "param/common/modules.h"
 #include "safestr/safestr.h"
 
 namespace paramgen {
@@ -24,11 +23,11 @@ constexpr TableOf<ImageTail> kTailTable{nullptr, kTailFields};
 constexpr Field kImageFields[] = {
     RECORD(ParamImage, header, kHeaderTable),
     RECORD(ParamImage, tail, kTailTable),
-    RECORD(ParamImage, devMng, kDevMngTable).From(kDevMngModule),
-    RECORD(ParamImage, fileMng, kFileMngTable).From(kFileMngModule),
-    RECORD(ParamImage, mediaComm, kMediaCommTable).From(kMediaCommModule),
+    RECORD(ParamImage, devMng, kDevMngTable),
+    RECORD(ParamImage, fileMng, kFileMngTable),
+    RECORD(ParamImage, mediaComm, kMediaCommTable),
     RECORD(ParamImage, workMode, kWorkModeTable),
-    RECORD(ParamImage, valueSet, kValueSetTable).From(kValueSetModule),
+    RECORD(ParamImage, valueSet, kValueSetTable),
     RECORD(ParamImage, cam, kCamMediaTable),
     RESERVED(ParamImage, gap).About("Brings the cameras to an 8-byte boundary"),
 };

@@ -237,6 +237,10 @@ void WalkElement(const Field& field, const Named& node, const Place& record, std
 /// Walks the rows of a record. `sections`: its members are sections.
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found) {
     Place record = outer;
+    if (table.ownModule != nullptr) {
+        record.module = {table.ownModule, table.ownModule};
+        record.modules = {table.ownModule};
+    }
     const Named node =
         table.node == nullptr ? outer.prefix : Expand(table.node, outer.prefix, outer.numbers);
     for (const Field& field : table.fields) {

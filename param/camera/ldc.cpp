@@ -9,13 +9,10 @@
 namespace paramgen {
 
 constexpr Field kLdcV1Fields[] = {
-    FIELD(LdcV1Attr, aspect, "aspect", 0)
-        .About("The correction keeps the aspect ratio of the picture"),
-    FIELD(LdcV1Attr, xRatio, "xratio", 0).About("Horizontal field of view that is kept").Unit("%"),
-    FIELD(LdcV1Attr, yRatio, "yratio", 0).About("Vertical field of view that is kept").Unit("%"),
-    FIELD(LdcV1Attr, xyRatio, "xyratio", 0)
-        .About("Field of view that is kept when the aspect ratio is")
-        .Unit("%"),
+    FIELD(LdcV1Attr, aspect, "aspect", 0).About("The aspect ratio is kept"),
+    FIELD(LdcV1Attr, xRatio, "xratio", 0).About("Horizontal ratio").Unit("%"),
+    FIELD(LdcV1Attr, yRatio, "yratio", 0).About("Vertical ratio").Unit("%"),
+    FIELD(LdcV1Attr, xyRatio, "xyratio", 0).About("Combined ratio").Unit("%"),
     FIELD(LdcV1Attr, centerXOffset, "centerxoffset", 0)
         .About("Horizontal offset of the distortion centre")
         .Unit("px"),
@@ -23,24 +20,14 @@ constexpr Field kLdcV1Fields[] = {
         .About("Vertical offset of the distortion centre")
         .Unit("px"),
     FIELD(LdcV1Attr, distortionRatio, "distortionratio", 0)
-        .About("Strength of the distortion; negative for barrel distortion"),
+        .About("Distortion ratio; negative for barrel distortion"),
 };
 
 constexpr Field kLdcV3Fields[] = {
-    FIELD(LdcV3Attr, aspect, "aspect", 0)
-        .About("The correction keeps the aspect ratio of the picture"),
-    FIELD(LdcV3Attr, xRatio, "xratio", 0)
-        .Label("x_ratio")
-        .About("Horizontal field of view that is kept")
-        .Unit("%"),
-    FIELD(LdcV3Attr, yRatio, "yratio", 0)
-        .Label("y_ratio")
-        .About("Vertical field of view that is kept")
-        .Unit("%"),
-    FIELD(LdcV3Attr, xyRatio, "xyratio", 0)
-        .Label("xy_ratio")
-        .About("Field of view that is kept when the aspect ratio is")
-        .Unit("%"),
+    FIELD(LdcV3Attr, aspect, "aspect", 0).About("The aspect ratio is kept"),
+    FIELD(LdcV3Attr, xRatio, "xratio", 0).Label("x_ratio").About("Horizontal ratio"),
+    FIELD(LdcV3Attr, yRatio, "yratio", 0).Label("y_ratio").About("Vertical ratio"),
+    FIELD(LdcV3Attr, xyRatio, "xyratio", 0).Label("xy_ratio").About("Combined ratio"),
     FIELD(LdcV3Attr, focalLenX, "focal_len_x", 0).About("Horizontal focal length").Unit("1/100 px"),
     FIELD(LdcV3Attr, focalLenY, "focal_len_y", 0).About("Vertical focal length").Unit("1/100 px"),
     FIELD(LdcV3Attr, coordShiftX, "coord_shift_x", 0)

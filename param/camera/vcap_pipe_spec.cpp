@@ -19,10 +19,10 @@ constexpr Field kVcapIspPubFields[] = {
         .About("Frame rate of the image processor")
         .Unit("fps"),
     FIELD(VcapIspPubAttr, width, "isp_width", 0)
-        .About("Width of the picture that the image processor puts out")
+        .About("Width of the image processor's picture")
         .Unit("px"),
     FIELD(VcapIspPubAttr, height, "isp_height", 0)
-        .About("Height of the picture that the image processor puts out")
+        .About("Height of the image processor's picture")
         .Unit("px"),
     RESERVED(VcapIspPubAttr, reserved).About("Reserved"),
     FIELD(VcapIspPubAttr, mirrorFlip, "isp_mirrorflip", 0)
@@ -63,10 +63,10 @@ constexpr Field kVcapPipeSpecFields[] = {
     FIELD(VcapPipeSpecCfg, ispBypass, "isp_bypass", 0)
         .Label("isp_Bypass")
         .About("The image processor is bypassed"),
-    FIELD(VcapPipeSpecCfg, bypassMode, "pipe_bypassmode", 0).About("How the pipe is bypassed"),
+    FIELD(VcapPipeSpecCfg, bypassMode, "pipe_bypassmode", 0).About("Bypass mode of the pipe"),
     RECORD(VcapPipeSpecCfg, ispPub, kVcapIspPubTable),
     FIELD(VcapPipeSpecCfg, frameInterruptType, "frameinterrupt_type", 0)
-        .About("When the frame interrupt comes"),
+        .About("Type of the frame interrupt"),
     FIELD(VcapPipeSpecCfg, aibnrSupport, "aibnr_support", 0)
         .About("Noise reduction of the raw picture by a model is supported"),
     FIELD(VcapPipeSpecCfg, ai3dnrSupport, "ai3dnr_support", 0)

@@ -76,11 +76,9 @@ constexpr Field kVprocCommFields[] = {
     FIELD(VprocCommCfg, pixelFormat, "pixelformat", 0)
         .About("Pixel format")
         .Numbers("0 YUV 4:2:0, 1 YUV 4:2:2"),
+    // The lens keys are stored behind noise reduction.
     FIELD(VprocCommCfg, isLdcV1, "isLdcV1", 0)
-        .About("Lens correction is by the first model, not by the third")
-        .About(
-            "Lens correction is by the first model, not by the third"),  // the lens keys are stored
-                                                                         // behind noise reduction
+        .About("Lens correction is by the first model, not by the third"),
     FIELD(VprocCommCfg, ldcEnable, "ldcEnable", 0).About("Lens correction is done in the group"),
     FIELD(VprocCommCfg, nrEnable, "nrenable", 0).About("Noise reduction is on"),
     RECORD(VprocCommCfg, nr, kVprocNrTable),

@@ -252,6 +252,7 @@ struct RecordTable {
     std::uint32_t size;             ///< of the record, in bytes
 #if defined(PARAMGEN_DESCRIBED)
     std::string_view type;  ///< "GsensorCfg"
+    const char* ownModule;  ///< the module that it is read from; null: that of the record around
 #endif
 
     /// Template of the node that `row` of this table is read under; for a nested record, of the
@@ -411,6 +412,19 @@ private:
     }
 };
 
+/// The table of a record that is read from a module of its own.
+template <typename RecordType>
+struct ModuleTableOf : TableOf<RecordType> {
+    const char* module;
+
+    constexpr ModuleTableOf(const char* name, std::span<const Field> rows)
+        : TableOf<RecordType>(nullptr, rows), module(name) {
+#if defined(PARAMGEN_DESCRIBED)
+        this->ownModule = name;
+#endif
+    }
+};
+
 template <typename Member>
 constexpr Field RecordRow(std::size_t offset,
                           const TableOf<typename Shape<Member>::Element>& table) {
@@ -425,6 +439,11 @@ constexpr Field RecordRow(std::size_t offset,
 /// `constexpr` beside its rows.
 template <typename Record>
 using TableOf = field_detail::TableOf<Record>;
+
+/// The same for a record that is read from one module, which its table names: a section, mostly.
+/// Its rows stand under nodes of their own.
+template <typename Record>
+using ModuleTableOf = field_detail::ModuleTableOf<Record>;
 
 }  // namespace paramgen
 

@@ -1,9 +1,10 @@
 #include "param/devmng/devmng.h"
 
-#include "param/common/modules.h"
 #include "param/common/propagate.h"
 
 namespace paramgen {
+
+constexpr char kStorageNode[] = "storagemng";
 
 constexpr Field kDevInfoFields[] = {
     FIELD(DevInfo, softwareVersion, "software_version")
@@ -13,7 +14,7 @@ constexpr Field kDevInfoFields[] = {
 };
 
 constexpr Field kStorageFields[] = {
-    FIELD(StorageCfg, mountPath, kMountPathKey).At(kStorageNode).About("Mount path of the storage"),
+    FIELD(StorageCfg, mountPath, "mount_path").At(kStorageNode).About("Mount path of the storage"),
     FIELD(StorageCfg, devicePath, "dev_path").At(kStorageNode).About("Device path of the storage"),
     CONSTANT(StorageCfg, mediumType, 0).About("Type of the medium; always 0"),
     CONSTANT(StorageCfg, devicePortNo, 0).About("Number of the device port; always 0"),
@@ -48,7 +49,7 @@ constexpr Field kDevMngFields[] = {
     RECORD(DevMngCfg, sys, kSysTable),
 };
 
-constexpr TableOf<DevMngCfg> kDevMngTable{nullptr, kDevMngFields};
+constexpr ModuleTableOf<DevMngCfg> kDevMngTable{"devmng", kDevMngFields};
 
 Status PDT_INIPARAM_LoadDevInfo(const char* module, DevInfo* info) {
     LOAD_OR_RETURN(module, nullptr, kDevInfoTable, info);
@@ -85,11 +86,12 @@ Status PDT_INIPARAM_LoadSysCfg(const char* module, SysCfg* cfg) {
 }
 
 Status PDT_INIPARAM_LoadDevMngConf(DevMngCfg* section) {
+    const char* module = kDevMngTable.module;
     REQUIRE_RECORD_OR_RETURN(section);
-    CALL_OR_RETURN(PDT_INIPARAM_LoadDevInfo(kDevMngModule, &section->devInfo), "devinfo");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadStorageCfg(kDevMngModule, &section->storage), "storage");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadGsensorCfg(kDevMngModule, &section->gsensor), "gsensor config");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadSysCfg(kDevMngModule, &section->sys), "system config");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadDevInfo(module, &section->devInfo), "devinfo");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadStorageCfg(module, &section->storage), "storage");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadGsensorCfg(module, &section->gsensor), "gsensor config");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadSysCfg(module, &section->sys), "system config");
     return kOk;
 }
 

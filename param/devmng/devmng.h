@@ -63,7 +63,7 @@ extern const TableOf<DevInfo> kDevInfoTable;
 extern const TableOf<StorageCfg> kStorageTable;
 extern const TableOf<GsensorCfg> kGsensorTable;
 extern const TableOf<SysCfg> kSysTable;
-extern const TableOf<DevMngCfg> kDevMngTable;
+extern const ModuleTableOf<DevMngCfg> kDevMngTable;
 
 /// These load one record each.
 [[nodiscard]] Status PDT_INIPARAM_LoadDevInfo(const char* module, DevInfo* info);

@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "confaccess/watch.h"
-#include "param/common/modules.h"
 #include "param/common/propagate.h"
 #include "param/common/readers.h"
 #include "safestr/safestr.h"
@@ -14,9 +13,9 @@ constexpr char kRepairNode[] = "common.repair";
 constexpr char kDtcfNode[] = "dtcf";
 
 constexpr Field kFileMngCommFields[] = {
-    FIELD(FileMngCommCfg, mountPath, kMountPathKey)
-        .At(kStorageNode)
-        .From(kDevMngModule)
+    FIELD(FileMngCommCfg, mountPath, "mount_path")
+        .At("storagemng")
+        .From("devmng")
         .About("Mount path of the storage, once more"),
     FIELD(FileMngCommCfg, repair, "enable", 0)
         .At(kRepairNode)
@@ -70,10 +69,11 @@ constexpr Field kFileMngFields[] = {
     RECORD(FileMngCfg, dtcf, kDtcfTable),
 };
 
-constexpr TableOf<FileMngCfg> kFileMngTable{nullptr, kFileMngFields};
+constexpr ModuleTableOf<FileMngCfg> kFileMngTable{"filemng", kFileMngFields};
 
 Status PDT_INIPARAM_FILEMNG_LoadCommCfg(const char* module, FileMngCommCfg* cfg) {
-    LOAD_OR_RETURN(kDevMngModule, nullptr, ROW(kFileMngCommTable, mountPath), cfg);
+    constexpr const Field& kMountPath = ROW(kFileMngCommTable, mountPath);
+    LOAD_OR_RETURN(kMountPath.module, nullptr, kMountPath, cfg);
     LOG_DEBUG("mount path[%s] \n", cfg->mountPath);
     LOAD_OR_RETURN(module, nullptr, ROWS(kFileMngCommTable, repair, repairTopDirName), cfg);
     LOG_DEBUG("repair enable[%d], parse extra mdat[%d], repair root dir[%s], topdirname[%s]\n",
@@ -131,10 +131,10 @@ Status PDT_INIPARAM_FILEMNG_LoadDTCFCfg(const char* module, DtcfCfg* cfg) {
 }
 
 Status PDT_INIPARAM_LoadFileMngConf(FileMngCfg* section) {
+    const char* module = kFileMngTable.module;
     REQUIRE_RECORD_OR_RETURN(section);
-    CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadCommCfg(kFileMngModule, &section->comm),
-                   "filemng comm");
-    CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadDTCFCfg(kFileMngModule, &section->dtcf), "dtcf");
+    CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadCommCfg(module, &section->comm), "filemng comm");
+    CALL_OR_RETURN(PDT_INIPARAM_FILEMNG_LoadDTCFCfg(module, &section->dtcf), "dtcf");
     return kOk;
 }
 

@@ -49,11 +49,9 @@ struct FileMngCfg {
 static_assert(sizeof(FileMngCfg) == 1444);
 static_assert(offsetof(FileMngCfg, dtcf) == 392);
 
-inline constexpr char kFileMngModule[] = "filemng";
-
 extern const TableOf<FileMngCommCfg> kFileMngCommTable;
 extern const TableOf<DtcfCfg> kDtcfTable;
-extern const TableOf<FileMngCfg> kFileMngTable;
+extern const ModuleTableOf<FileMngCfg> kFileMngTable;
 
 /// Loads the mount path and the file repair settings. The mount path comes from the module of
 /// device management.

@@ -13,7 +13,7 @@ constexpr Field kAcapAttrFields[] = {
         .About("Sound mode")
         .Numbers("0 left, 1 right, 2 stereo"),
     FIELD(AcapAttr, trackMode, "track_mode", 0).Label("trackMode").About("Track mode"),
-    FIELD(AcapAttr, workMode, "work_mode", 0).About("Work mode of the audio interface"),
+    FIELD(AcapAttr, workMode, "work_mode", 0).About("Work mode"),
     FIELD(AcapAttr, mixerMicMode, "mixer_mic_mode", 0)
         .About("Microphone input of the codec")
         .Numbers("0 IN0, 1 IN1, 2 IN_D"),

@@ -14,8 +14,8 @@ constexpr Field kAoAttrFields[] = {
         .About("Sound mode")
         .Numbers("0 left, 1 right, 2 stereo"),
     FIELD(AoAttr, trackMode, "track_mode", 0).About("Track mode"),
-    FIELD(AoAttr, workMode, "work_mode", 6).About("Work mode of the audio interface"),
-    FIELD(AoAttr, i2cType, "ao_i2c_type", 0).About("I2C type of the codec"),
+    FIELD(AoAttr, workMode, "work_mode", 6).About("Work mode"),
+    FIELD(AoAttr, i2cType, "ao_i2c_type", 0).About("I2C type"),
     FIELD(AoAttr, pointsPerFrame, "ptnum_per_frm", 0)
         .Under("ao.%d.aac")
         .About("Samples of a frame")

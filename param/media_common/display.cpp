@@ -16,9 +16,9 @@ constexpr Field kDispCscFields[] = {
 };
 
 constexpr Field kDispAspectFields[] = {
-    FIELD(DispAspectAttr, mode, "mode", 0).About("How the video keeps its aspect ratio"),
+    FIELD(DispAspectAttr, mode, "mode", 0).About("Aspect mode"),
     FIELD(DispAspectAttr, bgColor, "bg_color", 0)
-        .About("Colour around the video: red * 65536 + green * 256 + blue"),
+        .About("Background colour: red * 65536 + green * 256 + blue"),
     FIELD(DispAspectAttr, rectX, "rect_x", 0)
         .About("Left edge of the video in the window")
         .Unit("px"),

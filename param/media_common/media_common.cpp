@@ -23,7 +23,7 @@ constexpr Field kMediaCommFields[] = {
     RECORD(MediaCommCfg, ao, kAoTable),
 };
 
-constexpr TableOf<MediaCommCfg> kMediaCommTable{nullptr, kMediaCommFields};
+constexpr ModuleTableOf<MediaCommCfg> kMediaCommTable{"media_common", kMediaCommFields};
 
 Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* cfg) {
     REQUIRE_RECORD_OR_RETURN(cfg);
@@ -45,7 +45,7 @@ Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* c
 }
 
 Status PDT_INIPARAM_LoadMediaCommConf(MediaCommCfg* section) {
-    const char* module = kMediaCommModule;
+    const char* module = kMediaCommTable.module;
     REQUIRE_RECORD_OR_RETURN(section);
     CALL_OR_RETURN(PDT_INIPARAM_LoadMediaCommVencCommConf(module, &section->venc),
                    "LoadMediaCommVencCommConf");

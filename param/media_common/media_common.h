@@ -57,10 +57,8 @@ static_assert(offsetof(MediaCommCfg, acap) == 532);
 static_assert(offsetof(MediaCommCfg, aenc) == 604);
 static_assert(offsetof(MediaCommCfg, ao) == 656);
 
-inline constexpr char kMediaCommModule[] = "media_common";
-
 extern const TableOf<VencCommCfg> kVencCommTable;
-extern const TableOf<MediaCommCfg> kMediaCommTable;
+extern const ModuleTableOf<MediaCommCfg> kMediaCommTable;
 
 /// Loads the encoders' common settings from `module`.
 [[nodiscard]] Status PDT_INIPARAM_LoadMediaCommVencCommConf(const char* module, VencCommCfg* cfg);

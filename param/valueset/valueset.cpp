@@ -124,7 +124,7 @@ Status LoadItemValues(const char* module, const char* item, const Field& slot, V
 
 }  // namespace
 
-constexpr TableOf<ValueSetCfg> kValueSetTable{nullptr, kValueSetFields};
+constexpr ModuleTableOf<ValueSetCfg> kValueSetTable{"valueset", kValueSetFields};
 static_assert(TakeTheCamera(ROWS(kValueSetTable, payloadType, antiflicker).fields));
 static_assert(TakeTheCamera(ROWS(kValueSetTable, singlePhotoFormat, lapsePhotoInterval).fields));
 
@@ -197,17 +197,17 @@ Status PDT_INIPARAM_LoadPhotoCfgValueSet(const char* module, ValueSetCfg* sectio
 }
 
 Status PDT_INIPARAM_LoadValueSetCfg(ValueSetCfg* section) {
+    const char* module = kValueSetTable.module;
     REQUIRE_RECORD_OR_RETURN(section);
-    CALL_OR_RETURN(PDT_INIPARAM_LoadCamValueSetCfg(kValueSetModule, section), "camValueSetCfg");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCamValueSetCfg(module, section), "camValueSetCfg");
     const Field& dormant = ROW(kValueSetTable, dormant);
     CALL_OR_RETURN(
-        PDT_INIPARAM_LoadDormantValueSetCfg(kValueSetModule, dormant.node, SetOf(section, dormant)),
+        PDT_INIPARAM_LoadDormantValueSetCfg(module, dormant.node, SetOf(section, dormant)),
         dormant.node);
     for (const Field& slot : ROWS(kValueSetTable, brightness, photoType).fields) {
-        CALL_OR_RETURN(LoadItemValues(kValueSetModule, slot.node, slot, SetOf(section, slot)),
-                       slot.node);
+        CALL_OR_RETURN(LoadItemValues(module, slot.node, slot, SetOf(section, slot)), slot.node);
     }
-    CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoCfgValueSet(kValueSetModule, section), "BurstValueSet");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoCfgValueSet(module, section), "BurstValueSet");
     return kOk;
 }
 

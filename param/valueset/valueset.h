@@ -60,10 +60,8 @@ static_assert(offsetof(ValueSetCfg, photoType) == 164 * 20);
 static_assert(offsetof(ValueSetCfg, burst) == 164 * 23);
 static_assert(offsetof(ValueSetCfg, burst[0].types) == 164 * 24);
 
-inline constexpr char kValueSetModule[] = "valueset";
-
 extern const TableOf<BurstValueSets> kBurstValueSetsTable;
-extern const TableOf<ValueSetCfg> kValueSetTable;
+extern const ModuleTableOf<ValueSetCfg> kValueSetTable;
 
 /// Loads the sets of each camera, except those for photos.
 [[nodiscard]] Status PDT_INIPARAM_LoadCamValueSetCfg(const char* module, ValueSetCfg* section);

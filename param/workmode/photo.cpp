@@ -60,7 +60,8 @@ constexpr Field kPhotoWorkModeFields[] = {
     RESERVED(PhotoWorkModeCfg, reserved).About("Reserved"),
 };
 
-constexpr TableOf<PhotoWorkModeCfg> kPhotoWorkModeTable{nullptr, kPhotoWorkModeFields};
+constexpr ModuleTableOf<PhotoWorkModeCfg> kPhotoWorkModeTable{"workmode_photo",
+                                                              kPhotoWorkModeFields};
 
 Status PDT_INIPARAM_LoadPhotoAttr(const char* module, const char* node, PhotoSourceCfg* cfg) {
     LOAD_OR_RETURN(module, node, kPhotoSourceTable, cfg);

@@ -111,7 +111,7 @@ void StoreHandle(std::span<std::byte> handles, std::uint32_t index, std::int32_t
 
 }  // namespace
 
-constexpr TableOf<RecWorkModeCfg> kRecWorkModeTable{nullptr, kRecWorkModeFields};
+constexpr ModuleTableOf<RecWorkModeCfg> kRecWorkModeTable{"workmode_record", kRecWorkModeFields};
 
 Status PDT_INIPARAM_LoadRecFileAttr(const char* module, const char* node, RecFileCfg* cfg) {
     LOAD_OR_RETURN(module, node, ROW(kRecFileTable, videoEncoderCount), cfg);
@@ -205,23 +205,22 @@ Status PDT_INIPARAM_LoadRecCommCfg(const char* module, RecCommCfg* cfg) {
 }
 
 Status PDT_INIPARAM_LoadRecWorkModeConf(RecWorkModeCfg* cfg, std::span<std::byte> thumbnails) {
+    const char* module = kRecWorkModeTable.module;
     REQUIRE_RECORD_OR_RETURN(cfg);
     LOG_DEBUG("WorkMode Record Media Configure:\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadRecMediaCfg(kWorkModeRecordModule, cfg), "RecMedia");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadRecMediaCfg(module, cfg), "RecMedia");
     LOG_DEBUG("\n\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadRecCommCfg(kWorkModeRecordModule, &cfg->comm), "RecComm");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadRecCommCfg(module, &cfg->comm), "RecComm");
     LOG_DEBUG("\n\n");
     for (std::size_t i = 0; i < std::size(cfg->normal); ++i) {
         Key node;
         FILL_OR_RETURN(node, "sprintf_s", ROW(kRecWorkModeTable, photoSource), i);
-        CALL_OR_RETURN(
-            PDT_INIPARAM_LoadPhotoAttr(kWorkModeRecordModule, node.c_str(), &cfg->photoSource[i]),
-            "PhotoSrc");
+        CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoAttr(module, node.c_str(), &cfg->photoSource[i]),
+                       "PhotoSrc");
         FILL_OR_RETURN(node, "sprintf_s", ROW(kRecWorkModeTable, normal), i);
-        CALL_OR_RETURN(
-            PDT_INIPARAM_LoadRecAttr(kWorkModeRecordModule, node.c_str(), &cfg->normal[i],
-                                     thumbnails.subspan(i * sizeof(RecAttrCfg))),
-            "Normal record");
+        CALL_OR_RETURN(PDT_INIPARAM_LoadRecAttr(module, node.c_str(), &cfg->normal[i],
+                                                thumbnails.subspan(i * sizeof(RecAttrCfg))),
+                       "Normal record");
     }
     LOG_DEBUG("\n\n");
     return kOk;

@@ -93,12 +93,10 @@ static_assert(offsetof(RecWorkModeCfg, comm) == 4316);
 static_assert(offsetof(RecWorkModeCfg, photoSource) == 4336);
 static_assert(offsetof(RecWorkModeCfg, normal) == 4368);
 
-inline constexpr char kWorkModeRecordModule[] = "workmode_record";
-
 extern const TableOf<RecCommCfg> kRecCommTable;
 extern const TableOf<RecFileCfg> kRecFileTable;
 extern const TableOf<RecAttrCfg> kRecAttrTable;
-extern const TableOf<RecWorkModeCfg> kRecWorkModeTable;
+extern const ModuleTableOf<RecWorkModeCfg> kRecWorkModeTable;
 
 /// Loads the media modes and the overlays of `cfg`.
 [[nodiscard]] Status PDT_INIPARAM_LoadRecMediaCfg(const char* module, RecWorkModeCfg* cfg);

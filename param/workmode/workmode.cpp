@@ -14,12 +14,12 @@ constexpr Field kCommWorkModeFields[] = {
     RESERVED(CommWorkModeCfg, reserved).About("Reserved"),
 };
 
-constexpr TableOf<CommWorkModeCfg> kCommWorkModeTable{nullptr, kCommWorkModeFields};
+constexpr ModuleTableOf<CommWorkModeCfg> kCommWorkModeTable{"workmode_common", kCommWorkModeFields};
 
 constexpr Field kWorkModeFields[] = {
-    RECORD(WorkModeCfg, comm, kCommWorkModeTable).From(kWorkModeCommModule),
-    RECORD(WorkModeCfg, photo, kPhotoWorkModeTable).From(kWorkModePhotoModule),
-    RECORD(WorkModeCfg, record, kRecWorkModeTable).From(kWorkModeRecordModule),
+    RECORD(WorkModeCfg, comm, kCommWorkModeTable),
+    RECORD(WorkModeCfg, photo, kPhotoWorkModeTable),
+    RECORD(WorkModeCfg, record, kRecWorkModeTable),
 };
 
 namespace {
@@ -45,10 +45,11 @@ Status PDT_INIPARAM_LoadCommWorkModeCfg(const char* module, CommWorkModeCfg* cfg
 Status PDT_INIPARAM_LoadWorkModeConf(WorkModeCfg* section) {
     REQUIRE_RECORD_OR_RETURN(section);
     LOG_DEBUG("WorkMode Common Configure:\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadCommWorkModeCfg(kWorkModeCommModule, &section->comm), "Common");
+    CALL_OR_RETURN(PDT_INIPARAM_LoadCommWorkModeCfg(kCommWorkModeTable.module, &section->comm),
+                   "Common");
     LOG_DEBUG("\n\n");
     LOG_DEBUG("WorkMode Photo Media Configure:\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoWorkModeCfg(kWorkModePhotoModule, &section->photo),
+    CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoWorkModeCfg(kPhotoWorkModeTable.module, &section->photo),
                    "PhotoMedia");
     LOG_DEBUG("\n\n");
     LOG_DEBUG("rec Configure:\n");

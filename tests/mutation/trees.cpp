@@ -1,6 +1,7 @@
 // Writes the products that mutated field tables are tried with: "set" with every key, "none"
 // without keys, and "counts" with the keys that others depend on and every second switch. Counts
-// are those of full arrays. Prints the module, section and key of every key.
+// are those of full arrays. Prints the module, section, key and row ("GsensorCfg.sensitivity") of
+// every key.
 //
 // mutation_trees DIRECTORY
 
@@ -11,6 +12,7 @@
 #include <map>
 #include <string>
 
+#include "generator/image.h"
 #include "layout/layout.h"
 
 namespace paramgen::layout {
@@ -30,6 +32,20 @@ std::map<std::uint32_t, std::uint32_t> CountLimits() {
         }
     }
     return limits;
+}
+
+using RowNames = std::map<const Field*, std::string>;
+
+/// Adds the names of the rows of `table` and the tables below: "GsensorCfg.sensitivity".
+void NameRows(const RecordTable& table, RowNames* names) {
+    for (const Field& field : table.fields) {
+        if (field.source == FieldSource::kTable) {
+            NameRows(*field.table, names);
+        } else {
+            const std::string type(table.type.substr(table.type.rfind(':') + 1));
+            (*names)[&field] = type + "." + field.notes.member;
+        }
+    }
 }
 
 std::string NameOf(const NameTable& names, std::size_t index) {
@@ -88,6 +104,8 @@ void WriteAll(const std::filesystem::path& directory) {
     Product set;
     Product none;
     Product counts;
+    RowNames rowNames;
+    NameRows(kImageTable, &rowNames);
     std::map<std::string, std::uint32_t> modes;  // of the media modes' modules, in their order
     std::uint32_t number = 0;
     std::uint32_t rows = 0;
@@ -127,7 +145,8 @@ void WriteAll(const std::filesystem::path& directory) {
         if (Decides(key, limits) || isOtherSwitch) {
             counts[key.name.module][key.name.section][key.name.key] = text;
         }
-        std::cout << key.name.module << "\t" << key.name.section << "\t" << key.name.key << "\n";
+        std::cout << key.name.module << "\t" << key.name.section << "\t" << key.name.key << "\t"
+                  << (key.values.empty() ? "" : rowNames[key.values.front()->field]) << "\n";
     }
     Write(directory / "set", set);
     Write(directory / "none", none);
