@@ -60,8 +60,7 @@ constexpr Field kPhotoWorkModeFields[] = {
     RESERVED(PhotoWorkModeCfg, reserved).About("Reserved"),
 };
 
-constexpr ModuleTableOf<PhotoWorkModeCfg> kPhotoWorkModeTable{"workmode_photo",
-                                                              kPhotoWorkModeFields};
+constexpr TableOf<PhotoWorkModeCfg> kPhotoWorkModeTable{nullptr, kPhotoWorkModeFields};
 
 Status PDT_INIPARAM_LoadPhotoAttr(const char* module, const char* node, PhotoSourceCfg* cfg) {
     LOAD_OR_RETURN(module, node, kPhotoSourceTable, cfg);

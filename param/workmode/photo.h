@@ -72,7 +72,7 @@ extern const TableOf<PhotoSourceCfg> kPhotoSourceTable;
 extern const TableOf<PhotoBurstCfg> kPhotoBurstTable;
 extern const TableOf<PhotoTypeCfg> kPhotoTypeTable;
 extern const TableOf<PhotoCfg> kPhotoTable;
-extern const ModuleTableOf<PhotoWorkModeCfg> kPhotoWorkModeTable;
+extern const TableOf<PhotoWorkModeCfg> kPhotoWorkModeTable;
 
 /// Loads the photo source at `node`.
 [[nodiscard]] Status PDT_INIPARAM_LoadPhotoAttr(const char* module, const char* node,

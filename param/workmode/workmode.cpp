@@ -14,11 +14,11 @@ constexpr Field kCommWorkModeFields[] = {
     RESERVED(CommWorkModeCfg, reserved).About("Reserved"),
 };
 
-constexpr ModuleTableOf<CommWorkModeCfg> kCommWorkModeTable{"workmode_common", kCommWorkModeFields};
+constexpr TableOf<CommWorkModeCfg> kCommWorkModeTable{nullptr, kCommWorkModeFields};
 
 constexpr Field kWorkModeFields[] = {
-    RECORD(WorkModeCfg, comm, kCommWorkModeTable),
-    RECORD(WorkModeCfg, photo, kPhotoWorkModeTable),
+    RECORD(WorkModeCfg, comm, kCommWorkModeTable).From("workmode_common"),
+    RECORD(WorkModeCfg, photo, kPhotoWorkModeTable).From("workmode_photo"),
     RECORD(WorkModeCfg, record, kRecWorkModeTable),
 };
 
@@ -45,12 +45,14 @@ Status PDT_INIPARAM_LoadCommWorkModeCfg(const char* module, CommWorkModeCfg* cfg
 Status PDT_INIPARAM_LoadWorkModeConf(WorkModeCfg* section) {
     REQUIRE_RECORD_OR_RETURN(section);
     LOG_DEBUG("WorkMode Common Configure:\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadCommWorkModeCfg(kCommWorkModeTable.module, &section->comm),
-                   "Common");
+    CALL_OR_RETURN(
+        PDT_INIPARAM_LoadCommWorkModeCfg(ROW(kWorkModeTable, comm).module, &section->comm),
+        "Common");
     LOG_DEBUG("\n\n");
     LOG_DEBUG("WorkMode Photo Media Configure:\n");
-    CALL_OR_RETURN(PDT_INIPARAM_LoadPhotoWorkModeCfg(kPhotoWorkModeTable.module, &section->photo),
-                   "PhotoMedia");
+    CALL_OR_RETURN(
+        PDT_INIPARAM_LoadPhotoWorkModeCfg(ROW(kWorkModeTable, photo).module, &section->photo),
+        "PhotoMedia");
     LOG_DEBUG("\n\n");
     LOG_DEBUG("rec Configure:\n");
     // The label says PLAYBACK, although these are the record settings: readers of the log know it.

@@ -31,7 +31,7 @@ static_assert(sizeof(WorkModeCfg) == 8912);
 static_assert(offsetof(WorkModeCfg, record) == 8);
 static_assert(offsetof(WorkModeCfg, photo) == 4536);
 
-extern const ModuleTableOf<CommWorkModeCfg> kCommWorkModeTable;
+extern const TableOf<CommWorkModeCfg> kCommWorkModeTable;
 extern const TableOf<WorkModeCfg> kWorkModeTable;
 
 /// Loads the power-on mode from `module`. It is not checked for its range.

@@ -73,10 +73,16 @@ bool ServesAMode(const Key& key) {
     return key.role == KeyRole::kSearch;
 }
 
+bool IsSearched(const Key& key) {
+    return key.values.empty() || key.values.front()->modules.size() > 1;
+}
+
 /// Whether other keys are read only depending on this one.
 bool Decides(const Key& key, const std::map<std::uint32_t, std::uint32_t>& limits) {
-    return ServesAMode(key) || limits.count(key.values.front()->offset) != 0 ||
-           key.name.key == "enable" || key.name.key == "res_width";
+    if (ServesAMode(key) || limits.count(key.values.front()->offset) != 0) {
+        return true;
+    }
+    return !IsSearched(key) && (key.name.key == "enable" || key.name.key == "res_width");
 }
 
 void Write(const std::filesystem::path& directory, const Product& product) {
@@ -140,8 +146,9 @@ void WriteAll(const std::filesystem::path& directory) {
             counts[key.name.module][key.name.section][key.name.key] = text;
         }
         set[key.name.module][key.name.section][key.name.key] = text;
+        // Searched modules are read when their media mode is set, and keep their other defaults.
         const bool isOtherSwitch =
-            !key.values.empty() && key.values.front()->Kind() == FieldKind::kBool && rows % 2 == 0;
+            !IsSearched(key) && key.values.front()->Kind() == FieldKind::kBool && rows % 2 == 0;
         if (Decides(key, limits) || isOtherSwitch) {
             counts[key.name.module][key.name.section][key.name.key] = text;
         }

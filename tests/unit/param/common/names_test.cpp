@@ -13,6 +13,7 @@ constexpr NamedNumber<kPrefix, 60> kTable[] = {
     {"QX_one", 2},
     {"QX_", 3},
     {"QX_nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn", -4},  // 63 characters
+    {"QX_uno", 1},
 };
 constexpr NameTable kNames(kTable);
 
@@ -41,6 +42,8 @@ TEST(Names, EveryCharacterDecides) {
 
 TEST(Names, ANumberHasTheFirstOfItsNames) {
     std::size_t index = 9;
+    EXPECT_TRUE(kNames.FindName(1, &index));
+    EXPECT_EQ(index, 0U);
     EXPECT_TRUE(kNames.FindName(3, &index));
     EXPECT_EQ(index, 2U);
     EXPECT_TRUE(kNames.FindName(-4, &index));
@@ -50,7 +53,7 @@ TEST(Names, ANumberHasTheFirstOfItsNames) {
 }
 
 TEST(Names, ATableCanBeGoneThrough) {
-    ASSERT_EQ(kNames.Count(), 4U);
+    ASSERT_EQ(kNames.Count(), 5U);
     EXPECT_STREQ(kNames.Prefix(), "QX_");
     EXPECT_STREQ(kNames.Rest(0), "one");
     EXPECT_STREQ(kNames.Rest(2), "");
