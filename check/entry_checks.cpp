@@ -319,7 +319,7 @@ private:
         return false;
     }
 
-    /// Modules that nobody asks for.
+    /// Reports listed modules that no loader reads.
     void CheckUnused() {
         if (!inspection_.IsComplete()) {
             return;

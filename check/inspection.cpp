@@ -12,7 +12,7 @@ using diagnostics::Severity;
 
 namespace {
 
-/// One text for a key of a module, in any case.
+/// Module, and key in lower case: keys are case-insensitive, names of modules are not.
 std::string AskedText(std::string_view module, std::string_view key) {
     return std::string(module) + '/' + tree::LowerCase(key);
 }

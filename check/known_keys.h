@@ -11,7 +11,7 @@ namespace paramgen::check {
 /// Whether a section or key ("section:key", in lower case) is in a file already.
 using IsThere = std::function<bool(const std::string& name)>;
 
-/// Whether a module has keys in this section, in any case.
+/// Whether a module has keys in this section. The comparison is case-insensitive.
 bool KnowsSection(std::string_view module, std::string_view section);
 
 /// Whether a key differs from one of a module only in its numbers, for which the image has no

@@ -248,7 +248,7 @@ private:
         }
     }
 
-    /// A section without keys of its own, when nobody knows its name.
+    /// Reports a section without keys when its name is unknown.
     void CheckHeaderAlone(const Block& block) {
         const bool hidesKey = block.header != nullptr && block.header->former != tree::kNoLine &&
                               FormerOf(*block.header).kind == LineKind::kValue;

@@ -2,9 +2,9 @@
 /// module INI files, and typed queries by configuration, module and key.
 ///
 /// A name (of a configuration or a module) has at most 127 characters, a path 255, a key 127. A key
-/// is a section name, a colon and a key name, in any case. Every function returns 0 or a code of
-/// `confaccess/status.h`; argument failures (`kBadArgument`) are also told on standard output, and
-/// the other failures logged through the library log.
+/// is a section name, a colon and a key name, and is case-insensitive. Every function returns 0 or
+/// a code of `confaccess/status.h`. Bad arguments (`kBadArgument`) are also reported on standard
+/// output, and other failures through the library log.
 ///
 /// A query holds the configuration's lock while it runs. Queries may run from several threads at
 /// once; registration and release may not run beside anything else.
@@ -33,8 +33,8 @@ constexpr std::size_t QX_CONFACCESS_KEY_MAX_LEN = 128;   ///< buffer size of a k
 /// `kNothingRegistered` or `kNoConfiguration`.
 [[nodiscard]] Status ZV_CONFACCESS_Deinit(const char* cfgName);
 
-// Every query below returns `kBadArgument`, `kNoConfiguration` or `kNoModule` where those apply,
-// and then leaves its out argument alone. A key that is absent, or names a section, has no value.
+// Every query below returns `kBadArgument`, `kNoConfiguration` or `kNoModule` where these apply,
+// and then does not change its out argument. An absent key has no value, and neither has a section.
 
 /// Stores in `value` a heap copy of the key's value, which the caller frees; of `defaultValue`,
 /// when there is no such key; null when that is null too. Returns `kOutOfMemory` when there is no

@@ -4,9 +4,9 @@
 /// - a ';' anywhere cuts the line; what remains is stripped of white space; an empty line and one
 ///   that begins with '#' are ignored;
 /// - "[name]" makes `name` the current section (none at first) and a key of its own, without value;
-/// - "key = value" gives "section:key" its value. A value in single or double quotes is kept as it
-///   stands between them; any other ends before a '#' and is stripped, and a pair of quotes alone
-///   is the empty value, as is nothing at all;
+/// - "key = value" gives "section:key" its value. A value in single or double quotes is the text
+///   between them; any other value ends before a '#' and is stripped. No text gives the empty
+///   value, and so does a pair of quotes;
 /// - any other line is a syntax error, and a file with one yields no dictionary.
 /// Section and key names are case-insensitive. Where a key occurs twice, the last one counts.
 #pragma once

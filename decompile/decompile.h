@@ -29,7 +29,7 @@ struct Options {
     std::optional<std::string> like;  ///< the tree whose files are changed as little as can be
 };
 
-/// What came of it.
+/// The result of decompiling.
 struct Decompiled {
     std::vector<TreeFile> files;  ///< the entry file first
     std::vector<Lost> lost;       ///< empty: the tree makes just this image

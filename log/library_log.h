@@ -34,7 +34,7 @@ enum LibraryLevel : std::int32_t {
 [[gnu::format(printf, 3, 4)]] std::int32_t ZV_LOG_Printf(const char* module, std::int32_t level,
                                                          const char* format, ...);
 
-/// Sets the threshold of both forms. Not guarded: set it while nobody logs.
+/// Sets the threshold of both forms. Not guarded: no other thread may log meanwhile.
 void ZV_LOG_SetThreshold(std::int32_t threshold);
 
 }  // namespace paramgen

@@ -1,5 +1,5 @@
 /// Save path of the library log: two files in one directory that take turns. When the file in use
-/// would grow past the size limit, the other one is started afresh and takes over. One mutex guards
+/// would grow past the size limit, the other one is truncated and used next. One mutex guards
 /// all of it.
 #pragma once
 

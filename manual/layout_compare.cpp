@@ -32,7 +32,7 @@ Place PlaceOf(const Json& value) {
     return {value.at("member"), value.at("type"), key, value.at("offset"), value.at("size")};
 }
 
-/// Bytes that nobody reads.
+/// Whether a value is reserved bytes.
 bool IsReserved(const Place& place) {
     return place.type == "bytes";
 }
@@ -69,7 +69,8 @@ std::string FromTo(const std::string& from, const std::string& to) {
     return "from " + from + " to " + to;
 }
 
-/// The value that `old` goes by in `after`: with its member's name, or another name in its place.
+/// The value of `after` that corresponds to `old`: the one of the same member, else the one at the
+/// same offset.
 const Place* Counterpart(const Place& old, const Layout& before, const Layout& after) {
     if (const auto same = after.byMember.find(old.member); same != after.byMember.end()) {
         return same->second;

@@ -87,7 +87,7 @@ private:
                std::any_of(options_.failing.begin(), options_.failing.end(), names);
     }
 
-    /// Takes what a tree came to; trees come in the order in which they were given.
+    /// Adds the verdict on a tree. Trees come in the order of the arguments.
     void Take(const std::string& tree, check::Verdict verdict) {
         totals_.oldErrors += known_.Remove(&verdict.findings);
         for (const Finding& finding : verdict.findings) {

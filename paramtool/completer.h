@@ -13,7 +13,7 @@ struct Candidate {
     std::string description;  ///< one line, or empty
 };
 
-/// Which names of files could stand there besides. The shell knows them best.
+/// Whether paths are possible as well. The shell itself completes them.
 enum class Paths { kNone, kFiles, kDirectories };
 
 struct Completion {

@@ -35,7 +35,7 @@ std::size_t RoomIn(const Output& out) {
     return static_cast<std::size_t>(out.end - out.at);
 }
 
-/// Reads a number of at most four digits, besides leading zeros, and moves `format` past it.
+/// Reads a number of at most four digits, not counting leading zeros, and moves `format` past it.
 std::size_t TakeNumber(const char** format) {
     std::size_t number = 0;
     while (number < 1000 && **format >= '0' && **format <= '9') {

@@ -6,7 +6,7 @@
 
 namespace paramgen {
 
-/// Results of `FormatPlain` besides a length.
+/// Results of `FormatPlain` that are not a length.
 constexpr int kDoesNotFit = -1;
 constexpr int kNotPlain = -2;
 

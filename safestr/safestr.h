@@ -25,7 +25,7 @@ int memmove_s(void* dest, std::size_t destMax, const void* src, std::size_t coun
 [[gnu::format(printf, 3, 4)]] int sprintf_s(char* dest, std::size_t destMax, const char* format,
                                             ...);
 
-/// As `sprintf_s`, and the text may have at most `count` characters besides.
+/// As `sprintf_s`; in addition the text may have at most `count` characters.
 [[gnu::format(printf, 4, 5)]] int snprintf_s(char* dest, std::size_t destMax, std::size_t count,
                                              const char* format, ...);
 

@@ -81,9 +81,9 @@ public:
     /// The name of the section that a kValue line stands in; empty before the first section.
     std::string_view SectionOf(const Line& line) const;
 
-    /// The line that counts for `key` ("section:key", in any case): the last one, be it a key or a
-    /// section of just this name, which hides the key. Null when there is none, and when the file
-    /// is not accepted.
+    /// The line that counts for `key` ("section:key", case-insensitive): the last one, be it a key
+    /// or a section of just this name, which hides the key. Null when there is none, and when the
+    /// file is not accepted.
     const Line* Find(std::string_view key) const;
 
     /// The number of different keys, sections included, as the program counts them.

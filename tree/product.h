@@ -45,7 +45,7 @@ struct Module {
     std::int32_t number = 0;  ///< from 1
     std::string name;         ///< empty when it has none
     ModuleFate fate = ModuleFate::kRead;
-    const FoundFile* file = nullptr;  ///< null when it came to none
+    const FoundFile* file = nullptr;  ///< null when no file was searched for
 };
 
 /// Whether the entry file was read.
