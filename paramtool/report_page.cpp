@@ -10,7 +10,6 @@
 #include "image/entry.h"
 #include "image/key_text.h"
 #include "layout/layout.h"
-#include "manual/words.h"
 #include "output/shown_text.h"
 #include "paramtool/key_argument.h"
 #include "report/sha256.h"
@@ -21,11 +20,15 @@ namespace {
 using image::Entry;
 using layout::Value;
 
-/// The part of the image that a member lies in: "work mode".
+/// The part of the image that a member lies in: "work modes".
 std::string PartOf(const std::string& member) {
-    std::string part = manual::SnakeCase(member.substr(0, member.find_first_of(".[")));
-    std::replace(part.begin(), part.end(), '_', ' ');
-    return part;
+    static const std::map<std::string, std::string> kNames = {
+        {"workMode", "work modes"},     {"mediaComm", "media settings"}, {"cam", "cameras"},
+        {"fileMng", "file management"}, {"devMng", "device management"}, {"valueSet", "value sets"},
+    };
+    const std::string part = member.substr(0, member.find_first_of(".["));
+    const auto name = kNames.find(part);
+    return name == kNames.end() ? part : name->second;
 }
 
 std::string ConditionOf(const Value& value) {
@@ -108,7 +111,7 @@ private:
         } else {
             made->state = report::State::kSet;
             made->given = *answer->second->text;
-            made->place = place_ == nullptr ? "" : place_(value);
+            made->place = place_ == nullptr ? "" : WithinTree(place_(value));
         }
     }
 
@@ -126,6 +129,13 @@ private:
         made->old = old.text.empty() ? old.raw : old.text;
         made->oldName = old.name;
         made->oldPlace = oldPlace_ == nullptr || !value.HasKey() ? "" : oldPlace_(value);
+    }
+
+    /// A place without the tree's directory, which the page says once.
+    std::string WithinTree(const std::string& place) const {
+        const std::string& argument = given_.input.argument;
+        const std::string directory = argument.ends_with('/') ? argument : argument + "/";
+        return place.starts_with(directory) ? place.substr(directory.size()) : place;
     }
 
     const ReportInput& given_;

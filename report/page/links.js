@@ -34,8 +34,10 @@ function reveal(value) {
   release();
   unfold(value);
   markCurrent(value);
-  value.row.scrollIntoView({block: "center"});
   rowLink(value).focus({preventScroll: true});
+  value.row.scrollIntoView({block: "center"});
+  // Tables that came into sight may be higher or lower than they were thought to be.
+  requestAnimationFrame(() => value.row.scrollIntoView({block: "center"}));
 }
 
 function markCurrent(value) {

@@ -23,9 +23,10 @@ let factor = 1;
 let zoom = 4;
 let pointed;
 
-/** A byte's width in pixels: with the factor 1, a row of the map fills the page. */
+/** A byte's width in pixels: with the factor 1, a row of the map fills the page, if it can. */
 function fitZoom() {
-  zoom = Math.max(2, Math.floor(frame.clientWidth / BYTES_PER_ROW * factor));
+  const room = frame.parentElement.clientWidth - 2; // the frame's lines
+  zoom = Math.max(room < 2 * BYTES_PER_ROW ? 1 : 2, Math.floor(room / BYTES_PER_ROW * factor));
 }
 
 function stateOf(value) {

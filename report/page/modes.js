@@ -44,8 +44,13 @@ function comparedRow(row) {
     const other = value.value !== common;
     return element("td", {class: `${value.state}${other ? " other" : ""}`},
       linkTo(value, value.value === "" ? "(empty)" : value.value),
-      value.name ? element("span", {class: "name"}, value.name) : "");
+      value.name ? element("span", {class: "name"}, ...breakable(value.name)) : "");
   }));
+}
+
+/** A name that may be broken behind its underscores, as narrow columns need. */
+function breakable(name) {
+  return name.split("_").flatMap((part, index) => index ? ["_", element("wbr"), part] : [part]);
 }
 
 function mostCommon(texts) {
