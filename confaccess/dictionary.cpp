@@ -51,19 +51,17 @@ std::uint32_t Dictionary::PlaceIn(Slot slot) const {
 }
 
 void Dictionary::Add(std::string_view name, std::string_view value) {
-    Record* record = RecordAt(end_);
-    const std::size_t room = room_ - end_ - sizeof(Record);
-    if (sizeof(Record) + name.size() + value.size() >= room_ - end_ ||
-        CopyText(record->Name(), room, name.data(), name.size()) != 0 ||
-        CopyText(record->Name() + name.size(), room - name.size(), value.data(), value.size()) !=
-            0) {
+    const std::size_t characters = name.size() + value.size();
+    if (sizeof(Record) + characters >= room_ - end_) {  // a NUL follows
         isFull_ = true;
         return;
     }
+    Record* record = RecordAt(end_);
+    PutCharacters(PutCharacters(record->Name(), name), value);
     record->section = section_;
     record->nameLength = static_cast<std::uint16_t>(name.size());
     record->valueLength = static_cast<std::uint16_t>(value.size()) & 0x7FFFU;
-    end_ += record->Size();
+    end_ += Record::SizeOf(static_cast<std::uint32_t>(characters));
     ++recordCount_;
 }
 

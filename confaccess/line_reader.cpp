@@ -27,8 +27,10 @@ bool LineReader::Next(TextLine* line) {
     }
     const std::string_view piece(rest_.data(), std::min(rest_.size(), kPieceMax));
     const std::size_t content = FindEither(piece, '\n', ';');
-    const bool hasComment = content < piece.size() && piece[content] == ';';
-    const std::size_t length = hasComment ? FindCharacter(piece, '\n') : content;
+    std::size_t length = content;
+    if (content < piece.size() && piece[content] == ';') {
+        length += FindCharacter({piece.data() + content, piece.size() - content}, '\n');
+    }
     const bool isWhole = length < piece.size();
     *line = {.text = {piece.data(), length},
              .content = {piece.data(), content},

@@ -39,66 +39,43 @@ const char* OrEmpty(const char* text) {
 }
 
 /// Maximal length of module tag and function name together in a record that is formatted in the
-/// buffer. With them the rest of a prefix always fits.
+/// buffer. With them the rest of a prefix always fits, so that nothing else is checked.
 constexpr std::size_t kNamesMax = 400;
 static_assert(sizeof "\033[m[hh:mm:ss:mmm \033[1;35mFATAL\033[m-]:[4294967295]:" + kNamesMax <
               kRecordRoom);
 
-/// A record that is being formatted: the next character goes to `at`, the buffer ends at `limit`.
-/// Text that does not fit is left out.
-struct Gathered {
-    char* at;
-    char* limit;
-
-    std::size_t Room() const { return static_cast<std::size_t>(limit - at); }
-};
-
-void Append(Gathered* record, std::string_view text) {
-    if (CopyText(record->at, record->Room(), text.data(), text.size()) == 0) {
-        record->at += text.size();
-    }
+char* PutNumber(char* at, std::uint32_t number) {
+    char* const end = at + CountDigits(number, 'u');
+    WriteDigits(end, 'u', number);
+    return end;
 }
 
-void AppendNumber(Gathered* record, std::uint32_t number) {
-    const std::size_t length = CountDigits(number, 'u');
-    if (length <= record->Room()) {
-        record->at += length;
-        WriteDigits(record->at, 'u', number);
-    }
-}
-
-void AppendTime(Gathered* record) {
+char* PutTime(char* at, const char* end) {
     const WallClock now = ReadWallClock();
-    const int length = sprintf_s(record->at, record->Room(), "%02d:%02d:%02d:%03lld ", now.hour,
-                                 now.minute, now.second, now.millisecond);
-    record->at += std::max(length, 0);
+    const int length = sprintf_s(at, static_cast<std::size_t>(end - at), "%02d:%02d:%02d:%03lld ",
+                                 now.hour, now.minute, now.second, now.millisecond);
+    return at + std::max(length, 0);
 }
 
 /// Writes the prefix of a record to `*text`, a buffer of `kRecordRoom` bytes, and returns its end.
 /// When the names are too long they are printed directly, and `*text` becomes the buffer for the
 /// rest.
-char* Begin(char** text, std::uint32_t level, std::string_view tag, std::string_view name,
-            std::uint32_t line) {
-    Gathered record = {.at = *text, .limit = *text + kRecordRoom};
-    Append(&record, "\033[m[");
+char* Begin(char** text, const ConsoleRecord& record) {
+    char* at = PutCharacters(*text, "\033[m[");
     if (g_settings.timeStamps) {
-        AppendTime(&record);
+        at = PutTime(at, *text + kRecordRoom);
     }
-    Append(&record, kLevelTexts[level]);
-    if (tag.size() + name.size() > kNamesMax) {
-        TakeRecord(static_cast<std::size_t>(record.at - *text));
-        PrintOutput("%s]:%s", tag.data(), name.data());
+    at = PutCharacters(at, kLevelTexts[record.level]);
+    if (record.module.size() + record.function.size() > kNamesMax) {
+        TakeRecord(static_cast<std::size_t>(at - *text));
+        PrintOutput("%s]:%s", record.module.data(), record.function.data());
         *text = RecordRoom();
-        record = {.at = *text, .limit = *text + kRecordRoom};
+        at = *text;
     } else {
-        Append(&record, tag);
-        Append(&record, "]:");
-        Append(&record, name);
+        at = PutCharacters(PutCharacters(PutCharacters(at, record.module), "]:"), record.function);
     }
-    Append(&record, "[");
-    AppendNumber(&record, line);
-    Append(&record, "]:");
-    return record.at;
+    at = PutNumber(PutCharacters(at, "["), record.line);
+    return PutCharacters(at, "]:");
 }
 
 }  // namespace
@@ -121,20 +98,32 @@ void ConsoleLogPrint(std::uint32_t level, const char* module, const char* functi
 
 void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* function,
                       std::uint32_t line, const char* format, std::va_list args) {
-    if (level > g_settings.level || !g_settings.enabled) {
+    ConsoleLogPrintV({.level = level,
+                      .line = line,
+                      .module = OrEmpty(module),
+                      .function = OrEmpty(function),
+                      .format = OrEmpty(format)},
+                     args);
+}
+
+void ConsoleLogPrintV(const ConsoleRecord& record, std::va_list args) {
+    if (record.level > g_settings.level || !g_settings.enabled) {
         return;
     }
     char* text = RecordRoom();
-    char* const message = Begin(&text, level, OrEmpty(module), OrEmpty(function), line);
+    char* const message = Begin(&text, record);
     const std::size_t prefix = static_cast<std::size_t>(message - text);
-    const int length =
-        format == nullptr ? 0 : FormatPlain(message, kRecordRoom - prefix, format, args);
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+    const int length = FormatPlain(message, kRecordRoom - prefix, record.format.data(),
+                                   record.format.size(), args);
     TakeRecord(prefix + static_cast<std::size_t>(std::max(length, 0)));
     if (length < 0) {
         // The message does not fit, or is not plain: libc formats it.
         FlushOutput();
-        std::vprintf(format, args);
+        std::vprintf(record.format.data(), args);
     }
+#pragma GCC diagnostic pop
 }
 
 }  // namespace paramgen

@@ -7,6 +7,7 @@
 
 #include <cstdarg>
 #include <cstdint>
+#include <string_view>
 
 namespace paramgen {
 
@@ -35,5 +36,17 @@ void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint3
 [[gnu::format(printf, 5, 0)]] void ConsoleLogPrintV(std::uint32_t level, const char* module,
                                                     const char* function, std::uint32_t line,
                                                     const char* format, std::va_list args);
+
+/// A record whose texts are measured already; a NUL ends each of them.
+struct ConsoleRecord {
+    std::uint32_t level;
+    std::uint32_t line;
+    std::string_view module;
+    std::string_view function;
+    std::string_view format;
+};
+
+/// The same for such a record. Its format has been compared with the arguments in `args`.
+void ConsoleLogPrintV(const ConsoleRecord& record, std::va_list args);
 
 }  // namespace paramgen

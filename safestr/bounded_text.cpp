@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <cstring>
 
 #include "safestr/plain_format.h"
 #include "safestr/safestr.h"
@@ -14,7 +15,7 @@ int vsnprintf_s(char* dest, std::size_t destMax, std::size_t count, const char* 
     if (format == nullptr) {
         return -1;
     }
-    int length = FormatPlain(dest, destMax, format, args);
+    int length = FormatPlain(dest, destMax, format, std::strlen(format), args);
     if (length == kNotPlain) {
         length = std::vsnprintf(dest, destMax, format, args);
     }

@@ -181,8 +181,7 @@ const char* PutLiteral(Output* out, const char* format, const char* end) {
     return format;
 }
 
-int Format(Output* out, const char* format, Arguments* args) {
-    const char* const end = format + std::strlen(format);
+int Format(Output* out, const char* format, const char* end, Arguments* args) {
     for (;;) {
         format = PutLiteral(out, format, end);
         if (*format != '%') {
@@ -198,11 +197,12 @@ int Format(Output* out, const char* format, Arguments* args) {
 
 }  // namespace
 
-int FormatPlain(char* dest, std::size_t destMax, const char* format, std::va_list args) {
+int FormatPlain(char* dest, std::size_t destMax, const char* format, std::size_t formatLength,
+                std::va_list args) {
     Output out = {.at = dest, .end = dest + destMax - 1};
     Arguments copy;
     va_copy(copy.list, args);
-    const int result = Format(&out, format, &copy);
+    const int result = Format(&out, format, format + formatLength, &copy);
     va_end(copy.list);
     *out.at = '\0';
     return result == 0 ? static_cast<int>(out.at - dest) : result;

@@ -167,13 +167,11 @@ void CopyHalves(char* to, const char* from, std::size_t count) {
     std::memcpy(to + count - sizeof last, &last, sizeof last);
 }
 
-/// Copies `count` characters from `from` to `to`, which has room for `room`; the two do not
-/// overlap. Returns 0; -1, writing nothing, when `count` exceeds `room` or a pointer is null
-/// (`from` may be when `count` is 0).
-[[nodiscard]] inline int CopyText(char* to, std::size_t room, const char* from, std::size_t count) {
-    if (count > room || to == nullptr || (from == nullptr && count != 0)) {
-        return -1;
-    }
+/// Copies `text` to `to`, which does not overlap it, and returns the end of the copy. The caller
+/// has made sure that there is room.
+inline char* PutCharacters(char* to, std::string_view text) {
+    const char* from = text.data();
+    std::size_t count = text.size();
     constexpr std::size_t kTwo = 2 * sizeof(Word);
     // Two words at a time: of one, compilers make a call of memcpy.
     for (; count > kTwo; count -= kTwo, to += kTwo, from += kTwo) {
@@ -189,6 +187,17 @@ void CopyHalves(char* to, const char* from, std::size_t count) {
             to[at] = from[at];
         }
     }
+    return to + count;
+}
+
+/// Copies `count` characters from `from` to `to`, which has room for `room`; the two do not
+/// overlap. Returns 0; -1, writing nothing, when `count` exceeds `room` or a pointer is null
+/// (`from` may be when `count` is 0).
+[[nodiscard]] inline int CopyText(char* to, std::size_t room, const char* from, std::size_t count) {
+    if (count > room || to == nullptr || (from == nullptr && count != 0)) {
+        return -1;
+    }
+    PutCharacters(to, {from, count});
     return 0;
 }
 

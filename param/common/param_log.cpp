@@ -9,14 +9,26 @@ namespace paramgen {
 void LogError(const char* function, std::uint32_t line, const char* format, ...) {
     std::va_list args;
     va_start(args, format);
-    ConsoleLogPrintV(kConsoleError, kParamTag, function, line, format, args);
+    ConsoleLogPrintV(kConsoleError, kParamTag.data(), function, line, format, args);
     va_end(args);
 }
 
 void LogDebug(const char* function, std::uint32_t line, const char* format, ...) {
     std::va_list args;
     va_start(args, format);
-    ConsoleLogPrintV(kConsoleDebug, kParamTag, function, line, format, args);
+    ConsoleLogPrintV(kConsoleDebug, kParamTag.data(), function, line, format, args);
+    va_end(args);
+}
+
+void LogDebug(const LogStatement* statement, ...) {
+    std::va_list args;
+    va_start(args, statement);
+    ConsoleLogPrintV({.level = kConsoleDebug,
+                      .line = statement->line,
+                      .module = kParamTag,
+                      .function = {statement->function, statement->functionLength},
+                      .format = {statement->format, statement->formatLength}},
+                     args);
     va_end(args);
 }
 

@@ -3,13 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "confaccess/status.h"
 
 namespace paramgen {
 
 /// The module tag of every record of the generator.
-inline constexpr char kParamTag[] = "PARAM";
+inline constexpr std::string_view kParamTag = "PARAM";
 
 /// Format of the record about a count that is too large for its section. It takes the count's key
 /// and the count.
@@ -21,6 +22,38 @@ inline constexpr char kCountBeyondSection[] = "[%s] count[%u] is beyond the sect
                                             const char* format, ...);
 [[gnu::format(printf, 3, 4)]] void LogDebug(const char* function, std::uint32_t line,
                                             const char* format, ...);
+
+/// What is known of a statement's record when it is compiled.
+struct LogStatement {
+    const char* function;
+    const char* format;
+    std::uint32_t line : 12;
+    std::uint32_t functionLength : 8;
+    std::uint32_t formatLength : 12;
+};
+
+/// Never defined: a compiler that has to evaluate it names the mistake in a statement.
+void TheStatementIsTooLong();
+
+/// Measures the texts of a statement.
+consteval LogStatement Measured(std::string_view function, std::uint32_t line,
+                                std::string_view format) {
+    const LogStatement measured = {
+        .function = function.data(),
+        .format = format.data(),
+        .line = line & 0xFFFU,
+        .functionLength = static_cast<std::uint32_t>(function.size()) & 0xFFU,
+        .formatLength = static_cast<std::uint32_t>(format.size()) & 0xFFFU,
+    };
+    if (measured.line != line || measured.functionLength != function.size() ||
+        measured.formatLength != format.size()) {
+        TheStatementIsTooLong();
+    }
+    return measured;
+}
+
+/// Logs the statement's record at DEBUG. The arguments must be those that its format takes.
+void LogDebug(const LogStatement* statement, ...);
 
 /// Logs that the step `label` has failed with `status`. Returns `status`.
 Status LogFailed(const char* function, std::uint32_t line, const char* label, Status status);
@@ -42,6 +75,20 @@ Status LogNullRecord(const char* function, std::uint32_t line);
 #define LOG_ERROR AT_THIS_LINE_ LOG_ERROR_
 #define LOG_ERROR_(...) ::paramgen::LogError(__func__, line_, __VA_ARGS__)
 
-/// Logs at DEBUG. The arguments are a printf format and its arguments.
+/// Logs at DEBUG. The arguments are a printf format, known to the compiler, and its arguments.
 #define LOG_DEBUG AT_THIS_LINE_ LOG_DEBUG_
+#if UINTPTR_MAX > UINT32_MAX
+// A run logs more than a thousand such records: their texts are measured when they are compiled.
+// The second call is never made; it lets the compiler compare the arguments with the format.
+#define LOG_DEBUG_(format, ...)                                                       \
+    do {                                                                              \
+        static constexpr ::paramgen::LogStatement statement_ =                        \
+            ::paramgen::Measured(__func__, line_, format);                            \
+        ::paramgen::LogDebug(&statement_ __VA_OPT__(, ) __VA_ARGS__);                 \
+        if constexpr (false) {                                                        \
+            ::paramgen::LogDebug(__func__, line_, format __VA_OPT__(, ) __VA_ARGS__); \
+        }                                                                             \
+    } while (false)
+#else  // where size counts more: statements would take a kilobyte
 #define LOG_DEBUG_(...) ::paramgen::LogDebug(__func__, line_, __VA_ARGS__)
+#endif

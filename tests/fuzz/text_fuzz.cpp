@@ -152,7 +152,7 @@ PlainFormat ReadPlainFormat(const std::string& format) {
                                                   const char* format, ...) {
     std::va_list args;
     va_start(args, format);
-    const int length = FormatPlain(dest, capacity, format, args);
+    const int length = FormatPlain(dest, capacity, format, std::strlen(format), args);
     va_end(args);
     return length;
 }

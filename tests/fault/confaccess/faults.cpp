@@ -138,14 +138,16 @@ ssize_t __wrap_pread(int file, void* bytes, std::size_t size, off_t offset) {
 
 // Mangled names of the wrapped functions, on hosts where std::size_t is unsigned long.
 
-int __real__ZN8paramgen11FormatPlainEPcmPKcP13__va_list_tag(char* text, std::size_t size,
-                                                            const char* format, std::va_list args);
+int __real__ZN8paramgen11FormatPlainEPcmPKcmP13__va_list_tag(char* text, std::size_t size,
+                                                             const char* format, std::size_t length,
+                                                             std::va_list args);
 
-int __wrap__ZN8paramgen11FormatPlainEPcmPKcP13__va_list_tag(char* text, std::size_t size,
-                                                            const char* format, std::va_list args) {
-    return Fails(Fault::kFormat)
-               ? -1
-               : __real__ZN8paramgen11FormatPlainEPcmPKcP13__va_list_tag(text, size, format, args);
+int __wrap__ZN8paramgen11FormatPlainEPcmPKcmP13__va_list_tag(char* text, std::size_t size,
+                                                             const char* format, std::size_t length,
+                                                             std::va_list args) {
+    return Fails(Fault::kFormat) ? -1
+                                 : __real__ZN8paramgen11FormatPlainEPcmPKcmP13__va_list_tag(
+                                       text, size, format, length, args);
 }
 
 std::int32_t __real__ZN8paramgen21CONFACCESS_GetDirNameEPKcPcm(const char* path, char* directory,

@@ -7,6 +7,7 @@
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <numeric>
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@ namespace {
 int Format(char* dest, std::size_t size, const char* format, ...) {
     std::va_list args;
     va_start(args, format);
-    const int length = FormatPlain(dest, size, format, args);
+    const int length = FormatPlain(dest, size, format, std::strlen(format), args);
     va_end(args);
     return length;
 }
