@@ -7,17 +7,40 @@
 
 namespace paramgen {
 
+namespace {
+
+/// Whether sections of few keys are searched. On a machine of 32 bits, where size counts more, all
+/// keys are in the hash table.
+constexpr bool kSearchesSections = sizeof(Word) >= 8;
+
+/// How many keys a section may have to be searched.
+constexpr std::uint32_t kFewKeys = 32;
+
+/// Returns one of 64 bits, the same for equal names in any case: most others have another.
+std::uint64_t SignOf(std::string_view name) {
+    if (name.empty()) {
+        return 1;
+    }
+    constexpr unsigned kCaseless = 0x1F;
+    const unsigned first = static_cast<unsigned char>(name.front()) & kCaseless;
+    const unsigned last = static_cast<unsigned char>(name.back()) & kCaseless;
+    return std::uint64_t{1} << ((name.size() * 16 + first * 3 + last) % 64);
+}
+
+}  // namespace
+
 /// Header of a record. Name, value and a NUL follow.
 struct Dictionary::Record {
     std::uint32_t section;  ///< place of its section's record; a section's own place
     std::uint16_t nameLength;
-    std::uint16_t valueLength : 15;
+    std::uint16_t units : 15;      ///< its size
     std::uint16_t isReplaced : 1;  ///< a later record has the same key
 
     char* Name() { return reinterpret_cast<char*>(this + 1); }
     char* Value() { return Name() + nameLength; }
+    std::string_view NameView() { return {Name(), nameLength}; }
 
-    std::uint32_t Size() const { return SizeOf(std::uint32_t{nameLength} + valueLength); }
+    std::uint32_t Size() const { return std::uint32_t{units} * kUnit; }
 
     static constexpr std::uint32_t SizeOf(std::uint32_t characters) {
         const auto size = static_cast<std::uint32_t>(sizeof(Record)) + characters + 1;
@@ -37,7 +60,7 @@ bool Dictionary::Create(std::string_view text, Arena* arena) {
         return false;
     }
     room_ = static_cast<std::size_t>(room);
-    end_ = RecordAt(0)->Size();
+    end_ = Record::SizeOf(0);  // place 0 is that of keys before the first section
     next_ = end_;
     return true;
 }
@@ -58,15 +81,17 @@ void Dictionary::Add(std::string_view name, std::string_view value) {
     }
     Record* record = RecordAt(end_);
     PutCharacters(PutCharacters(record->Name(), name), value);
+    const std::uint32_t size = Record::SizeOf(static_cast<std::uint32_t>(characters));
     record->section = section_;
     record->nameLength = static_cast<std::uint16_t>(name.size());
-    record->valueLength = static_cast<std::uint16_t>(value.size()) & 0x7FFFU;
-    end_ += Record::SizeOf(static_cast<std::uint32_t>(characters));
+    record->units = static_cast<std::uint16_t>(size / Record::kUnit) & 0x7FFFU;
+    end_ += size;
     ++recordCount_;
 }
 
 void Dictionary::AddSection(std::string_view name) {
     section_ = end_;
+    ++sectionCount_;
     Add(name, {});
 }
 
@@ -100,32 +125,38 @@ Dictionary::Slot* Dictionary::FindSlot(std::string_view key, std::uint32_t hash)
     }
 }
 
-void Dictionary::Index(std::uint32_t place, std::string_view key) {
+/// Makes an empty hash table for that many keys. Returns false when memory runs out.
+bool Dictionary::NewSlots(std::uint32_t keys, Arena* arena) {
+    // The load factor is at most three quarters.
+    const std::size_t slots = std::bit_ceil(std::size_t{keys} + keys / 3 + 1);
+    slotMask_ = static_cast<std::uint32_t>(slots - 1);
+    slots_ = static_cast<Slot*>(arena->Take(std::uint64_t{slots} * sizeof(Slot)));
+    count_ = 0;
+    return slots_ != nullptr;
+}
+
+/// Puts the record of `key` into the hash table. Returns false where it takes the place of another.
+bool Dictionary::Index(std::uint32_t place, std::string_view key) {
     const std::uint32_t hash = HashInAnyCase(key);
     Slot* slot = FindSlot(key, hash);
-    if (*slot == 0) {
+    const bool isNew = *slot == 0;
+    if (isNew) {
         ++count_;
     } else {
         RecordAt(PlaceIn(*slot))->isReplaced = 1;
     }
     *slot = (hash & ~placeMask_) | place / Record::kUnit;
+    return isNew;
 }
 
-bool Dictionary::Finish(Arena* arena) {
-    arena->KeepOfLast(records_, end_);
-    // The load factor is at most three quarters.
-    const std::size_t slots = std::bit_ceil(std::size_t{recordCount_} + recordCount_ / 3 + 1);
-    slotMask_ = static_cast<std::uint32_t>(slots - 1);
-    placeMask_ = std::bit_ceil(end_ / Record::kUnit) - 1;
-    slots_ = static_cast<Slot*>(arena->Take(std::uint64_t{slots} * sizeof(Slot)));
-    if (slots_ == nullptr || isFull_) {
-        return false;
-    }
+/// Indexes all keys. Returns false when a name is too long.
+bool Dictionary::IndexKeys() {
     char key[2 * kNameMax + 2];  // begins with the current section and a colon
     std::size_t afterColon = 1;
     key[0] = ':';
     for (std::uint32_t place = next_; place != end_; place += RecordAt(place)->Size()) {
         Record* record = RecordAt(place);
+        record->isReplaced = 0;
         const bool isSection = record->section == place;
         const std::size_t begin = isSection ? 0 : afterColon;
         const std::size_t end = begin + record->nameLength;
@@ -143,17 +174,102 @@ bool Dictionary::Finish(Arena* arena) {
     return true;
 }
 
+/// Indexes the sections alone. Returns false when that does not do: there are keys before the first
+/// section, or a section has many keys, a colon in its name or the name of an earlier one. So a key
+/// is found behind its first colon, in one section.
+bool Dictionary::IndexSections() {
+    std::uint32_t keys = 0;
+    std::uint64_t signs = 0;  // of the section's keys
+    for (std::uint32_t place = next_; place != end_; place += RecordAt(place)->Size()) {
+        Record* record = RecordAt(place);
+        const std::string_view name = record->NameView();
+        if (record->section == place) {
+            if (FindCharacter(name, ':') != name.size() || !Index(place, name)) {
+                return false;
+            }
+            keys = 0;
+            signs = 0;
+            continue;
+        }
+        if (record->section == 0 || ++keys > kFewKeys) {
+            return false;
+        }
+        const std::uint64_t sign = SignOf(name);
+        const std::uint32_t earlier =
+            (signs & sign) == 0 ? 0 : FindInSection(record->section, place, name);
+        signs |= sign;
+        if (earlier == 0) {
+            ++count_;
+        } else {
+            RecordAt(earlier)->isReplaced = 1;
+        }
+    }
+    return true;
+}
+
+bool Dictionary::Finish(Arena* arena) {
+    arena->KeepOfLast(records_, end_);
+    placeMask_ = std::bit_ceil(end_ / Record::kUnit) - 1;
+    if (isFull_) {
+        return false;
+    }
+    if constexpr (kSearchesSections) {
+        if (!NewSlots(sectionCount_, arena)) {
+            return false;
+        }
+        hasSectionIndex_ = IndexSections();
+    }
+    return hasSectionIndex_ || (NewSlots(recordCount_, arena) && IndexKeys());
+}
+
+bool Dictionary::IsNamed(std::uint32_t place, std::string_view name) const {
+    Record* record = RecordAt(place);
+    return record->nameLength == name.size() && !record->isReplaced &&
+           SameInAnyCase(record->Name(), name.data(), name.size());
+}
+
+/// Returns the place of the section of that name, or 0.
+std::uint32_t Dictionary::FindSection(std::string_view name) const {
+    const std::uint32_t likely = RecordAt(next_ == end_ ? 0 : next_)->section;
+    if (likely != 0 && IsNamed(likely, name)) {
+        return likely;
+    }
+    return PlaceIn(*FindSlot(name, HashInAnyCase(name)));
+}
+
+/// Returns the place of the record of that name among those of a section before `end`, or 0.
+std::uint32_t Dictionary::FindInSection(std::uint32_t section, std::uint32_t end,
+                                        std::string_view name) const {
+    std::uint32_t place = section + RecordAt(section)->Size();
+    for (; place != end && RecordAt(place)->section == section; place += RecordAt(place)->Size()) {
+        if (IsNamed(place, name)) {
+            return place;
+        }
+    }
+    return 0;
+}
+
+/// Returns the place of the record of `key`, or 0, by the index of the sections.
+std::uint32_t Dictionary::FindBySection(std::string_view key) const {
+    const std::size_t colon = FindCharacter(key, ':');
+    const std::uint32_t section = FindSection({key.data(), colon});
+    if (section == 0 || colon == key.size()) {
+        return section;
+    }
+    return FindInSection(section, end_, {key.data() + colon + 1, key.size() - colon - 1});
+}
+
 const char* Dictionary::FindText(std::string_view key, const char* defaultValue) const {
-    if (next_ == end_ || !IsKeyAt(next_, key)) {
-        const Slot slot = *FindSlot(key, HashInAnyCase(key));
-        if (slot == 0) {
+    std::uint32_t place = next_;
+    if (place == end_ || !IsKeyAt(place, key)) {
+        place = kSearchesSections && hasSectionIndex_ ? FindBySection(key)
+                                                      : PlaceIn(*FindSlot(key, HashInAnyCase(key)));
+        if (place == 0) {
             return defaultValue;
         }
-        next_ = PlaceIn(slot);
     }
-    const std::uint32_t place = next_;
     Record* record = RecordAt(place);
-    next_ += record->Size();
+    next_ = place + record->Size();
     return record->section == place ? nullptr : record->Value();
 }
 

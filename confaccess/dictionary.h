@@ -11,9 +11,10 @@ namespace paramgen {
 
 /// Maps case-insensitive keys to values. The value of a section is null.
 ///
-/// First a record is appended for each line of the file; then `Finish` builds a hash table with
-/// open addressing over the records. A record holds name and value, so that a look-up reads one
-/// slot and one record. Looking up takes constant time on average.
+/// First a record with name and value is appended for each line of the file; then `Finish` builds a
+/// hash table with open addressing. It has the sections alone where all of them have few keys, as
+/// in every ordinary file: a look-up then reads a slot, and the records of one section, side by
+/// side. In any other file it has all keys. Looking up takes constant time on average.
 class Dictionary {
 public:
     /// The maximal length of a name.
@@ -59,7 +60,15 @@ private:
     void Add(std::string_view name, std::string_view value);
     bool IsKeyAt(std::uint32_t place, std::string_view key) const;
     Slot* FindSlot(std::string_view key, std::uint32_t hash) const;
-    void Index(std::uint32_t place, std::string_view key);
+    bool NewSlots(std::uint32_t keys, Arena* arena);
+    bool Index(std::uint32_t place, std::string_view key);
+    bool IndexKeys();
+    bool IndexSections();
+    bool IsNamed(std::uint32_t place, std::string_view name) const;
+    std::uint32_t FindSection(std::string_view name) const;
+    std::uint32_t FindInSection(std::uint32_t section, std::uint32_t end,
+                                std::string_view name) const;
+    std::uint32_t FindBySection(std::string_view key) const;
 
     char* records_ = nullptr;
     std::size_t room_ = 0;  ///< for records, in bytes
@@ -71,6 +80,8 @@ private:
     std::uint32_t slotMask_ = 0;   ///< the number of slots, a power of two, less 1
     std::uint32_t placeMask_ = 0;  ///< the bits of a slot that are a record's place
     std::uint32_t count_ = 0;      ///< of keys
+    std::uint32_t sectionCount_ = 0;
+    bool hasSectionIndex_ = false;  ///< the hash table is of the sections alone, not of all keys
 
     /// Place of the record behind the one found last. Loaders mostly read keys in the order of the
     /// file, so that two of three look-ups find their key here without a hash.

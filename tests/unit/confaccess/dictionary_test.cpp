@@ -5,6 +5,8 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <optional>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -282,6 +284,86 @@ TEST_F(DictionaryTest, AnAbsentKeyWithTheHashOfAPresentOneIsNotFound) {
     }
     Fill();
     EXPECT_EQ(Get(":" + second, nullptr), nullptr);
+}
+
+TEST_F(DictionaryTest, SectionsOfAnySizeHaveTheirKeys) {
+    for (const int count : {1, 2, 31, 32, 33, 34, 100}) {
+        Arena arena;
+        Dictionary dictionary;
+        ASSERT_TRUE(dictionary.Create(std::string(2000, '\n'), &arena));
+        for (const char* section : {"one", "two"}) {
+            dictionary.AddSection(section);
+            for (int number = 0; number < count; ++number) {
+                dictionary.AddValue("key" + std::to_string(number), section);
+            }
+            dictionary.AddValue("KEY0", "last");
+        }
+        ASSERT_TRUE(dictionary.Finish(&arena));
+        EXPECT_EQ(dictionary.Count(), 2U + 2U * static_cast<unsigned>(count));
+        for (int number = count; number-- > 1;) {
+            const std::string key = ":key" + std::to_string(number);
+            EXPECT_STREQ(dictionary.FindText("one" + key, nullptr), "one") << key << ' ' << count;
+            EXPECT_STREQ(dictionary.FindText("TWO" + key, nullptr), "two") << key << ' ' << count;
+        }
+        EXPECT_STREQ(dictionary.FindText("one:key0", nullptr), "last");
+        EXPECT_EQ(dictionary.FindText("one:key" + std::to_string(count), nullptr), nullptr);
+        EXPECT_EQ(dictionary.FindText("two", "default"), nullptr);
+        EXPECT_STREQ(dictionary.FindText("three:key1", "default"), "default");
+    }
+}
+
+/// What the last line of each key says, by the key in lower case; nothing for a section.
+using LastLines = std::map<std::string, std::optional<std::string>>;
+
+std::string LowerCase(std::string text) {
+    for (char& c : text) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return text;
+}
+
+TEST_F(DictionaryTest, WhateverTheLinesTheLastOfAKeyCounts) {
+    // Names with colons make keys that stand in several sections; some sections begin anew.
+    const std::vector<std::string> sections = {"a", "A", "b", "a:b", "", "b:", "long section"};
+    const std::vector<std::string> names = {"x", "X", "y", "x:y", ":", "b", "b:x", "name", "mane"};
+    std::mt19937 chance(20240611);
+    const auto one = [&chance](const std::vector<std::string>& of) {
+        return of[chance() % of.size()];
+    };
+    for (int round = 0; round < 3000; ++round) {
+        Arena arena;
+        Dictionary dictionary;
+        LastLines expected;
+        ASSERT_TRUE(dictionary.Create(std::string(2000, '\n'), &arena));
+        std::string section;
+        const auto lines = chance() % 12;
+        for (std::size_t line = 0; line < lines; ++line) {
+            if (chance() % 3 == 0) {
+                section = one(sections);
+                dictionary.AddSection(section);
+                expected[LowerCase(section)] = std::nullopt;
+            } else {
+                const std::string name = one(names);
+                const std::string value = std::to_string(line);
+                dictionary.AddValue(name, value);
+                expected[LowerCase(section + ":" + name)] = value;
+            }
+        }
+        ASSERT_TRUE(dictionary.Finish(&arena));
+        EXPECT_EQ(dictionary.Count(), expected.size()) << round;
+        for (int question = 0; question < 40; ++question) {
+            const std::string key = one(sections) + (chance() % 8 == 0 ? "" : ":" + one(names));
+            const auto found = expected.find(LowerCase(key));
+            const char* value = dictionary.FindText(key, "absent");
+            if (found == expected.end()) {
+                EXPECT_STREQ(value, "absent") << key << " in " << round;
+            } else if (found->second.has_value()) {
+                EXPECT_STREQ(value, found->second->c_str()) << key << " in " << round;
+            } else {
+                EXPECT_EQ(value, nullptr) << key << " in " << round;
+            }
+        }
+    }
 }
 
 /// Keys that an attacker might craft to have colliding hashes.
