@@ -1,4 +1,4 @@
-"""How long the report's page takes from a key to the next frame: page.py PAGE [ROUNDS].
+"""Measures the time of the report's page from a key press to the next frame: page.py PAGE [ROUNDS].
 
 Types words into the search of the real page in headless Chromium, letter by letter, and takes each
 away again. For each key: the time from the event to the frame that follows it, as a user waits; and

@@ -1,5 +1,5 @@
-/// Which values of a product refer to which: the table of references (`check/reference_rules.h`),
-/// applied to what was read.
+/// The references between values of a product: the table of references (`check/reference_rules.h`),
+/// applied to the keys that a run has read.
 #pragma once
 
 #include <vector>
@@ -16,10 +16,10 @@ struct Reference {
     const char* reason;  ///< why, as a sentence without a full stop; lives as long as the program
 };
 
-/// All references between keys that `run` has read and found, in the order of the table and then of
-/// the loaders. A handle refers to each enabled target that has it; a handle of -1, a user that is
-/// not enabled, and what names nothing that there is refer to nothing. The run needs its answers
-/// (`compile::Keep::answers`); a run that failed gives the references up to where it stopped.
+/// All references between existing keys that `run` has read, in the order of the table and then of
+/// the loaders. A handle refers to each enabled target that has it. A handle of -1, the key of a
+/// disabled part, and a value without a match refer to nothing. The run must have kept its answers
+/// (`compile::Keep::answers`); a failed run gives the references up to the place where it stopped.
 std::vector<Reference> ReferencesOf(const compile::Compilation& run);
 
 }  // namespace paramgen::check

@@ -28,26 +28,26 @@ struct Target {
     const Given* given;
     const TargetRow* row;
     std::int64_t handle;
-    bool hasParentHandle;  ///< what the section two levels up describes has a handle as well:
-    std::optional<std::int64_t> parentHandle;  ///< this one; none when it is no number
+    bool hasParentHandle;                      ///< the section two levels up has a handle, too
+    std::optional<std::int64_t> parentHandle;  ///< that handle; nothing when it is not a number
     bool isEnabled;
 };
 
-/// All that is read in a tree, to be looked up by patterns.
+/// All keys that are read in a tree, with look-ups by patterns.
 class References {
 public:
-    /// Takes what a run has asked for and found.
+    /// Collects the keys that a run has queried and found.
     explicit References(const compile::Compilation& run);
     References(const References&) = delete;
     References& operator=(const References&) = delete;
 
-    /// The keys that are there and match, in the order in which loaders ask for them.
+    /// The existing keys that match, in the order in which loaders query them.
     std::vector<const Given*> Find(const char* module, const char* section, const char* key) const;
 
     /// The key of the same section; null when it is not there.
     const Given* Beside(const Given& given, const std::string& key) const;
 
-    /// Whether a rule's key counts: it is enabled, and bound to the module that is meant.
+    /// Whether a rule applies to its key: the part is enabled, and bound to the right module.
     bool Counts(const HandleRule& rule, const Given& given) const;
 
     /// The number behind a key; none when it is no number.

@@ -5,7 +5,7 @@
 # field tables then have their notes, and a run can be observed. None of that is in the program itself.
 
 # paramgen_room_files(<directory> <file>...)
-# Sets `target`, `sources` and `headers` for the room of a directory; its sources are all but those files.
+# Sets `target`, `sources` and `headers` for the room of a directory. The files are not among its sources.
 function(paramgen_room_files directory except)
   string(REPLACE "/" "_" target "${directory}")
   file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${directory}/*.cpp")

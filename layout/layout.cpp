@@ -23,8 +23,8 @@ std::string KeyText(const KeyName& name) {
     return Lower(Text(name));
 }
 
-/// All lists of this room. There is one object, made on the first call. It is never destroyed: that
-/// would take as long as much of a run.
+/// All lists of this room. There is one object, made on the first call. It is never destroyed,
+/// because that would take a large part of the time of a run.
 class Layout {
 public:
     static const Layout& Get() {

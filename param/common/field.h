@@ -252,7 +252,7 @@ struct RecordTable {
     std::uint32_t size;             ///< of the record, in bytes
 #if defined(PARAMGEN_DESCRIBED)
     std::string_view type;  ///< "GsensorCfg"
-    const char* ownModule;  ///< the module that it is read from; null: that of the record around
+    const char* ownModule;  ///< module that it is read from; null: that of the enclosing record
 #endif
 
     /// Template of the node that `row` of this table is read under; for a nested record, of the
@@ -412,7 +412,7 @@ private:
     }
 };
 
-/// The table of a record that is read from a module of its own.
+/// The table of a record type, with the module that the record is read from.
 template <typename RecordType>
 struct ModuleTableOf : TableOf<RecordType> {
     const char* module;
@@ -440,8 +440,8 @@ constexpr Field RecordRow(std::size_t offset,
 template <typename Record>
 using TableOf = field_detail::TableOf<Record>;
 
-/// The same for a record that is read from one module, which its table names: a section, mostly.
-/// Its rows stand under nodes of their own.
+/// The same for a record that is always read from the same module, which the table names. Mostly it
+/// is a section. Its rows have nodes of their own.
 template <typename Record>
 using ModuleTableOf = field_detail::ModuleTableOf<Record>;
 

@@ -1,4 +1,4 @@
-// What is found in a product, beside what the loaders say to it. An input is a product.
+// The companion's check, compared with the loaders. An input is a product.
 
 #include <algorithm>
 #include <string>

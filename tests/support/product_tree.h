@@ -36,7 +36,7 @@ private:
     std::map<std::string, std::map<std::string, std::string>> modules_;
 };
 
-/// The modules that every product needs, without keys: the smallest product that loads.
+/// The smallest product that can be loaded: the required modules, without keys.
 ProductTree SmallestProduct();
 
 /// A tree registered as the configuration that the loaders read, for as long as this lives. `errno`

@@ -1,4 +1,4 @@
-// Which values of the example refer to which, read off its files by hand.
+// The references between values of the example, written down from its files by hand.
 
 #include "check/reference_list.h"
 
@@ -19,7 +19,7 @@ const std::vector<Reference>& OfTheExample() {
     return references;
 }
 
-/// What a key refers to, in the order of the list.
+/// The keys that a key refers to, in the order of the list.
 std::vector<std::string> From(const std::string& name) {
     std::vector<std::string> names;
     for (const Reference& reference : OfTheExample()) {
