@@ -2,8 +2,8 @@
 
 Types words into the search of the real page in headless Chromium, letter by letter, and takes each
 away again. For each key: the time from the event to the frame that follows it, as a user waits; and
-the processor time that the page's thread spends on it, which does not depend on what else the
-machine does.
+the processor time that the page's thread spends on it. Other programs that run take from both: on a
+busy machine, start it with `chrt -r 1`.
 """
 
 import os
