@@ -1,19 +1,15 @@
 #include "fault/sweep/calls.h"
 
 #include <fcntl.h>
-#include <pthread.h>
-#include <sys/mman.h>
-#include <sys/time.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdarg>
 #include <cstddef>
 #include <cstring>
-#include <ctime>
 
+#include "fault/sweep/observed.h"
 #include "log/output.h"
-#include "safestr/safestr.h"
 
 // The linker turns every call of NAME in the linked code into one of __wrap_NAME; __real_NAME is
 // libc's function.
@@ -54,6 +50,8 @@ struct State {
 
 State g_state;
 
+}  // namespace
+
 bool Fails(Kind kind) {
     return g_state.observing && g_state.observer != nullptr && g_state.observer(kind);
 }
@@ -66,6 +64,8 @@ void* Taken(void* thing) {
 void GivenBack(const void* thing) {
     g_state.held -= g_state.observing && thing != nullptr ? 1 : 0;
 }
+
+namespace {
 
 /// Marks a call in which libc works on a stream.
 class StreamWork {
@@ -174,73 +174,11 @@ int HeldThings() {
 
 extern "C" {
 
-// The memory functions below replace libc's. They call these: the sanitizer's when there is one,
-// else libc's own.
-[[gnu::weak]] void* __interceptor_malloc(std::size_t size);
-[[gnu::weak]] void* __interceptor_calloc(std::size_t count, std::size_t size);
-[[gnu::weak]] void* __interceptor_realloc(void* memory, std::size_t size);
-[[gnu::weak]] void __interceptor_free(void* memory);
-void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* memory, std::size_t size);
-void __libc_free(void* memory);
-
-static void* OutOfMemory() {
-    errno = ENOMEM;
-    return nullptr;
-}
-
-void* malloc(std::size_t size) {
-    if (Fails(Kind::kAllocation)) {
-        return OutOfMemory();
-    }
-    return Taken(__interceptor_malloc != nullptr ? __interceptor_malloc(size)
-                                                 : __libc_malloc(size));
-}
-
-void* calloc(std::size_t count, std::size_t size) {
-    if (Fails(Kind::kAllocation)) {
-        return OutOfMemory();
-    }
-    return Taken(__interceptor_calloc != nullptr ? __interceptor_calloc(count, size)
-                                                 : __libc_calloc(count, size));
-}
-
-void* realloc(void* memory, std::size_t size) {
-    if (Fails(Kind::kAllocation)) {
-        return OutOfMemory();
-    }
-    GivenBack(memory);
-    return Taken(__interceptor_realloc != nullptr ? __interceptor_realloc(memory, size)
-                                                  : __libc_realloc(memory, size));
-}
-
-void free(void* memory) {
-    GivenBack(memory);
-    __interceptor_free != nullptr ? __interceptor_free(memory) : __libc_free(memory);
-}
-
-char* strdup(const char* text) {
-    const std::size_t size = std::strlen(text) + 1;
-    void* copy = malloc(size);
-    return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
-}
-
-void* __real_mmap(void* address, std::size_t size, int protection, int flags, int file,
-                  off_t offset);
-int __real_munmap(void* memory, std::size_t size);
 int __real_fclose(std::FILE* file);
 int __real_fflush(std::FILE* file);
 std::size_t __real_fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* file);
 int __real_printf(const char* format, ...);
 int __real_vprintf(const char* format, std::va_list args);
-char* __real_realpath(const char* path, char* resolved);
-int __real_gettimeofday(timeval* now, void* zone);
-std::tm* __real_localtime_r(const std::time_t* seconds, std::tm* local);
-int __real_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes);
-int __real_pthread_mutex_lock(pthread_mutex_t* mutex);
-int __real_pthread_mutex_unlock(pthread_mutex_t* mutex);
-int __real_pthread_mutex_destroy(pthread_mutex_t* mutex);
 
 /// Notes that a file is opened. Returns whether this must fail.
 static bool IsRefused(const char* path) {
@@ -251,18 +189,6 @@ static bool IsRefused(const char* path) {
     }
     errno = EMFILE;
     return true;
-}
-
-void* __wrap_mmap(void* address, std::size_t size, int protection, int flags, int file,
-                  off_t offset) {
-    return Fails(Kind::kAllocation)
-               ? (OutOfMemory(), MAP_FAILED)
-               : Taken(__real_mmap(address, size, protection, flags, file, offset));
-}
-
-int __wrap_munmap(void* memory, std::size_t size) {
-    GivenBack(memory);
-    return __real_munmap(memory, size);
 }
 
 // Input files are read through descriptors, output files are written through streams.
@@ -354,76 +280,6 @@ int __wrap_printf(const char* format, ...) {
     std::va_list args;
     va_start(args, format);
     const int length = __real_vprintf(format, args);
-    va_end(args);
-    return length;
-}
-
-char* __wrap_realpath(const char* path, char* resolved) {
-    if (Fails(Kind::kRealpath)) {
-        errno = ENOENT;
-        return nullptr;
-    }
-    return __real_realpath(path, resolved);
-}
-
-int __wrap_gettimeofday(timeval* now, void* zone) {
-    return Fails(Kind::kClock) ? -1 : __real_gettimeofday(now, zone);
-}
-
-std::tm* __wrap_localtime_r(const std::time_t* seconds, std::tm* local) {
-    return Fails(Kind::kLocalTime) ? nullptr : __real_localtime_r(seconds, local);
-}
-
-int __wrap_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes) {
-    return Fails(Kind::kMutexInit) ? ENOMEM : __real_pthread_mutex_init(mutex, attributes);
-}
-
-int __wrap_pthread_mutex_lock(pthread_mutex_t* mutex) {
-    return Fails(Kind::kMutexLock) ? EAGAIN : __real_pthread_mutex_lock(mutex);
-}
-
-// A mutex whose unlocking fails is unlocked all the same: the next lock would wait for ever.
-int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex) {
-    const int result = __real_pthread_mutex_unlock(mutex);
-    return Fails(Kind::kMutexUnlock) ? EPERM : result;
-}
-
-int __wrap_pthread_mutex_destroy(pthread_mutex_t* mutex) {
-    return Fails(Kind::kMutexDestroy) ? EBUSY : __real_pthread_mutex_destroy(mutex);
-}
-
-// Mangled names of the bounded formatters.
-int __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
-                                                             std::size_t count, const char* format,
-                                                             std::va_list args);
-
-int __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
-                                                             std::size_t count, const char* format,
-                                                             std::va_list args) {
-    if (Fails(Kind::kFormat)) {
-        dest[0] = '\0';
-        return -1;
-    }
-    return __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(dest, destMax, count, format,
-                                                                    args);
-}
-
-int __wrap__ZN8paramgen10snprintf_sEPcmmPKcz(char* dest, std::size_t destMax, std::size_t count,
-                                             const char* format, ...) {
-    std::va_list args;
-    va_start(args, format);
-    const int length = __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(
-        dest, destMax, count, format, args);
-    va_end(args);
-    return length;
-}
-
-int __wrap__ZN8paramgen9sprintf_sEPcmPKcz(char* dest, std::size_t destMax, const char* format,
-                                          ...) {
-    std::va_list args;
-    va_start(args, format);
-    const int length = __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(
-        dest, destMax, destMax, format, args);
     va_end(args);
     return length;
 }

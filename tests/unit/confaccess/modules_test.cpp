@@ -9,15 +9,12 @@
 
 #include "confaccess/any_case.h"
 #include "confaccess/confaccess.h"
-#include "confaccess/registry.h"
-#include "support/temp_dir.h"
-#include "unit/confaccess/outcome.h"
+#include "unit/confaccess/modules_fixture.h"
 
 namespace paramgen::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 constexpr char kModuleInfoFailed[] =
@@ -31,66 +28,6 @@ std::string Deleted(const std::string& name) {
     return "[time][DEBUG][QXCONFACCE] CONFACCESS_DelModuleList:47 CfgName[" + name +
            "] delete finished\n";
 }
-
-std::string Skipped(int index) {
-    return "[time][WARN][QXCONFACCE] CONFACCESS_ModuleInfo:245 load module[" +
-           std::to_string(index) + "] failed\n";
-}
-
-constexpr char kErrorCodeOfPath[] =
-    "func:CONFACCESS_InitModule,line:173,Error Code: [0xFFFFFFFF]\n\n";
-
-/// Registrations, under the name "cfg", of entry files that each test writes.
-class Modules : public ::testing::Test {
-protected:
-    Modules() {
-        directory_.Write("a.ini", "[s]\nkey = of a\n");
-        directory_.Write("b.ini", "[s]\nkey = of b\n");
-    }
-    ~Modules() override {
-        if (g_confAccessCount != 0) {
-            EXPECT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
-        }
-        EXPECT_EQ(g_confAccessCount, 0);
-    }
-
-    Outcome Init(const std::string& entryText) {
-        entry_ = directory_.Write("entry.ini", entryText);
-        return Observe([&] { return ZV_CONFACCESS_Init("cfg", entry_.c_str()); });
-    }
-
-    /// The same, with records of every level from `threshold` up.
-    Outcome InitLogged(std::int32_t threshold, const std::string& entryText) {
-        const LibraryThreshold lowered(threshold);
-        return Init(entryText);
-    }
-
-    /// The names of the modules that are loaded, in the order of their list.
-    static std::vector<std::string> Names() {
-        std::vector<std::string> names;
-        const ConfigEntry* config = FindConfig("cfg");
-        for (const ListLink* link = config->modules.next; link != &config->modules;
-             link = link->next) {
-            names.emplace_back(static_cast<const ModuleEntry*>(link)->name);
-        }
-        return names;
-    }
-
-    static const ModuleEntry* Module(const std::string& name) {
-        return FindModule(FindConfig("cfg"), name.c_str());
-    }
-
-    std::string In(const std::string& file) const { return (directory_.path() / file).string(); }
-
-    std::string DefaultPathInfo() const {
-        return "[time][INFO][QXCONFACCE] CONFACCESS_GetModulePath:122 Don't use certain module "
-               "path, use default path[" +
-               directory_.path().string() + "/]\n";
-    }
-
-    TempDir directory_;
-    std::string entry_;
-};
 
 TEST_F(Modules, StandInReverseOrder) {
     EXPECT_EQ(Init("[module]\nmodule_num = 2\nmodule1 = a\nmodule2 = b\n"
@@ -288,73 +225,6 @@ TEST_F(Modules, FileNameMayLeadFurtherDown) {
     directory_.Write("sub/m.ini", "");
     EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 = m\n[m]\ncfg_filename = sub/m.ini\n"),
               (Outcome{0, ""}));
-}
-
-std::string OneModule(const std::string& name, const std::string& keys) {
-    return "[module]\nmodule_num = 1\nmodule1 = " + name + "\n[" + name + "]\n" + keys;
-}
-
-TEST_F(Modules, NameOf114CharactersIsTheLongestWithAFile) {
-    EXPECT_EQ(Init(OneModule(std::string(114, 'm'), "cfg_filename = a.ini\n")), (Outcome{0, ""}));
-    EXPECT_THAT(Names(), ElementsAre(std::string(114, 'm')));
-}
-
-TEST_F(Modules, NameOf115To122CharactersFailsAtTheFileName) {
-    const Outcome skipped = {0, "[CONFACCESS_InitModule]178: snprintf_s\n" + Skipped(0)};
-    for (const std::size_t length : {115U, 122U}) {
-        EXPECT_EQ(InitLogged(2, OneModule(std::string(length, 'm'), "cfg_filename = a.ini\n")),
-                  skipped);
-        EXPECT_THAT(Names(), IsEmpty());
-        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
-    }
-}
-
-TEST_F(Modules, NameOf123To127CharactersFailsAtThePath) {
-    const Outcome skipped = {0, "[CONFACCESS_GetModulePath]104: snprintf_s\n" +
-                                    std::string(kErrorCodeOfPath) + Skipped(0)};
-    for (const std::size_t length : {123U, 127U}) {
-        EXPECT_EQ(InitLogged(2, OneModule(std::string(length, 'm'), "cfg_filename = a.ini\n")),
-                  skipped);
-        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
-    }
-}
-
-TEST_F(Modules, NameOf128CharactersFailsAtOnce) {
-    EXPECT_EQ(InitLogged(2, OneModule(std::string(128, 'm'), "cfg_filename = a.ini\n")),
-              (Outcome{0, "[CONFACCESS_InitModule]166: snprintf_s\n" + Skipped(0)}));
-}
-
-TEST_F(Modules, EmptyNameIsAName) {
-    EXPECT_EQ(Init("[module]\nmodule_num = 1\nmodule1 =\n[ ]\ncfg_filename = a.ini\n"),
-              (Outcome{0, ""}));
-    EXPECT_THAT(Names(), ElementsAre(""));
-}
-
-/// A path of `length` characters to the test's directory.
-std::string LongPathTo(const TempDir& directory, std::size_t length) {
-    const std::string path = directory.path().string();
-    return std::string(length - path.size(), '/') + path;
-}
-
-TEST_F(Modules, PathOf256CharactersIsTooLong) {
-    EXPECT_EQ(InitLogged(2, OneModule("m", "path = " + LongPathTo(directory_, 256) +
-                                               "\ncfg_filename = a.ini\n")),
-              (Outcome{0, kErrorCodeOfPath + Skipped(0)}));
-}
-
-TEST_F(Modules, FileOf255CharactersIsTheLongest) {
-    const std::string head = "path = " + LongPathTo(directory_, 249) + "\n";
-    EXPECT_EQ(Init(OneModule("m", head + "cfg_filename = a.ini\n")), (Outcome{0, ""}));
-    EXPECT_EQ(std::string(Module("m")->file).size(), 255U);
-}
-
-TEST_F(Modules, FileOf256CharactersIsTooLong) {
-    const Outcome skipped = {0, "[CONFACCESS_InitModule]192: snprintf_s\n" + Skipped(0)};
-    for (const std::size_t length : {250U, 255U}) {
-        const std::string head = "path = " + LongPathTo(directory_, length) + "\n";
-        EXPECT_EQ(InitLogged(2, OneModule("m", head + "cfg_filename = a.ini\n")), skipped);
-        ASSERT_EQ(ZV_CONFACCESS_Deinit("cfg"), 0);
-    }
 }
 
 /// An entry file with modules of these names, all of the same file.
