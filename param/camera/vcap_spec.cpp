@@ -76,11 +76,12 @@ Status PDT_INIPARAM_LoadCamVcapSpecCfg(const char* module, MediaMode mode, VcapS
               cfg->basHeight, cfg->wdrMode);
     for (std::uint32_t i = 0; i < kVcapComponentMaskCount; ++i) {
         Key item;
-        FORMAT_KEY_OR_RETURN(item, {}, ROW(kVcapSpecTable, componentMask), i);
+        constexpr const Field& row = ROW(kVcapSpecTable, componentMask);
+        FORMAT_KEY_OR_RETURN(item, {}, row, i);
         const char* text = nullptr;
         WATCH_DESTINATION(&cfg->componentMask[i], sizeof cfg->componentMask[i]);
         const Status status = FindText(module, item.c_str(), &text);
-        const std::int32_t mask = text == nullptr ? 0 : ParseInteger(text, 10);
+        const std::int32_t mask = text == nullptr ? row.Number() : ParseInteger(text, 10);
         if (mask < 0) {
             LOG_ERROR("componentmask error, out of range");
             return kFailed;
