@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iostream>
 #include <map>
+#include <set>
 #include <string>
 
 #include "generator/image.h"
@@ -34,16 +35,35 @@ std::map<std::uint32_t, std::uint32_t> CountLimits() {
     return limits;
 }
 
-using RowNames = std::map<const Field*, std::string>;
+/// Sections and keys, of whatever module, that decide how many elements are read.
+std::set<std::string> LeadingKeys() {
+    std::set<std::string> keys;
+    for (const Value& value : Values()) {
+        for (const Condition& condition : value.conditions) {
+            for (const KeyName& key : condition.keys) {
+                keys.insert(key.section + ":" + key.key);
+            }
+        }
+    }
+    return keys;
+}
 
-/// Adds the names of the rows of `table` and the tables below: "GsensorCfg.sensitivity".
-void NameRows(const RecordTable& table, RowNames* names) {
+/// A row: "GsensorCfg.sensitivity", and its number in its table.
+struct Row {
+    std::string name;
+    std::size_t number;
+};
+using Rows = std::map<const Field*, Row>;
+
+/// Adds the rows of `table` and the tables below.
+void AddRows(const RecordTable& table, Rows* rows) {
     for (const Field& field : table.fields) {
         if (field.source == FieldSource::kTable) {
-            NameRows(*field.table, names);
+            AddRows(*field.table, rows);
         } else {
             const std::string type(table.type.substr(table.type.rfind(':') + 1));
-            (*names)[&field] = type + "." + field.notes.member;
+            const auto number = static_cast<std::size_t>(&field - table.fields.data());
+            (*rows)[&field] = {type + "." + field.notes.member, number};
         }
     }
 }
@@ -77,12 +97,18 @@ bool IsSearched(const Key& key) {
     return key.values.empty() || key.values.front()->modules.size() > 1;
 }
 
-/// Whether other keys are read only depending on this one.
-bool Decides(const Key& key, const std::map<std::uint32_t, std::uint32_t>& limits) {
-    if (ServesAMode(key) || limits.count(key.values.front()->offset) != 0) {
+/// Whether `counts` has the key: others are read only depending on it, or it is every second switch
+/// of its table. Searched modules keep their defaults.
+bool CountsHave(const Key& key, const std::map<std::uint32_t, std::uint32_t>& limits,
+                const Rows& rows) {
+    static const std::set<std::string> leading = LeadingKeys();
+    if (ServesAMode(key) || limits.count(key.values.front()->offset) != 0 ||
+        leading.count(key.name.section + ":" + key.name.key) != 0) {
         return true;
     }
-    return !IsSearched(key) && (key.name.key == "enable" || key.name.key == "res_width");
+    const Value& value = *key.values.front();
+    return !IsSearched(key) && value.Kind() == FieldKind::kBool &&
+           rows.at(value.field).number % 2 == 0;
 }
 
 void Write(const std::filesystem::path& directory, const Product& product) {
@@ -110,15 +136,11 @@ void WriteAll(const std::filesystem::path& directory) {
     Product set;
     Product none;
     Product counts;
-    RowNames rowNames;
-    NameRows(kImageTable, &rowNames);
+    Rows rows;
+    AddRows(kImageTable, &rows);
     std::map<std::string, std::uint32_t> modes;  // of the media modes' modules, in their order
     std::uint32_t number = 0;
-    std::uint32_t rows = 0;
-    const Pattern* row = nullptr;
     for (const Key& key : Keys()) {
-        rows += key.pattern == row ? 0 : 1;
-        row = key.pattern;
         none[key.name.module];
         counts[key.name.module];
         if (key.role == KeyRole::kSpill) {
@@ -146,14 +168,11 @@ void WriteAll(const std::filesystem::path& directory) {
             counts[key.name.module][key.name.section][key.name.key] = text;
         }
         set[key.name.module][key.name.section][key.name.key] = text;
-        // Searched modules are read when their media mode is set, and keep their other defaults.
-        const bool isOtherSwitch =
-            !IsSearched(key) && key.values.front()->Kind() == FieldKind::kBool && rows % 2 == 0;
-        if (Decides(key, limits) || isOtherSwitch) {
+        if (CountsHave(key, limits, rows)) {
             counts[key.name.module][key.name.section][key.name.key] = text;
         }
         std::cout << key.name.module << "\t" << key.name.section << "\t" << key.name.key << "\t"
-                  << (key.values.empty() ? "" : rowNames[key.values.front()->field]) << "\n";
+                  << (key.values.empty() ? "" : rows.at(key.values.front()->field).name) << "\n";
     }
     Write(directory / "set", set);
     Write(directory / "none", none);
