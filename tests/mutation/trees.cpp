@@ -5,6 +5,7 @@
 //
 // mutation_trees DIRECTORY
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -97,18 +98,27 @@ bool IsSearched(const Key& key) {
     return key.values.empty() || key.values.front()->modules.size() > 1;
 }
 
+/// Whether the value stands in every second element of a counted array.
+bool IsInOtherElement(const Value& value) {
+    return std::any_of(value.conditions.begin(), value.conditions.end(), [](const Condition& one) {
+        return one.kind == ConditionKind::kCounted && one.number % 2 == 1;
+    });
+}
+
 /// Whether `counts` has the key: others are read only depending on it, or it is every second switch
-/// of its table. Searched modules keep their defaults.
+/// of its table. Searched modules and every second element of an array keep their defaults.
 bool CountsHave(const Key& key, const std::map<std::uint32_t, std::uint32_t>& limits,
                 const Rows& rows) {
     static const std::set<std::string> leading = LeadingKeys();
-    if (ServesAMode(key) || limits.count(key.values.front()->offset) != 0 ||
-        leading.count(key.name.section + ":" + key.name.key) != 0) {
+    if (ServesAMode(key) || leading.count(key.name.section + ":" + key.name.key) != 0) {
         return true;
     }
     const Value& value = *key.values.front();
-    return !IsSearched(key) && value.Kind() == FieldKind::kBool &&
-           rows.at(value.field).number % 2 == 0;
+    if (IsSearched(key) || IsInOtherElement(value)) {
+        return false;
+    }
+    return limits.count(value.offset) != 0 ||
+           (value.Kind() == FieldKind::kBool && rows.at(value.field).number % 2 == 0);
 }
 
 void Write(const std::filesystem::path& directory, const Product& product) {
