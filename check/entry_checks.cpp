@@ -189,7 +189,7 @@ private:
             sections.emplace(tree::LowerCase(module.name), module.number);
         }
         for (const Line& line : ini_->lines()) {
-            if (line.kind == LineKind::kValue && ini_->Find(ini_->KeyOf(line)) == &line &&
+            if (line.kind == LineKind::kValue && !line.isReplaced &&
                 tree::LowerCase(ini_->SectionOf(line)) == kModuleSection &&
                 NumberOfKey(tree::LowerCase(ini_->TextOf(line.name))) > product_.moduleCount()) {
                 sections.emplace(tree::LowerCase(ini_->TextOf(line.value)), 0);
@@ -197,7 +197,7 @@ private:
         }
         std::set<std::uint32_t> told;  // headers of unknown sections
         for (const Line& line : ini_->lines()) {
-            if (line.kind == LineKind::kValue && ini_->Find(ini_->KeyOf(line)) == &line &&
+            if (line.kind == LineKind::kValue && !line.isReplaced &&
                 !inspection_.IsBad(line)) {
                 CheckKey(line, sections, &told);
             }

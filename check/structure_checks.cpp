@@ -84,7 +84,7 @@ private:
                 blocks.emplace_back();
                 blocks.back().header = &line;
             } else if (line.kind == LineKind::kValue && !inspection_.IsBad(line)) {
-                if (ini_.Find(ini_.KeyOf(line)) == &line) {
+                if (!line.isReplaced) {
                     blocks.back().keys.push_back(&line);
                 }
                 if (line.former != tree::kNoLine &&

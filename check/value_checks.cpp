@@ -147,12 +147,12 @@ void CheckModule(const tree::Module& module, Inspection* inspection) {
     ValueChecker checker(inspection);
     const tree::IniFile& ini = *module.file->ini;
     for (const Line& line : ini.lines()) {
-        if (line.kind != tree::LineKind::kValue || inspection->IsBad(line)) {
+        const bool counts = line.kind == tree::LineKind::kValue && !line.isReplaced;
+        if (!counts || inspection->IsBad(line)) {
             continue;
         }
-        const std::string key = ini.KeyOf(line);
-        const Asked* asked = inspection->FindAsked(module.name, key);
-        if (asked == nullptr || ini.Find(key) != &line) {
+        const Asked* asked = inspection->FindAsked(module.name, ini.KeyOf(line));
+        if (asked == nullptr) {
             continue;
         }
         const FieldKind kind = asked->key == nullptr || asked->key->values.empty()

@@ -1,7 +1,9 @@
 #include "diagnostics/suppression.h"
 
 #include <algorithm>
+#include <map>
 #include <string>
+#include <tuple>
 
 #include "diagnostics/places.h"
 
@@ -17,9 +19,8 @@ struct Suppression {
     std::string id;    ///< as it is written; empty when the directive is not understood
     std::string path;  ///< the file that it names, from the tree's directory
     bool hasReason = false;
-    std::uint32_t first = 0;  ///< the lines that it is for
+    std::uint32_t first = 0;  ///< the lines that it is for; those of findings without one are 0
     std::uint32_t last = 0;
-    bool isForFile = false;
     bool isNeeded = false;
 };
 
@@ -84,7 +85,8 @@ public:
     void Widen(std::size_t index, Suppression* suppression) const {
         const bool isAlone = lines_[index].kind == tree::LineKind::kComment;
         if (isAlone && lines_[index].section == tree::kNoLine) {
-            suppression->isForFile = true;
+            suppression->first = 0;
+            suppression->last = UINT32_MAX;
             return;
         }
         std::size_t target = index;
@@ -122,25 +124,102 @@ void Collect(const tree::FoundFile& file, std::vector<Suppression>* suppressions
     for (std::size_t i = 0; i < lines.size(); ++i) {
         Suppression suppression;
         if (ReadDirective(file, lines[i], &suppression)) {
-            scopes.Widen(i, &suppression);
+            if (suppression.path.empty()) {
+                scopes.Widen(i, &suppression);
+            } else {
+                suppression.first = suppression.last = 0;
+            }
             suppressions->push_back(suppression);
         }
     }
 }
 
-bool Silences(const Suppression& suppression, const Finding& finding) {
-    if (finding.severity == Severity::kError || RuleOf(finding.id).name != suppression.id) {
-        return false;
+/// The suppressions of one kind of finding that stand in one file, or name one file. Lines of
+/// findings are looked up among them, and theirs among those of findings: there may be many of
+/// both.
+class Group {
+public:
+    void Add(Suppression* suppression) { members_.push_back(suppression); }
+
+    /// To be called when all have been added.
+    void Sort() {
+        const auto isBefore = [](const Suppression* a, const Suppression* b) {
+            return a->first < b->first;
+        };
+        std::stable_sort(members_.begin(), members_.end(), isBefore);
+        std::uint32_t last = 0;
+        for (const Suppression* member : members_) {
+            last = std::max(last, member->last);
+            last_.push_back(last);
+        }
     }
-    if (!suppression.path.empty()) {
-        return finding.place.line == 0 && finding.place.path == suppression.path;
+
+    /// Whether a finding at `line` is silenced.
+    bool Silences(std::uint32_t line) {
+        const auto behind = std::upper_bound(
+            members_.begin(), members_.end(), line,
+            [](std::uint32_t at, const Suppression* each) { return at < each->first; });
+        const bool silences =
+            behind != members_.begin() &&
+            last_[static_cast<std::size_t>(behind - members_.begin()) - 1] >= line;
+        if (silences) {
+            lines_.push_back(line);
+        }
+        return silences;
     }
-    if (finding.place.file != suppression.file->shown) {
-        return false;
+
+    /// Marks the suppressions that have silenced something.
+    void Mark() {
+        std::sort(lines_.begin(), lines_.end());
+        for (Suppression* member : members_) {
+            const auto line = std::lower_bound(lines_.begin(), lines_.end(), member->first);
+            member->isNeeded = line != lines_.end() && *line <= member->last;
+        }
     }
-    return suppression.isForFile ||
-           (finding.place.line >= suppression.first && finding.place.line <= suppression.last);
-}
+
+private:
+    std::vector<Suppression*> members_;
+    std::vector<std::uint32_t> last_;   ///< of each the last line that it or one before is for
+    std::vector<std::uint32_t> lines_;  ///< of findings that have been silenced
+};
+
+/// All suppressions, to be found by what they are for.
+class Groups {
+public:
+    explicit Groups(std::vector<Suppression>* suppressions) {
+        for (Suppression& suppression : *suppressions) {
+            const std::string& path = suppression.path;
+            groups_[{suppression.id, path.empty() ? suppression.file->shown : path, path.empty()}]
+                .Add(&suppression);
+        }
+        for (auto& [key, group] : groups_) {
+            group.Sort();
+        }
+    }
+
+    bool Silence(const Finding& finding) {
+        const std::string id(RuleOf(finding.id).name);
+        const bool byFile = SilencesBy({id, finding.place.file, true}, finding);
+        const bool byPath = SilencesBy({id, finding.place.path, false}, finding);
+        return byFile || byPath;
+    }
+
+    void Mark() {
+        for (auto& [key, group] : groups_) {
+            group.Mark();
+        }
+    }
+
+private:
+    using Key = std::tuple<std::string, std::string, bool>;  ///< id, file or path, which of them
+
+    bool SilencesBy(const Key& key, const Finding& finding) {
+        const auto group = groups_.find(key);
+        return group != groups_.end() && group->second.Silences(finding.place.line);
+    }
+
+    std::map<Key, Group> groups_;
+};
 
 Finding Complaint(RuleId id, const Suppression& suppression, std::string message) {
     Finding finding;
@@ -181,15 +260,11 @@ void ApplySuppressions(const tree::Product& product, const WasMade& wasMade,
     for (const auto& file : product.files()) {
         Collect(*file, &suppressions);
     }
+    Groups groups(&suppressions);
     std::erase_if(*findings, [&](const Finding& finding) {
-        bool isSilenced = false;
-        for (Suppression& suppression : suppressions) {
-            const bool silences = Silences(suppression, finding);
-            suppression.isNeeded = suppression.isNeeded || silences;
-            isSilenced = isSilenced || silences;
-        }
-        return isSilenced;
+        return finding.severity != Severity::kError && groups.Silence(finding);
     });
+    groups.Mark();
     for (const Suppression& suppression : suppressions) {
         const std::size_t before = findings->size();
         Judge(suppression, wasMade, findings);

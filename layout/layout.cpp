@@ -1,6 +1,7 @@
 #include "layout/layout.h"
 
 #include <algorithm>
+#include <numeric>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -11,16 +12,37 @@
 namespace paramgen::layout {
 namespace {
 
-std::string Lower(std::string text) {
+/// A name in lower case, as keys of maps: keys are case-insensitive.
+std::string KeyText(std::string_view module, std::string_view section, std::string_view key) {
+    std::string text;
+    text.reserve(module.size() + section.size() + key.size() + 2);
+    text += module;
+    text += '/';
+    text += section;
+    text += ':';
+    text += key;
     for (char& c : text) {
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     }
     return text;
 }
 
-/// `name` in lower case, as keys of maps: keys are case-insensitive.
 std::string KeyText(const KeyName& name) {
-    return Lower(Text(name));
+    return KeyText(name.module, name.section, name.key);
+}
+
+/// The same values by offset. Numbers are sorted, as values are large.
+std::vector<Value> ByOffset(std::vector<Value> values) {
+    std::vector<std::size_t> order(values.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::sort(order.begin(), order.end(),
+              [&](std::size_t a, std::size_t b) { return values[a].offset < values[b].offset; });
+    std::vector<Value> sorted;
+    sorted.reserve(values.size());
+    for (const std::size_t number : order) {
+        sorted.push_back(std::move(values[number]));
+    }
+    return sorted;
 }
 
 /// All lists of this room. There is one object, made on the first call. It is never destroyed,
@@ -55,10 +77,10 @@ private:
 
 Layout::Layout() {
     Walked walked = WalkSections(kImageTable);
-    values = std::move(walked.values);
+    values = ByOffset(std::move(walked.values));
     spilled = std::move(walked.spilled);
-    const auto byOffset = [](const Value& a, const Value& b) { return a.offset < b.offset; };
-    std::sort(values.begin(), values.end(), byOffset);
+    keys.reserve(values.size() + spilled.size());
+    keyNumbers.reserve(values.size() + spilled.size());
     AddPatterns();
     AddSearches();
     AddEntryFile();
@@ -187,8 +209,7 @@ std::span<const Key> Keys() {
 
 const Key* FindKey(std::string_view module, std::string_view section, std::string_view key) {
     const Layout& layout = Layout::Get();
-    const auto place = layout.keyNumbers.find(
-        KeyText({std::string(module), std::string(section), std::string(key)}));
+    const auto place = layout.keyNumbers.find(KeyText(module, section, key));
     return place == layout.keyNumbers.end() ? nullptr : &layout.keys[place->second];
 }
 

@@ -37,9 +37,12 @@ struct Place {
 };
 
 /// Fills in a template: "%s" with `text`, and its "%d" and "%u" with the last of `numbers`, in
-/// order.
+/// order: with what `part` of them says.
 std::string Expand(std::string_view pattern, std::string_view text,
-                   const std::vector<std::string>& numbers) {
+                   const std::vector<Number>& numbers, std::string Number::*part) {
+    if (pattern.find('%') == pattern.npos) {
+        return std::string(pattern);
+    }
     const auto placeholders = static_cast<std::size_t>(
         std::count(pattern.begin(), pattern.end(), '%') - (pattern.find("%s") != pattern.npos));
     std::size_t next = numbers.size() - placeholders;
@@ -50,19 +53,14 @@ std::string Expand(std::string_view pattern, std::string_view text,
             continue;
         }
         ++i;
-        result += pattern[i] == 's' ? text : numbers.at(next++);
+        result += pattern[i] == 's' ? text : numbers.at(next++).*part;
     }
     return result;
 }
 
 Named Expand(std::string_view pattern, const Named& text, const std::vector<Number>& numbers) {
-    std::vector<std::string> real;
-    std::vector<std::string> letters;
-    for (const Number& number : numbers) {
-        real.push_back(number.real);
-        letters.push_back(number.letter);
-    }
-    return {Expand(pattern, text.real, real), Expand(pattern, text.pattern, letters)};
+    return {Expand(pattern, text.real, numbers, &Number::real),
+            Expand(pattern, text.pattern, numbers, &Number::letter)};
 }
 
 /// The letter for the next index: N, M, K, L. Indices of arrays with one element get none.
@@ -79,11 +77,14 @@ void EnterModule(const Field& field, Place* place) {
     if (field.extra == FieldExtra::kSearchedModule) {
         const ModuleSearch& search = *field.notes.search;
         const std::string camera = std::to_string(search.camera);
-        const std::string any = Expand(search.modules, "", {camera, "*"});
+        const auto expand = [&](const std::string& number) {
+            return Expand(search.modules, "", {{camera, ""}, {number, ""}}, &Number::real);
+        };
+        const std::string any = expand("*");
         place->module = {any, any};
         place->modules.clear();
         for (std::uint32_t i = 0; i < search.count; ++i) {
-            place->modules.push_back(Expand(search.modules, "", {camera, std::to_string(i)}));
+            place->modules.push_back(expand(std::to_string(i)));
         }
         Condition condition;
         condition.kind = ConditionKind::kSearchedModule;
@@ -136,24 +137,24 @@ std::vector<KeyName> LeadingKeys(const Field& field, const Named& node, const Pl
     return keys;
 }
 
-/// Adds the condition under which element `number` of a row is read, if there is one.
-void AddElementCondition(const Field& field, const Named& node, const Place& record,
-                         std::uint32_t number, Place* element) {
+/// Adds the condition under which element `number` of a row of the record is read, if there is one.
+void AddElementCondition(const Field& field, const Named& node, std::uint32_t number,
+                         Place* record) {
     const FieldNotes& notes = field.notes;
     Condition condition;
     condition.number = number;
     condition.places = field.count;
-    condition.count = record.offset + notes.countOffset;
+    condition.count = record->offset + notes.countOffset;
     if (notes.whileKey != nullptr) {
         condition.kind = ConditionKind::kLeading;
-        condition.keys = LeadingKeys(field, node, record, number);
+        condition.keys = LeadingKeys(field, node, *record, number);
     } else if (notes.beyond != CountBeyond::kNotCounted) {
-        condition.largest = LargestCount(field, record);
+        condition.largest = LargestCount(field, *record);
         condition.beyond = condition.largest == field.count ? CountBeyond::kRefused : notes.beyond;
     } else {
         return;
     }
-    element->conditions.push_back(std::move(condition));
+    record->conditions.push_back(std::move(condition));
 }
 
 /// The lists that a walk adds values to.
@@ -162,8 +163,9 @@ struct Found {
     std::vector<Value>* spilled;
 };
 
-/// Makes the value of a row at `place`. `record` is the place of its record.
-Value MakeValue(const Field& field, const Named& node, const Place& record, const Place& place) {
+/// Makes the value of a row at `place`. Its record is at `recordOffset`.
+Value MakeValue(const Field& field, const Named& node, std::uint32_t recordOffset,
+                const Place& place) {
     Value value = {};
     value.field = &field;
     value.offset = place.offset;
@@ -172,7 +174,7 @@ Value MakeValue(const Field& field, const Named& node, const Place& record, cons
     value.conditions = place.conditions;
     value.context = place.context;
     value.origin = field.source == FieldSource::kCopy
-                       ? record.offset + static_cast<std::uint32_t>(field.Number())
+                       ? recordOffset + static_cast<std::uint32_t>(field.Number())
                        : place.offset;
     value.times = field.kind == FieldKind::kText ? 1 : place.times;
     if (field.key == nullptr) {
@@ -192,39 +194,92 @@ Value MakeValue(const Field& field, const Named& node, const Place& record, cons
     return value;
 }
 
-/// The place of element `number` of a row.
-Place ElementOf(const Field& field, const Named& node, const Place& record, std::uint32_t number) {
-    Place element = record;
-    element.offset += field.offset + number * field.size;
-    element.member += (element.member.empty() ? "" : ".") + std::string(field.notes.member);
+/// Goes on from the place of a record to that of element `number` of a row.
+void EnterElement(const Field& field, const Named& node, std::uint32_t number, Place* place) {
+    AddElementCondition(field, node, number, place);
+    place->offset += field.offset + number * field.size;
+    place->member += place->member.empty() ? "" : ".";
+    place->member += field.notes.member;
     if (field.isArray) {
-        const std::string real = std::to_string(number);
-        element.member += "[" + real + "]";
-        element.numbers.push_back({real, field.count > 1 ? NextLetter(record.numbers) : real});
-        element.times = element.elementTimes;
+        std::string real = std::to_string(number);
+        place->member += "[" + real + "]";
+        std::string letter = field.count > 1 ? NextLetter(place->numbers) : real;
+        place->numbers.push_back({std::move(real), std::move(letter)});
+        place->times = place->elementTimes;
     }
     if (field.source == FieldSource::kTable && field.notes.about != nullptr) {
-        element.context = field.notes.about;
+        place->context = field.notes.about;
     }
     if (field.notes.times != 0) {
-        element.elementTimes = field.notes.times;
+        place->elementTimes = field.notes.times;
     }
     if (field.notes.countMax != 0) {
-        element.countMax = field.notes.countMax;
+        place->countMax = field.notes.countMax;
     }
-    AddElementCondition(field, node, record, number, &element);
-    EnterModule(field, &element);
-    return element;
+    EnterModule(field, place);
 }
+
+/// Whether an element is a value of the module that its record is read from. Most are.
+bool IsPlainValue(const Field& field) {
+    return field.source != FieldSource::kTable && field.extra != FieldExtra::kSearchedModule &&
+           field.extra != FieldExtra::kModule;
+}
+
+/// While this lives, the place of a record is that of one of its plain values. It takes half of a
+/// walk to copy places.
+class PlainValue {
+public:
+    PlainValue(const Field& field, const Named& node, std::uint32_t number, Place* place)
+        : place_(*place),
+          isArray_(field.isArray),
+          memberSize_(place->member.size()),
+          conditionCount_(place->conditions.size()),
+          offset_(place->offset),
+          countMax_(place->countMax),
+          times_(place->times),
+          elementTimes_(place->elementTimes) {
+        EnterElement(field, node, number, place);
+    }
+    ~PlainValue() {
+        place_.member.resize(memberSize_);
+        place_.conditions.resize(conditionCount_);
+        place_.numbers.resize(place_.numbers.size() - (isArray_ ? 1 : 0));
+        place_.offset = offset_;
+        place_.countMax = countMax_;
+        place_.times = times_;
+        place_.elementTimes = elementTimes_;
+    }
+    PlainValue(const PlainValue&) = delete;
+    PlainValue& operator=(const PlainValue&) = delete;
+
+private:
+    Place& place_;
+    bool isArray_;
+    std::size_t memberSize_;
+    std::size_t conditionCount_;
+    std::uint32_t offset_;
+    std::uint32_t countMax_;
+    std::uint32_t times_;
+    std::uint32_t elementTimes_;
+};
 
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found);
 
-void WalkElement(const Field& field, const Named& node, const Place& record, std::uint32_t number,
+/// Walks element `number` of a row. `record` is the place of its record, and is so again behind it.
+void WalkElement(const Field& field, const Named& node, Place* record, std::uint32_t number,
                  bool section, const Found& found) {
-    Place element = ElementOf(field, node, record, number);
+    const std::uint32_t recordOffset = record->offset;
+    if (IsPlainValue(field)) {
+        const PlainValue value(field, node, number, record);
+        found.values->push_back(
+            MakeValue(field, NodeOf(field, node, record->numbers), recordOffset, *record));
+        return;
+    }
+    Place element = *record;
+    EnterElement(field, node, number, &element);
     const Named under = NodeOf(field, node, element.numbers);
     if (field.source != FieldSource::kTable) {
-        found.values->push_back(MakeValue(field, under, record, element));
+        found.values->push_back(MakeValue(field, under, recordOffset, element));
         return;
     }
     element.prefix = under;
@@ -250,19 +305,23 @@ void WalkTable(const RecordTable& table, const Place& outer, bool sections, cons
     }
     for (const Field& field : table.fields) {
         for (std::uint32_t i = 0; i < field.count; ++i) {
-            WalkElement(field, node, record, i, sections, found);
+            WalkElement(field, node, &record, i, sections, found);
         }
         if (field.notes.beyond == CountBeyond::kSpilling) {
             const std::uint32_t count = LargestCount(field, record);
             for (std::uint32_t i = field.count; i < count; ++i) {
-                WalkElement(field, node, record, i, sections, {found.spilled, found.spilled});
+                WalkElement(field, node, &record, i, sections, {found.spilled, found.spilled});
             }
         }
     }
 }
 
+/// Room for the values of the image: moving them costs more than the memory.
+constexpr std::size_t kValuesMax = 6144;
+
 Walked WalkFrom(const RecordTable& table, const Place& place, bool sections) {
     Walked walked;
+    walked.values.reserve(kValuesMax);
     WalkTable(table, place, sections, {&walked.values, &walked.spilled});
     return walked;
 }

@@ -215,6 +215,7 @@ void IniFile::SetKey(Line* line) {
     const auto [place, isNew] = last_.try_emplace(KeyOf(*line), number);
     if (!isNew) {
         line->former = place->second;
+        lines_[line->former].isReplaced = true;
         place->second = number;
     }
 }

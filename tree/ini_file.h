@@ -44,6 +44,7 @@ inline constexpr std::string_view kDirective = "paramtool:";
 struct Line {
     LineKind kind = LineKind::kNothing;
     bool hasNul = false;              ///< it has a NUL, and counts up to it
+    bool isReplaced = false;          ///< a later line of the same key counts in its place
     bool isBare = false;              ///< kSection: "[]", which leaves the section what it was
     std::uint32_t number = 0;         ///< from 1
     Span text;                        ///< the whole line without its newline

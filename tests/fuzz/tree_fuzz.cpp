@@ -16,6 +16,7 @@ void CompareKey(const Dictionary& dictionary, const tree::IniFile& file, const t
     const std::string key = file.KeyOf(line);
     const tree::Line* counting = file.Find(key);
     Require(counting != nullptr, "every key has a line that counts");
+    Require((counting != &line) == line.isReplaced, "a line that is replaced does not count");
     const char* value = dictionary.FindText(key, kNothing);
     Require(value != kNothing, "a key is one for the program as well");
     if (counting->kind == tree::LineKind::kSection) {

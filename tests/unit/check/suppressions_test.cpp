@@ -53,6 +53,22 @@ TEST(Suppressions, OfAWholeFileStandInTheEntryFile) {
     EXPECT_EQ(ReportOf(files), "");
 }
 
+TEST(Suppressions, OfAFileAreForKeysAboveThemAsWell) {
+    const std::string ignore = "; paramtool: ignore unknown-key (legacy)\n";
+    EXPECT_EQ(ReportOfDevmng("old = 1\n" + ignore + "[keytone]\nenable = 1\nold = 2\n"), "");
+}
+
+TEST(Suppressions, ThatLieInEachOtherAreAllNeeded) {
+    const std::string ignore = kIgnore;
+    EXPECT_EQ(ReportOfDevmng(ignore + "[keytone] " + ignore + ignore + "enable = on " + ignore),
+              "");
+    const std::string report =
+        ReportOfDevmng("[keytone] " + ignore + "enable = on\n[buzzer] " + ignore + "enable = no\n");
+    EXPECT_NE(report.find("devmng.ini:3:12: warning: there is no warning"), std::string::npos)
+        << report;
+    EXPECT_EQ(report.find("devmng.ini:1:"), std::string::npos) << report;
+}
+
 TEST(Suppressions, DoNotSilenceErrors) {
     const std::string report = ReportOfDevmng(
         "[gsensor]\nsensitivity = 99999999999 ; paramtool: ignore number-out-of-range (x)\n");
