@@ -197,8 +197,7 @@ private:
         }
         std::set<std::uint32_t> told;  // headers of unknown sections
         for (const Line& line : ini_->lines()) {
-            if (line.kind == LineKind::kValue && !line.isReplaced &&
-                !inspection_.IsBad(line)) {
+            if (line.kind == LineKind::kValue && !line.isReplaced && !inspection_.IsBad(line)) {
                 CheckKey(line, sections, &told);
             }
         }
