@@ -42,16 +42,18 @@ const Counters& EmptyCounters() {
     return all;
 }
 
-/// The elements that a value lies in are filled.
-void Fill(const layout::Value& value, Counters* counters) {
-    for (const Condition& condition : value.conditions) {
-        if (condition.kind != ConditionKind::kCounted) {
-            continue;
-        }
-        std::map<std::uint32_t, bool>& isFilled = (*counters)[condition.count].isFilled;
-        const auto element = isFilled.find(condition.number);
-        if (element != isFilled.end()) {
-            element->second = true;
+/// The elements that the values of a key lie in are filled.
+void Fill(const layout::Key& key, Counters* counters) {
+    for (const layout::Value* value : key.values) {
+        for (const Condition& condition : value->conditions) {
+            if (condition.kind != ConditionKind::kCounted) {
+                continue;
+            }
+            std::map<std::uint32_t, bool>& isFilled = (*counters)[condition.count].isFilled;
+            const auto element = isFilled.find(condition.number);
+            if (element != isFilled.end()) {
+                element->second = true;
+            }
         }
     }
 }
@@ -60,12 +62,12 @@ void Fill(const layout::Value& value, Counters* counters) {
 Counters FilledCounters(const Inspection& inspection) {
     Counters counters = EmptyCounters();
     for (const auto& [name, asked] : inspection.asked()) {
-        if (asked.key == nullptr || !asked.answer->text.has_value()) {
-            continue;
+        if (asked.key != nullptr && asked.answer->text.has_value()) {
+            Fill(*asked.key, &counters);
         }
-        for (const layout::Value* value : asked.key->values) {
-            Fill(*value, &counters);
-        }
+    }
+    for (const layout::Key* key : inspection.refused()) {
+        Fill(*key, &counters);
     }
     return counters;
 }

@@ -147,6 +147,9 @@ private:
         const bool isLimit = finding.id == RuleId::kNumberOutOfRange &&
                              ReadNumber(text).isInRange && KindOf(key) != FieldKind::kInt16;
         inspection_->MarkBad(*line);
+        if (key != nullptr) {
+            inspection_->AddRefused(*key);
+        }
         if (inspection_->Add(std::move(finding), file) != nullptr && isLimit) {
             atLimit_.push_back(inspection_->findings().size() - 1);
         }

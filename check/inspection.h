@@ -68,6 +68,10 @@ public:
     void MarkBad(const tree::Line& line) { bad_.insert(&line); }
     bool IsBad(const tree::Line& line) const { return bad_.contains(&line); }
 
+    /// Keys that are there, and absent in the last run, as they stop the program.
+    void AddRefused(const layout::Key& key) { refused_.push_back(&key); }
+    const std::vector<const layout::Key*>& refused() const { return refused_; }
+
 private:
     tree::Product product_;
     const Choice& choice_;
@@ -79,6 +83,7 @@ private:
         std::tuple<diagnostics::RuleId, std::string, std::uint32_t, std::uint32_t, std::string>>
         known_;
     std::set<const tree::Line*> bad_;
+    std::vector<const layout::Key*> refused_;
 };
 
 /// A text of the input as messages quote it, cut when it is long.

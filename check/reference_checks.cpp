@@ -157,6 +157,28 @@ private:
         }
     }
 
+    /// Whether the mode of a module that serves one is known to be wrong: it may be any of those
+    /// that are asked for.
+    bool HasBadMode() const {
+        const auto& listed = inspection_.product().modules();
+        return std::any_of(listed.begin(), listed.end(), [&](const tree::Module& module) {
+            const bool serves = module.fate == tree::ModuleFate::kRead &&
+                                layout::MatchesWildcards(kModeModules, module.name);
+            const tree::Line* line = serves ? module.file->ini->Find(kServedMode) : nullptr;
+            return line != nullptr && inspection_.IsBad(*line);
+        });
+    }
+
+    void TellNotServed(const Given& given, const std::map<std::string, const Given*>& served) {
+        std::string modes;
+        for (const auto& [mode, module] : served) {
+            modes += (modes.empty() ? "; served are " : ", ") + mode;
+        }
+        notServed_.insert(&given);
+        Warn(RuleId::kModeNotServed, given,
+             "no cam0_mediamode module serves " + given.text + modes);
+    }
+
     void CheckModes() {
         std::map<std::string, const Given*> served;
         for (const Given* given : references_.Find(kModeModules, "common", "mediamode")) {
@@ -168,14 +190,13 @@ private:
                 AddNote(finding, *place->second, "here");
             }
         }
-        if (IsLost(kModeModules)) {
+        if (IsLost(kModeModules) || HasBadMode()) {
             return;  // it may be the one that serves a mode
         }
         for (const ModeRule& rule : ModeRules()) {
             for (const Given* given : references_.Find(rule.module, rule.section, rule.key)) {
                 if (!served.contains(given->text)) {
-                    Warn(RuleId::kModeNotServed, *given,
-                         "no cam0_mediamode module serves " + given->text);
+                    TellNotServed(*given, served);
                 }
             }
         }
@@ -200,12 +221,28 @@ private:
         }
     }
 
+    /// Whether a value of a menu is known to be wrong: it may be any.
+    bool HasBadValue(const std::string& menu) const {
+        const tree::Module* module = inspection_.product().FindModule(kMenuModule);
+        if (module == nullptr) {
+            return false;
+        }
+        const tree::IniFile& ini = *module->file->ini;
+        return std::any_of(ini.lines().begin(), ini.lines().end(), [&](const tree::Line& line) {
+            return line.kind == tree::LineKind::kValue && inspection_.IsBad(line) &&
+                   tree::LowerCase(ini.SectionOf(line)) == tree::LowerCase(menu);
+        });
+    }
+
     void CheckOffered(const Given& given, const std::string& menu) {
+        if (notServed_.contains(&given)) {
+            return;  // told already
+        }
         const std::vector<const Given*> values = ValuesOf(menu.c_str());
         const bool isOffered = std::any_of(values.begin(), values.end(), [&](const Given* value) {
             return IsSame(given, *value);
         });
-        if (values.empty() || isOffered) {
+        if (values.empty() || isOffered || HasBadValue(menu)) {
             return;
         }
         std::string texts;
@@ -249,6 +286,7 @@ private:
 
     Inspection& inspection_;
     References references_;
+    std::set<const Given*> notServed_;  ///< media modes that have been told not to be served
 };
 
 }  // namespace

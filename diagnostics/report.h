@@ -17,8 +17,10 @@ std::string TextReport(const std::vector<Finding>& findings, bool isColored);
 output::Json JsonReport(const std::vector<Finding>& findings);
 
 /// SARIF 2.1.0, for code scanning: one run, relative URIs where paths are relative, columns in code
-/// points, fingerprints that do not hang on line numbers.
-output::Json SarifReport(const std::vector<Finding>& findings, std::string_view version);
+/// points, fingerprints that do not hang on line numbers. `homepage`, an absolute URI, tells where
+/// to read about the program; empty: nowhere.
+output::Json SarifReport(const std::vector<Finding>& findings, std::string_view version,
+                         std::string_view homepage = "");
 
 /// Commands for GitHub's annotations, errors first, behind the text report.
 std::string GithubReport(const std::vector<Finding>& findings);

@@ -111,10 +111,14 @@ Columns InCharacters(const Place& place) {
     return {.begin = count(place.column), .end = count(place.endColumn)};
 }
 
-Json SarifReport(const std::vector<Finding>& findings, std::string_view version) {
+Json SarifReport(const std::vector<Finding>& findings, std::string_view version,
+                 std::string_view homepage) {
     Json driver;
     driver["name"] = "paramtool";
     driver["version"] = version;
+    if (!homepage.empty()) {
+        driver["informationUri"] = homepage;
+    }
     driver["rules"] = Json::array();
     for (const Rule& rule : Rules()) {
         driver["rules"].push_back(RuleJson(rule));

@@ -116,8 +116,8 @@ private:
         if (format == "json") {
             options_.result.Write(output::Dumped(diagnostics::JsonReport(findings_)));
         } else if (format == "sarif") {
-            options_.result.Write(
-                output::Dumped(diagnostics::SarifReport(findings_, PARAMGEN_VERSION)));
+            options_.result.Write(output::Dumped(
+                diagnostics::SarifReport(findings_, PARAMGEN_VERSION, PARAMGEN_HOMEPAGE)));
         } else if (format == "github") {
             options_.result.Write(diagnostics::GithubReport(findings_));
         } else if (!options_.result.file.empty()) {

@@ -109,6 +109,13 @@ TEST(SarifReport, FingerprintsDoNotHangOnLines) {
     EXPECT_NE(FingerprintOf({finding, moved}, 0), FingerprintOf({finding, moved}, 1));
 }
 
+TEST(SarifReport, NamesTheHomepageWhereThereIsOne) {
+    const output::Json with = SarifReport({}, "1", "https://paramgen.example/");
+    EXPECT_EQ(with["runs"][0]["tool"]["driver"]["informationUri"], "https://paramgen.example/");
+    const output::Json without = SarifReport({}, "1");
+    EXPECT_FALSE(without["runs"][0]["tool"]["driver"].contains("informationUri"));
+}
+
 TEST(GithubReport, EscapesAndPutsErrorsFirst) {
     Finding warning = FindingAt("a = 1", 1, 2);
     warning.place.file = "a,b:c.ini";
