@@ -5,6 +5,7 @@
 #include "paramtool/command.h"
 #include "paramtool/explanation.h"
 #include "paramtool/key_argument.h"
+#include "paramtool/read_back.h"
 
 namespace paramgen::paramtool {
 namespace {
@@ -40,7 +41,11 @@ int RunExplain(const ExplainOptions& options) {
     if (!options.input.empty()) {
         input = ReadInputAndTell(options.input);
         if (input->isTree) {
-            AddPlaces(tree::Product(options.input), &explanations);
+            const tree::Product product(options.input);
+            AddPlaces(product, &explanations);
+            AddRelated(*input->compilation, &product, &explanations);
+        } else {
+            AddRelated(ReadBack(input->image), nullptr, &explanations);
         }
     }
     const image::Input* given = input.has_value() ? &*input : nullptr;

@@ -84,6 +84,21 @@ void AddRelations(const Explanation& explanation, Rows* rows) {
     }
 }
 
+/// The same for one product: which keys these are, and where they stand.
+void AddRelated(const Explanation& explanation, Rows* rows) {
+    for (const bool isOutward : {true, false}) {
+        for (const RelatedKey& related : explanation.related) {
+            if (related.isOutward != isOutward) {
+                continue;
+            }
+            const std::string place =
+                related.place.has_value() ? " (" + Shown(PlaceText(*related.place)) + ")" : "";
+            rows->Add(isOutward ? "refers to" : "referred to by",
+                      layout::Text(related.other) + place + ": " + related.reason);
+        }
+    }
+}
+
 /// What an image has of a key.
 void AddStored(const Explanation& explanation, const image::Input& input, Rows* rows) {
     for (const Value* value : explanation.values) {
@@ -127,18 +142,73 @@ std::vector<Explanation> Explain(const std::vector<const Value*>& values) {
     return explanations;
 }
 
+namespace {
+
+/// Where a tree sets a key of one of these modules.
+struct Setting {
+    diagnostics::Place place;
+    std::string text;
+};
+
+std::optional<Setting> SettingOf(const tree::Product& product,
+                                 const std::vector<std::string>& modules,
+                                 const std::string& section, const std::string& key) {
+    for (const std::string& name : modules) {
+        const tree::Module* module = product.FindModule(name);
+        const tree::Line* line =
+            module == nullptr ? nullptr : module->file->ini->Find(section + ":" + key);
+        if (line != nullptr && line->kind == tree::LineKind::kValue) {
+            const tree::Span part = line->value.Size() == 0 ? line->name : line->value;
+            return Setting{.place = diagnostics::PlaceOf(*module->file, *line, part),
+                           .text = std::string(module->file->ini->TextOf(line->value))};
+        }
+    }
+    return std::nullopt;
+}
+
+/// Whether a name is that of a key, in the spelling of loaders.
+bool IsKeyOf(const layout::KeyName& name, const Value& value) {
+    return name.key == value.key && name.section == value.section &&
+           (name.module == value.module || std::find(value.modules.begin(), value.modules.end(),
+                                                     name.module) != value.modules.end());
+}
+
+}  // namespace
+
 void AddPlaces(const tree::Product& product, std::vector<Explanation>* explanations) {
     for (Explanation& explanation : *explanations) {
         const Value& value = *explanation.values.front();
-        for (const std::string& name : value.modules) {
-            const tree::Module* module = product.FindModule(name);
-            const tree::Line* line = module == nullptr || explanation.place.has_value()
-                                         ? nullptr
-                                         : module->file->ini->Find(value.section + ":" + value.key);
-            if (line != nullptr && line->kind == tree::LineKind::kValue) {
-                explanation.place = diagnostics::PlaceOf(
-                    *module->file, *line, line->value.Size() == 0 ? line->name : line->value);
-                explanation.text = module->file->ini->TextOf(line->value);
+        const std::optional<Setting> setting =
+            SettingOf(product, value.modules, value.section, value.key);
+        if (setting.has_value()) {
+            explanation.place = setting->place;
+            explanation.text = setting->text;
+        }
+    }
+}
+
+void AddRelated(const compile::Compilation& run, const tree::Product* product,
+                std::vector<Explanation>* explanations) {
+    const auto add = [&](bool isOutward, const check::Reference& reference,
+                         Explanation* explanation) {
+        const layout::KeyName& other = isOutward ? reference.to : reference.from;
+        RelatedKey related = {.isOutward = isOutward,
+                              .other = other,
+                              .reason = reference.reason,
+                              .place = std::nullopt};
+        if (product != nullptr) {
+            const auto setting = SettingOf(*product, {other.module}, other.section, other.key);
+            related.place = setting.has_value() ? std::optional(setting->place) : std::nullopt;
+        }
+        explanation->related.push_back(std::move(related));
+    };
+    for (const check::Reference& reference : check::ReferencesOf(run)) {
+        for (Explanation& explanation : *explanations) {
+            const Value& value = *explanation.values.front();
+            if (IsKeyOf(reference.from, value)) {
+                add(true, reference, &explanation);
+            } else if (IsKeyOf(reference.to, value)) {
+                add(false, reference, &explanation);
             }
         }
     }
@@ -159,7 +229,11 @@ std::string ExplanationText(const Explanation& explanation, const image::Input* 
         const std::string conditions = Joined(ConditionsOf(value));
         rows.Add("read", conditions.empty() ? "always" : conditions);
     }
-    AddRelations(explanation, &rows);
+    if (input == nullptr) {
+        AddRelations(explanation, &rows);
+    } else {
+        AddRelated(explanation, &rows);
+    }
     if (input != nullptr && input->isTree && value.HasKey()) {
         rows.Add("set", explanation.place.has_value() ? Shown(PlaceText(*explanation.place)) +
                                                             " to '" + Shown(explanation.text) + "'"
@@ -195,6 +269,27 @@ Json RelationsJson(const Explanation& explanation, bool isOutward) {
     return relations;
 }
 
+/// The same for one product.
+Json RelatedJson(const Explanation& explanation, bool isOutward) {
+    Json keys = Json::array();
+    for (const RelatedKey& related : explanation.related) {
+        if (related.isOutward != isOutward) {
+            continue;
+        }
+        Json json = {{"module", related.other.module},
+                     {"section", related.other.section},
+                     {"key", related.other.key},
+                     {"reason", related.reason}};
+        if (related.place.has_value()) {
+            json["file"] = JsonText(related.place->file);
+            json["line"] = related.place->line;
+            json["column"] = related.place->column;
+        }
+        keys.push_back(json);
+    }
+    return keys;
+}
+
 void AddText(const char* name, const std::string& text, Json* json) {
     if (!text.empty()) {
         (*json)[name] = JsonText(text);
@@ -228,8 +323,9 @@ Json ExplanationJson(const Explanation& explanation, const image::Input* input) 
         json["default"] = value.Default();
     }
     json["conditions"] = ConditionsOf(value);
-    json["refersTo"] = RelationsJson(explanation, true);
-    json["referredToBy"] = RelationsJson(explanation, false);
+    const auto& relationsJson = input == nullptr ? RelationsJson : RelatedJson;
+    json["refersTo"] = relationsJson(explanation, true);
+    json["referredToBy"] = relationsJson(explanation, false);
     if (input != nullptr && input->isTree) {
         AddTreeJson(explanation, &json);
     }

@@ -8,10 +8,10 @@
 #include "check/reference_list.h"
 #include "diagnostics/report.h"
 #include "image/entry.h"
-#include "image/key_text.h"
 #include "layout/layout.h"
 #include "output/shown_text.h"
 #include "paramtool/key_argument.h"
+#include "paramtool/read_back.h"
 #include "report/sha256.h"
 
 namespace paramgen::paramtool {
@@ -224,22 +224,6 @@ void AddComparisons(report::Page* page) {
                                  {{"recording", camera + ".record."},
                                   {"photo", camera + ".photo."},
                                   {"playback", camera + ".playback."}}});
-}
-
-/// The keys that are read in a run that makes this image, with the text that a tree has for each.
-compile::Compilation ReadBack(const image::Image& image) {
-    compile::Compilation run = {};
-    for (const Value& value : layout::Values()) {
-        if (value.HasKey() && image::IsRead(image, value)) {
-            run.answers.push_back(
-                {.module = value.module,
-                 .key = value.section + ":" + value.key,
-                 .text = image::KeyText(value, image::BytesOf(image, value)).value_or(""),
-                 .place = compile::Place{.offset = value.offset, .size = value.size},
-                 .afterRangeError = false});
-        }
-    }
-    return run;
 }
 
 /// The numbers in the page of the values that a key gives.

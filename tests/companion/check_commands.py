@@ -3,6 +3,7 @@
 
 Usage: check_commands.py PARAMTOOL PARAMGEN EXAMPLE.
 """
+import json
 import os
 import shutil
 import subprocess
@@ -88,6 +89,26 @@ def check_deps():
     require("error:" in err and "devmng" in err, err)
 
 
+def check_explain():
+    key = "workmode_record/photosource.0:venchdl"
+    target = "cam0_comm_record/venc.2:venchdl"
+    out, _ = run("explain", key)
+    require("cam0_comm_record/venc.?:venchdl: " in out, "without a product references are rules")
+    out, _ = run("explain", key, EXAMPLE)
+    place = f"{EXAMPLE}/camera/cam0_comm_record.ini:270:13"
+    require(f"refers to  {target} ({place}): a photo takes this path" in out, out)
+    shutil.copytree(EXAMPLE, "explained")
+    with open("explained.bin", "wb") as file:
+        file.write(image_of("explained"))
+    for argument in ("explained.bin", "explained"):
+        out, _ = run("explain", "--format=json", key, argument)
+        found = json.loads(out)["values"][0]["refersTo"]
+        require([f"{each['module']}/{each['section']}:{each['key']}" for each in found] == [target], out)
+        require(("line" in found[0]) == (argument == "explained"), out)
+    out, _ = run("explain", target, EXAMPLE)
+    require(f"referred to by  {key} (" in out, out)
+
+
 def check_wrong_use():
     _, err = run("chekc", "product", expect=2)
     require("no command 'chekc'; did you mean 'check'?" in err, err)
@@ -109,4 +130,5 @@ with tempfile.TemporaryDirectory() as home:
     require(nearest.split() == ["equal", "product"], "the nearest tree comes first: " + nearest)
     require(run("diff", "product/param.bin", "product")[0] == "", "a tree makes its image")
     check_deps()
+    check_explain()
     check_wrong_use()
