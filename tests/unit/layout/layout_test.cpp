@@ -5,6 +5,8 @@
 
 #include <set>
 
+#include "param/camera/ldc.h"
+
 namespace paramgen::layout {
 namespace {
 
@@ -88,6 +90,20 @@ TEST(Layout, AValueOfASearchedModuleNamesAllOfThem) {
     EXPECT_EQ(value.conditions[1].kind, ConditionKind::kSearchedModule);
     EXPECT_EQ(At(value.conditions[1].wanted).member, "cam[0].mediaModes[0].mediaMode");
     EXPECT_STREQ(value.conditions[1].search->key, "common:mediamode");
+}
+
+// The loaders search by `kLdcSearch`, whatever search a row names.
+TEST(Layout, SearchedModulesAreThoseOfTheLoadersSearch) {
+    std::size_t searched = 0;
+    for (const Value& value : Values()) {
+        for (const Condition& condition : value.conditions) {
+            if (condition.kind == ConditionKind::kSearchedModule) {
+                ++searched;
+                ASSERT_EQ(condition.search, &kLdcSearch) << value.member;
+            }
+        }
+    }
+    EXPECT_EQ(searched, 900U);  // 36 values for 4 pipes and 1 group in 5 media modes
 }
 
 TEST(Layout, CountedElementsSayWhatCountsThem) {
