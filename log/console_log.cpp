@@ -74,6 +74,9 @@ char* Begin(char** text, const ConsoleRecord& record) {
     } else {
         at = PutCharacters(PutCharacters(PutCharacters(at, record.module), "]:"), record.function);
     }
+    if (!record.place.empty()) {
+        return PutCharacters(at, record.place);
+    }
     at = PutNumber(PutCharacters(at, "["), record.line);
     return PutCharacters(at, "]:");
 }
@@ -102,7 +105,8 @@ void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* funct
                       .line = line,
                       .module = OrEmpty(module),
                       .function = OrEmpty(function),
-                      .format = OrEmpty(format)},
+                      .format = OrEmpty(format),
+                      .place = {}},
                      args);
 }
 

@@ -44,6 +44,7 @@ struct ConsoleRecord {
     std::string_view module;
     std::string_view function;
     std::string_view format;
+    std::string_view place;  ///< "function[line]:", at most 255 characters, instead of these two
 };
 
 /// The same for such a record. Its format has been compared with the arguments in `args`.

@@ -9,6 +9,10 @@
 #include <cstring>
 #include <string_view>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace paramgen {
 
 /// Returns whether two NUL-terminated texts agree in their first `max` characters, as strncmp does.
@@ -108,15 +112,32 @@ std::size_t FindMarked(std::string_view text, Mark mark) {
     return marks == 0 ? size : last + BytesBefore(marks);
 }
 
-/// Returns the index of the first `c`, which must not be NUL, or the size of `text`.
-inline std::size_t FindCharacter(std::string_view text, char c) {
-    return FindMarked(text, [=](Word word) { return MarkFirst(word, c); });
-}
-
 /// Returns the index of the first character that is `a` or `b`, neither of them NUL, or the size of
 /// `text`.
 inline std::size_t FindEither(std::string_view text, char a, char b) {
-    return FindMarked(text, [=](Word word) { return MarkFirst(word, a) | MarkFirst(word, b); });
+    std::size_t at = 0;
+#if defined(__SSE2__)
+    // Every character of a run's files goes through here: sixteen at a time where the machine can.
+    const __m128i allA = _mm_set1_epi8(a);
+    const __m128i allB = _mm_set1_epi8(b);
+    for (; text.size() - at >= sizeof(__m128i); at += sizeof(__m128i)) {
+        __m128i block;
+        std::memcpy(&block, text.data() + at, sizeof block);
+        const __m128i found =
+            _mm_or_si128(_mm_cmpeq_epi8(block, allA), _mm_cmpeq_epi8(block, allB));
+        const auto marks = static_cast<unsigned>(_mm_movemask_epi8(found));
+        if (marks != 0) {
+            return at + static_cast<std::size_t>(std::countr_zero(marks));
+        }
+    }
+#endif
+    return at + FindMarked({text.data() + at, text.size() - at},
+                           [=](Word word) { return MarkFirst(word, a) | MarkFirst(word, b); });
+}
+
+/// Returns the index of the first `c`, which must not be NUL, or the size of `text`.
+inline std::size_t FindCharacter(std::string_view text, char c) {
+    return FindMarked(text, [=](Word word) { return MarkFirst(word, c); });
 }
 
 /// Compares `count` characters at `a` and `b` word by word with `isSame`. The last word of a text

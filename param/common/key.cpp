@@ -24,16 +24,13 @@ int Key::Format(const char* format, ...) {
 }
 
 int Key::Join(std::string_view node, std::string_view item) {
-    // Two bytes stay free, for the colon and the terminator.
-    if (CopyText(text_, sizeof text_ - 2, node.data(), node.size()) != 0) {
+    if (node.size() >= sizeof text_ || item.size() >= sizeof text_ - node.size() - 1) {
         return Take(-1);
     }
-    char* const rest = text_ + node.size() + 1;
-    rest[-1] = ':';
-    if (CopyText(rest, sizeof text_ - node.size() - 2, item.data(), item.size()) != 0) {
-        return Take(-1);
-    }
-    return Take(static_cast<int>(node.size() + 1 + item.size()));
+    char* const colon = PutCharacters(text_, node);
+    *colon = ':';
+    char* const end = PutCharacters(colon + 1, item);
+    return Take(static_cast<int>(end - text_));
 }
 
 }  // namespace paramgen

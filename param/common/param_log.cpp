@@ -24,10 +24,11 @@ void LogDebug(const LogStatement* statement, ...) {
     std::va_list args;
     va_start(args, statement);
     ConsoleLogPrintV({.level = kConsoleDebug,
-                      .line = statement->line,
+                      .line = 0,
                       .module = kParamTag,
-                      .function = {statement->function, statement->functionLength},
-                      .format = {statement->format, statement->formatLength}},
+                      .function = {},
+                      .format = statement->format,
+                      .place = statement->place},
                      args);
     va_end(args);
 }

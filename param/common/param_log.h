@@ -23,34 +23,43 @@ inline constexpr char kCountBeyondSection[] = "[%s] count[%u] is beyond the sect
 [[gnu::format(printf, 3, 4)]] void LogDebug(const char* function, std::uint32_t line,
                                             const char* format, ...);
 
-/// What is known of a statement's record when it is compiled.
-struct LogStatement {
-    const char* function;
-    const char* format;
-    std::uint32_t line : 12;
-    std::uint32_t functionLength : 8;
-    std::uint32_t formatLength : 12;
-};
-
 /// Never defined: a compiler that has to evaluate it names the mistake in a statement.
 void TheStatementIsTooLong();
 
-/// Measures the texts of a statement.
-consteval LogStatement Measured(std::string_view function, std::uint32_t line,
-                                std::string_view format) {
-    const LogStatement measured = {
-        .function = function.data(),
-        .format = format.data(),
-        .line = line & 0xFFFU,
-        .functionLength = static_cast<std::uint32_t>(function.size()) & 0xFFU,
-        .formatLength = static_cast<std::uint32_t>(format.size()) & 0xFFFU,
-    };
-    if (measured.line != line || measured.functionLength != function.size() ||
-        measured.formatLength != format.size()) {
-        TheStatementIsTooLong();
+/// The text "function[line]:" of a statement, put together by the compiler. `kSize` is that of the
+/// function's name.
+template <std::size_t kSize>
+class LogPlace {
+public:
+    consteval LogPlace(const char (&function)[kSize], std::uint32_t line) {
+        if (kSize > 200 || line > 9999) {
+            TheStatementIsTooLong();
+        }
+        for (; function[length_] != '\0'; ++length_) {
+            text_[length_] = function[length_];
+        }
+        text_[length_++] = '[';
+        for (std::uint32_t unit = 1000; unit != 0; unit /= 10) {
+            if (line >= unit) {
+                text_[length_++] = static_cast<char>('0' + line / unit % 10);
+            }
+        }
+        text_[length_++] = ']';
+        text_[length_++] = ':';
     }
-    return measured;
-}
+
+    constexpr std::string_view View() const { return {text_, length_}; }
+
+private:
+    std::size_t length_ = 0;
+    char text_[kSize + sizeof "[9999]:"] = {};
+};
+
+/// What is known of a statement's record when it is compiled.
+struct LogStatement {
+    std::string_view place;
+    std::string_view format;
+};
 
 /// Logs the statement's record at DEBUG. The arguments must be those that its format takes.
 void LogDebug(const LogStatement* statement, ...);
@@ -78,16 +87,16 @@ Status LogNullRecord(const char* function, std::uint32_t line);
 /// Logs at DEBUG. The arguments are a printf format, known to the compiler, and its arguments.
 #define LOG_DEBUG AT_THIS_LINE_ LOG_DEBUG_
 #if UINTPTR_MAX > UINT32_MAX
-// A run logs more than a thousand such records: their texts are measured when they are compiled.
+// A run logs more than a thousand such records: their texts are prepared when they are compiled.
 // The second call is never made; it lets the compiler compare the arguments with the format.
-#define LOG_DEBUG_(format, ...)                                                       \
-    do {                                                                              \
-        static constexpr ::paramgen::LogStatement statement_ =                        \
-            ::paramgen::Measured(__func__, line_, format);                            \
-        ::paramgen::LogDebug(&statement_ __VA_OPT__(, ) __VA_ARGS__);                 \
-        if constexpr (false) {                                                        \
-            ::paramgen::LogDebug(__func__, line_, format __VA_OPT__(, ) __VA_ARGS__); \
-        }                                                                             \
+#define LOG_DEBUG_(format, ...)                                                         \
+    do {                                                                                \
+        static constexpr ::paramgen::LogPlace<sizeof __func__> place_(__func__, line_); \
+        static constexpr ::paramgen::LogStatement statement_ = {place_.View(), format}; \
+        ::paramgen::LogDebug(&statement_ __VA_OPT__(, ) __VA_ARGS__);                   \
+        if constexpr (false) {                                                          \
+            ::paramgen::LogDebug(__func__, line_, format __VA_OPT__(, ) __VA_ARGS__);   \
+        }                                                                               \
     } while (false)
 #else  // where size counts more: statements would take a kilobyte
 #define LOG_DEBUG_(...) ::paramgen::LogDebug(__func__, line_, __VA_ARGS__)
