@@ -64,5 +64,5 @@ def hostile(directory):
            + f"[{ATTACK.replace(']', '')}]\n{ATTACK.replace('=', '')} = {ATTACK}\n")
     append(directory, "<img src=x onerror=attacked=1>.ini",
            "[dtcf.dir.name]\ndir_name0 = <script>attacked=1</script>\n"
-           "dir_name1 = \u202e\x1b[2J{{constructor}}\n")
+           "dir_name1 = \u202e\x1b[2J{{constructor}}\ndir_name2 = a|b`c`*d*_e_ [f](g)\n")
     return directory
