@@ -39,39 +39,41 @@ Assignment::Assignment(const image::Image& image, const Wish& wish,
     if (wish.kept != nullptr) {
         for (const compile::Answer& answer : wish.kept->answers) {
             if (answer.place) {
-                keptAnswers_[{KeyId(answer.module, answer.key), answer.place->offset}] = &answer;
+                keptAnswers_[{IdOf(answer), answer.place->offset}] = &answer;
             }
         }
     }
 }
 
 void Assignment::Assign(const std::vector<compile::Answer>& asked) {
+    std::vector<KeyId> ids;
+    ids.reserve(asked.size());
     for (const compile::Answer& answer : asked) {
-        NotePresence(answer);
+        ids.push_back(IdOf(answer));
+        NotePresence(ids.back(), answer);
         for (std::uint32_t i = 0; answer.place && i < answer.place->size; ++i) {
             ++writers_[answer.place->offset + i];
         }
     }
-    for (auto answer = asked.rbegin(); answer != asked.rend(); ++answer) {
-        if (answer->place) {
-            AssignOne(*answer);
-        } else if (answer->text && LeadingKeys().count({answer->module, answer->key}) == 0) {
-            texts_[{answer->module, answer->key}] = *answer->text;  // of a lens module
+    for (std::size_t i = asked.size(); i-- > 0;) {
+        const compile::Answer& answer = asked[i];
+        if (answer.place) {
+            AssignOne(ids[i], answer);
+        } else if (answer.text && ids[i] != nullptr && LeadingKeys().count(ids[i]) == 0) {
+            texts_[ids[i]] = *answer.text;  // of a lens module
         }
     }
     std::reverse(overwritten_.begin(), overwritten_.end());
 }
 
 /// Notes whether a key exists that counts elements by its existence.
-void Assignment::NotePresence(const compile::Answer& answer) {
-    const KeyId id(answer.module, answer.key);
+void Assignment::NotePresence(KeyId id, const compile::Answer& answer) {
     if (!answer.place && LeadingKeys().count(id) != 0) {
         isPresent_[id] = answer.text.has_value();
     }
 }
 
-void Assignment::AssignOne(const compile::Answer& answer) {
-    const KeyId id(answer.module, answer.key);
+void Assignment::AssignOne(KeyId id, const compile::Answer& answer) {
     const std::uint32_t offset = answer.place->offset;
     const layout::Value* value = ValueOf(id, offset);
     if (value == nullptr) {

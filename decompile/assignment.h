@@ -6,6 +6,8 @@
 #include <map>
 #include <set>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "decompile/solver.h"
@@ -22,7 +24,7 @@ public:
     /// Assigns a value to every key of `asked`, which are in the order of a run.
     void Assign(const std::vector<compile::Answer>& asked);
 
-    const std::map<KeyId, std::string>& texts() const { return texts_; }
+    const KeyTexts& texts() const { return texts_; }
 
     /// Offsets of counts that later values overwrite, wholly or in part, in the order of a run.
     const std::vector<std::uint32_t>& overwrittenCounts() const { return overwritten_; }
@@ -38,8 +40,8 @@ private:
 
     static constexpr std::size_t kSize = std::tuple_size_v<image::Image>;
 
-    void NotePresence(const compile::Answer& answer);
-    void AssignOne(const compile::Answer& answer);
+    void NotePresence(KeyId id, const compile::Answer& answer);
+    void AssignOne(KeyId id, const compile::Answer& answer);
     std::optional<std::string> Choose(const Target& target) const;
     std::optional<std::string> ChooseText(const Target& target) const;
     std::optional<std::string> ChooseNumber(const Target& target) const;
@@ -55,11 +57,11 @@ private:
     const Wish& wish_;
     const std::map<std::uint32_t, std::uint32_t>& counts_;
     const std::set<KeyId>& barred_;
-    std::map<KeyId, bool> isPresent_;     ///< of keys that count by being there
-    std::bitset<kSize> claimed_;          ///< bytes that a later value stores
+    std::unordered_map<KeyId, bool> isPresent_;  ///< of keys that count by being there
+    std::bitset<kSize> claimed_;                 ///< bytes that a later value stores
     std::vector<std::uint16_t> writers_;  ///< values still to be assigned that may store a byte
-    std::map<KeyId, std::string> texts_;
-    std::set<KeyId> absent_;
+    KeyTexts texts_;
+    std::unordered_set<KeyId> absent_;
     std::vector<std::uint32_t> overwritten_;
     std::map<std::pair<KeyId, std::uint32_t>, const compile::Answer*> keptAnswers_;
 };

@@ -18,22 +18,22 @@ void AddElements(std::span<const layout::Value> values,
     }
 }
 
-KeyId IdOf(const layout::KeyName& name) {
-    return {name.module, name.section + ":" + name.key};
+KeyId IdOfName(const layout::KeyName& name) {
+    return layout::FindKey(name.module, name.section, name.key);
 }
 
 /// Every element of an array whose length is that of its leading keys, the last one included.
-void AddLeading(const layout::Value& value, std::map<KeyId, LeadingKey>* keys) {
+void AddLeading(const layout::Value& value, std::unordered_map<KeyId, LeadingKey>* keys) {
     for (const layout::Condition& condition : value.conditions) {
         if (condition.kind != layout::ConditionKind::kLeading) {
             continue;
         }
         for (std::uint32_t i = 0; i < condition.keys.size(); ++i) {
-            (*keys)[IdOf(condition.keys[i])] = {.count = condition.count, .number = i};
+            (*keys)[IdOfName(condition.keys[i])] = {.count = condition.count, .number = i};
         }
         if (!condition.keys.empty() && value.key == condition.keys.back().key) {
-            (*keys)[{value.module, value.section + ":" + value.key}] = {.count = condition.count,
-                                                                        .number = condition.number};
+            (*keys)[IdOfName({value.module, value.section, value.key})] = {
+                .count = condition.count, .number = condition.number};
         }
     }
 }
@@ -53,10 +53,7 @@ std::set<std::string> FindOptional() {
 
 }  // namespace
 
-const layout::Value* ValueOf(const KeyId& id, std::uint32_t offset) {
-    const std::size_t colon = id.second.rfind(':');
-    const layout::Key* key =
-        layout::FindKey(id.first, id.second.substr(0, colon), id.second.substr(colon + 1));
+const layout::Value* ValueOf(KeyId key, std::uint32_t offset) {
     if (key == nullptr || key->values.empty()) {
         return nullptr;
     }
@@ -76,15 +73,22 @@ const std::map<std::uint32_t, std::vector<CountedElement>>& CountedElements() {
     return kElements;
 }
 
-bool IsCount(const KeyId& key, std::uint32_t offset) {
-    const layout::Value* owner = layout::ValueAt(offset);
-    return CountedElements().count(offset) != 0 && owner->module == key.first &&
-           owner->section + ":" + owner->key == key.second;
+bool IsCount(KeyId key, std::uint32_t offset) {
+    static const auto kCounts = [] {
+        std::unordered_map<std::uint32_t, KeyId> counts;
+        for (const auto& [at, elements] : CountedElements()) {
+            const layout::Value& owner = *layout::ValueAt(at);
+            counts[at] = IdOfName({owner.module, owner.section, owner.key});
+        }
+        return counts;
+    }();
+    const auto count = kCounts.find(offset);
+    return count != kCounts.end() && count->second == key;
 }
 
-const std::map<KeyId, LeadingKey>& LeadingKeys() {
+const std::unordered_map<KeyId, LeadingKey>& LeadingKeys() {
     static const auto kKeys = [] {
-        std::map<KeyId, LeadingKey> keys;
+        std::unordered_map<KeyId, LeadingKey> keys;
         for (const layout::Value& value : layout::Values()) {
             AddLeading(value, &keys);
         }

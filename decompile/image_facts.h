@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "decompile/keys.h"
@@ -24,18 +25,18 @@ struct LeadingKey {
     std::uint32_t number;  ///< its own
 };
 
-/// A key, and what it is.
-const layout::Value* ValueOf(const KeyId& key, std::uint32_t offset);
+/// The value that a key gives when it goes to `offset`; null for a key that gives none.
+const layout::Value* ValueOf(KeyId key, std::uint32_t offset);
 
 /// Elements by the offset of what counts them.
 const std::map<std::uint32_t, std::vector<CountedElement>>& CountedElements();
 
 /// Whether a key whose value goes to `offset` counts elements. Another key's element may be stored
 /// at the same place.
-bool IsCount(const KeyId& key, std::uint32_t offset);
+bool IsCount(KeyId key, std::uint32_t offset);
 
 /// Keys that count by being there.
-const std::map<KeyId, LeadingKey>& LeadingKeys();
+const std::unordered_map<KeyId, LeadingKey>& LeadingKeys();
 
 /// Whether a module may be left out.
 bool IsOptional(const std::string& module);

@@ -80,18 +80,19 @@ public:
     bool HasModule(const std::string& name) const { return paths_.count(name) != 0; }
 
     /// Gives a key of a module its value; none takes it out.
-    void Set(const KeyId& key, const std::optional<std::string>& text) {
-        const std::string& path = paths_.at(key.first);
+    void Set(const std::string& module, const std::string& key,
+             const std::optional<std::string>& text) {
+        const std::string& path = paths_.at(module);
         const tree::IniFile& file = *files_.at(path);
-        const tree::Line* line = file.Find(key.second);
+        const tree::Line* line = file.Find(key);
         const bool isThere = line != nullptr && line->kind == tree::LineKind::kValue;
         if (text && isThere && file.TextOf(line->value) == *text) {
             return;
         }
         if (text) {
-            SetIn(path, key.second, *text);
+            SetIn(path, key, *text);
         } else if (isThere) {
-            files_[path] = std::make_unique<tree::IniFile>(tree::WithoutKey(file, key.second));
+            files_[path] = std::make_unique<tree::IniFile>(tree::WithoutKey(file, key));
         }
     }
 
@@ -153,7 +154,7 @@ using Wanted = std::map<std::string, std::optional<std::string>>;
 std::map<std::string, Wanted> WantedKeys(const Solution& solution) {
     std::map<std::string, Wanted> wanted;
     for (const compile::Answer& answer : solution.asked) {
-        const auto found = solution.keys.texts.find({answer.module, answer.key});
+        const auto found = solution.keys.texts.find(IdOf(answer));
         wanted[answer.module][answer.key] =
             found == solution.keys.texts.end() ? std::nullopt : std::optional(found->second);
     }
@@ -196,7 +197,7 @@ Kept KeptOf(const compile::Compilation& compilation) {
     }
     for (const compile::Answer& answer : compilation.answers) {
         if (answer.text) {
-            kept.texts[{answer.module, answer.key}] = *answer.text;
+            kept.texts[IdOf(answer)] = *answer.text;
         }
         if (answer.text && !answer.place && answer.key == "common:mediamode") {
             kept.servedModes[answer.module] = *answer.text;
@@ -227,7 +228,7 @@ Decompiled DecompileLike(const image::Image& image, const Options& options) {
     const std::map<std::string, Wanted> wanted = WantedKeys(solution);
     SplitSharedFiles(wanted, &edited);
     for (const compile::Answer& answer : solution.asked) {
-        edited.Set({answer.module, answer.key}, wanted.at(answer.module).at(answer.key));
+        edited.Set(answer.module, answer.key, wanted.at(answer.module).at(answer.key));
     }
     return {
         .files = edited.Files(), .lost = Explain(image, solution.lost), .image = solution.image};

@@ -14,9 +14,12 @@ using image::NumberAt;
 /// Whether each value that comes from a module alone is zero.
 std::set<std::string> ModulesInUse(const Image& image) {
     std::set<std::string> used;
+    std::string last;  // values of a module mostly lie together
     for (const layout::Value& value : layout::Values()) {
-        if (value.modules.size() == 1 && !image::IsZero(image::BytesOf(image, value))) {
-            used.insert(value.modules.front());
+        if (value.modules.size() == 1 && value.modules.front() != last &&
+            !image::IsZero(image::BytesOf(image, value))) {
+            last = value.modules.front();
+            used.insert(last);
         }
     }
     return used;
@@ -35,7 +38,7 @@ LensNeed FindLensNeed(const Image& image) {
         if (value.modules.size() < 2) {
             continue;
         }
-        need.modules = value.modules;
+        need.modules.assign(value.modules.begin(), value.modules.end());
         if (image::IsZero(image::BytesOf(image, value))) {
             continue;
         }
@@ -82,28 +85,28 @@ public:
 
     std::optional<std::string> Text(std::string_view module, std::string_view key,
                                     const std::optional<compile::Place>& place) override {
-        const KeyId id(module, key);
+        const KeyId id = IdOf(module, key);
         if (decisions_.barred.count(id) != 0) {
             return std::nullopt;
         }
-        return place ? TextAt(id, place->offset) : TextWithoutPlace(id);
+        return place ? TextAt(id, place->offset) : TextWithoutPlace(module, id);
     }
 
 private:
     /// Of a key that only has to be there, and of the media mode of a lens module.
-    std::optional<std::string> TextWithoutPlace(const KeyId& id) const {
+    std::optional<std::string> TextWithoutPlace(std::string_view module, KeyId id) const {
         const auto leading = LeadingKeys().find(id);
         if (leading != LeadingKeys().end()) {
             const bool isCounted =
                 NumberAt<std::uint32_t>(image_, leading->second.count) > leading->second.number;
             return isCounted ? std::optional<std::string>("0") : std::nullopt;
         }
-        const auto served = decisions_.servedModes.find(id.first);
+        const auto served = decisions_.servedModes.find(std::string(module));
         return served == decisions_.servedModes.end() ? std::nullopt
                                                       : std::optional(served->second);
     }
 
-    std::optional<std::string> TextAt(const KeyId& id, std::uint32_t offset) const {
+    std::optional<std::string> TextAt(KeyId id, std::uint32_t offset) const {
         const auto count = decisions_.counts.find(offset);
         if (count != decisions_.counts.end() && IsCount(id, offset)) {
             return std::to_string(count->second);
@@ -137,8 +140,9 @@ std::vector<compile::Answer> AskedKeys(const Image& image, Decisions* decisions)
     while (true) {
         ImageReader reader(image, *decisions);
         compile::Compilation result = compile::CompileImagined(&reader, true);
-        const bool isNew = result.stop && result.stop->at == compile::Stop::At::kKey &&
-                           decisions->barred.insert({result.stop->module, result.stop->key}).second;
+        const bool isNew =
+            result.stop && result.stop->at == compile::Stop::At::kKey &&
+            decisions->barred.insert(IdOf(result.stop->module, result.stop->key)).second;
         if (!isNew) {
             return std::move(result.answers);
         }

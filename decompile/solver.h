@@ -17,7 +17,7 @@ namespace paramgen::decompile {
 struct Kept {
     std::set<std::string> modules;                   ///< optional ones that it has
     std::map<std::string, std::string> servedModes;  ///< of its lens modules
-    std::map<KeyId, std::string> texts;              ///< keys that it has
+    KeyTexts texts;                                  ///< keys that it has
     std::vector<compile::Answer> answers;            ///< the queries of its run
     image::Image image = {};                         ///< the image of its run
 };

@@ -66,7 +66,7 @@ std::string EntryText(const std::vector<std::string>& modules) {
 std::vector<TreeFile> NewTree(const Solution& solution) {
     std::map<std::string, ModuleText> texts;
     for (const compile::Answer& answer : solution.asked) {
-        const auto found = solution.keys.texts.find({answer.module, answer.key});
+        const auto found = solution.keys.texts.find(IdOf(answer));
         if (found != solution.keys.texts.end()) {
             const std::optional<std::string> spelled = tree::Spelled(found->second);
             if (spelled) {
