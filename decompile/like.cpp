@@ -13,6 +13,7 @@
 #include "output/result.h"
 #include "output/shown_text.h"
 #include "tree/edit.h"
+#include "tree/edits.h"
 #include "tree/product.h"
 #include "tree/spelling.h"
 
@@ -86,17 +87,18 @@ public:
         const tree::IniFile& file = *files_.at(path);
         const tree::Line* line = file.Find(key);
         const bool isThere = line != nullptr && line->kind == tree::LineKind::kValue;
-        if (text && isThere && file.TextOf(line->value) == *text) {
-            return;
-        }
-        if (text) {
-            SetIn(path, key, *text);
-        } else if (isThere) {
-            files_[path] = std::make_unique<tree::IniFile>(tree::WithoutKey(file, key));
+        if (isThere ? !text || file.TextOf(line->value) != *text : text.has_value()) {
+            changes_[path].push_back({.key = key, .value = text});
         }
     }
 
-    std::vector<TreeFile> Files() const {
+    /// The files with everything that was set.
+    std::vector<TreeFile> Files() {
+        for (const auto& [path, changes] : changes_) {
+            files_[path] =
+                std::make_unique<tree::IniFile>(tree::WithChanges(*files_.at(path), changes));
+        }
+        changes_.clear();
         std::vector<TreeFile> files = {{.path = entry_, .bytes = files_.at(entry_)->bytes()}};
         for (const auto& [path, file] : files_) {
             if (path != entry_) {
@@ -145,6 +147,7 @@ private:
     std::string entry_;
     std::int32_t moduleCount_ = 0;
     std::map<std::string, std::unique_ptr<tree::IniFile>> files_;  ///< by path
+    std::map<std::string, std::vector<tree::KeyChange>> changes_;  ///< by path; not made yet
     std::map<std::string, std::string> paths_;                     ///< of modules
 };
 

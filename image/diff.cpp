@@ -1,8 +1,10 @@
 #include "image/diff.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstring>
 #include <map>
-#include <set>
+#include <unordered_map>
 
 #include "image/dump.h"
 
@@ -13,35 +15,40 @@ namespace {
 /// counts tell.
 class Reading {
 public:
-    explicit Reading(const Input& input) : input_(input) {
-        if (input.compilation) {
-            for (const compile::Answer& answer : input.compilation->answers) {
+    explicit Reading(const Input& input) : input_(input) {}
+
+    bool IsRead(const layout::Value& value) {
+        return input_.isTree ? !value.HasKey() || Answers().count(value.offset) != 0
+                             : image::IsRead(input_.image, value);
+    }
+
+    bool IsSet(const layout::Value& value) {
+        const auto found = Answers().find(value.offset);
+        return found != Answers().end() && found->second;
+    }
+
+private:
+    /// By offset, whether the key was there. Made when it is first asked for: mostly little
+    /// differs.
+    const std::unordered_map<std::uint32_t, bool>& Answers() {
+        if (isSet_.empty() && input_.compilation) {
+            for (const compile::Answer& answer : input_.compilation->answers) {
                 if (answer.place) {
                     isSet_[answer.place->offset] = answer.text.has_value();
                 }
             }
         }
+        return isSet_;
     }
 
-    bool IsRead(const layout::Value& value) const {
-        return input_.isTree ? !value.HasKey() || isSet_.count(value.offset) != 0
-                             : image::IsRead(input_.image, value);
-    }
-
-    bool IsSet(const layout::Value& value) const {
-        const auto found = isSet_.find(value.offset);
-        return found != isSet_.end() && found->second;
-    }
-
-private:
     const Input& input_;
-    std::map<std::uint32_t, bool> isSet_;
+    std::unordered_map<std::uint32_t, bool> isSet_;
 };
 
-Side SideOf(const Input& input, const Reading& reading, const layout::Value& value) {
+Side SideOf(const Input& input, Reading* reading, const layout::Value& value) {
     return {.entry = EntryOf(input.image, value),
-            .isRead = reading.IsRead(value),
-            .isSet = reading.IsSet(value),
+            .isRead = reading->IsRead(value),
+            .isSet = reading->IsSet(value),
             .isDefault = value.HasKey() && IsDefault(input.image, value)};
 }
 
@@ -50,18 +57,32 @@ std::string Identity(const layout::Value& value, const Entry& before, const Entr
     return KeyOf(value) + "\n" + before.raw + "\n" + after.raw;
 }
 
+/// The first byte from `at` on that differs; the size of an image when none does.
+std::size_t NextDifference(const Image& before, const Image& after, std::size_t at) {
+    constexpr std::size_t kPiece = 64;  // most of two images is the same
+    while (at < before.size()) {
+        const std::size_t size = std::min(kPiece, before.size() - at);
+        if (std::memcmp(&before[at], &after[at], size) != 0) {
+            const auto begin = before.begin() + static_cast<std::ptrdiff_t>(at);
+            const auto found = std::mismatch(begin, before.end(), &after[at]);
+            return static_cast<std::size_t>(found.first - before.begin());
+        }
+        at += size;
+    }
+    return at;
+}
+
 }  // namespace
 
 std::vector<Difference> Differences(const Input& before, const Input& after) {
-    const Reading readBefore(before);
-    const Reading readAfter(after);
+    Reading readBefore(before);
+    Reading readAfter(after);
     std::vector<Difference> differences;
     std::map<std::string, std::size_t> known;
-    for (const layout::Value& value : layout::Values()) {
-        const auto old = BytesOf(before.image, value);
-        if (std::equal(old.begin(), old.end(), BytesOf(after.image, value).begin())) {
-            continue;
-        }
+    std::size_t at = 0;
+    while ((at = NextDifference(before.image, after.image, at)) < before.image.size()) {
+        const layout::Value& value = *layout::ValueAt(static_cast<std::uint32_t>(at));
+        at = value.offset + value.size;
         const Entry oldEntry = EntryOf(before.image, value);
         const Entry newEntry = EntryOf(after.image, value);
         const std::string identity = Identity(value, oldEntry, newEntry);
@@ -72,8 +93,8 @@ std::vector<Difference> Differences(const Input& before, const Input& after) {
         }
         known[identity] = differences.size();
         differences.push_back({.places = {&value},
-                               .before = SideOf(before, readBefore, value),
-                               .after = SideOf(after, readAfter, value)});
+                               .before = SideOf(before, &readBefore, value),
+                               .after = SideOf(after, &readAfter, value)});
     }
     return differences;
 }

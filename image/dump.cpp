@@ -8,7 +8,7 @@ namespace {
 
 /// Bytes for people: of a long text the first ones, and how many follow.
 std::string ShortRaw(const std::string& raw) {
-    constexpr std::size_t kLongest = 16;
+    constexpr std::size_t kLongest = 8;
     if (raw.size() <= kLongest) {
         return raw;
     }
@@ -82,15 +82,23 @@ std::string KeyOf(const layout::Value& value) {
 }
 
 std::string TextDump(const std::vector<Entry>& entries) {
+    // Values come before the long names, and seldom need more room: then all but the ends of the
+    // longest names can be seen in 120 columns.
+    constexpr std::size_t kValueColumn = 4;
+    constexpr std::size_t kKeyColumn = 5;
     output::Table table;
+    table.Limit(kValueColumn, 16);
+    table.Limit(kKeyColumn, 42);
+    table.Add({"OFFSET", "SIZE", "BYTES", "TYPE", "VALUE", "KEY", "MEMBER"});
     for (const Entry& entry : entries) {
         const layout::Value& value = *entry.value;
         const std::string flags = JoinedFlags(entry);
-        std::string last = ShownValue(entry);
-        last += entry.name.empty() ? "" : " " + entry.name;
-        last += flags.empty() ? "" : " [" + flags + "]";
+        std::string shown = ShownValue(entry);
+        shown += entry.name.empty() ? "" : " " + entry.name;
+        shown += flags.empty() ? "" : " [" + flags + "]";
         table.Add({std::to_string(value.offset), std::to_string(value.size), ShortRaw(entry.raw),
-                   layout::KindName(value.Kind()), value.member, KeyOf(value), last});
+                   layout::KindName(value.Kind()), shown, value.HasKey() ? KeyOf(value) : "-",
+                   value.member});
     }
     return table.Text();
 }

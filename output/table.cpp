@@ -12,7 +12,7 @@ void Table::Add(std::vector<std::string> row) {
     rows_.push_back(std::move(row));
 }
 
-std::string Table::Text() const {
+std::vector<std::size_t> Table::Widths() const {
     std::vector<std::size_t> widths;
     for (const std::vector<std::string>& row : rows_) {
         widths.resize(std::max(widths.size(), row.size()));
@@ -20,11 +20,22 @@ std::string Table::Text() const {
             widths[i] = std::max(widths[i], WidthOf(row[i]));
         }
     }
+    for (const auto& [column, limit] : limits_) {
+        if (column < widths.size()) {
+            widths[column] = std::min(widths[column], limit);
+        }
+    }
+    return widths;
+}
+
+std::string Table::Text() const {
+    const std::vector<std::size_t> widths = Widths();
     std::string text;
     for (const std::vector<std::string>& row : rows_) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
-            line += row[i] + std::string(widths[i] - WidthOf(row[i]) + kGap, ' ');
+            const std::size_t width = WidthOf(row[i]);
+            line += row[i] + std::string(std::max(widths[i], width) - width + kGap, ' ');
         }
         line.erase(line.find_last_not_of(' ') + 1);
         text += line + "\n";

@@ -3,14 +3,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "tree/spelling.h"
+#include "tree/lines.h"
 
 namespace paramgen::tree {
 namespace {
-
-bool IsBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 /// Whether `bytes` says that `key` is `value`, and is accepted.
 bool Says(const std::string& bytes, std::string_view key, std::string_view value) {
@@ -19,73 +15,9 @@ bool Says(const std::string& bytes, std::string_view key, std::string_view value
     return line != nullptr && line->kind == LineKind::kValue && file.TextOf(line->value) == value;
 }
 
-/// The part of a line that holds the value, with its quotes.
-Span WrittenValue(const IniFile& file, const Line& line) {
-    const std::string& bytes = file.bytes();
-    std::uint32_t begin = static_cast<std::uint32_t>(bytes.find('=', line.name.end)) + 1;
-    while (begin < line.comment && IsBlank(bytes[begin])) {
-        ++begin;
-    }
-    if (begin >= line.comment) {
-        return {.begin = line.comment, .end = line.comment};
-    }
-    const bool isQuote = bytes[begin] == '"' || bytes[begin] == '\'';
-    std::uint32_t end = std::max(line.value.end, begin);
-    if (isQuote && begin + 1 < line.comment) {
-        const std::size_t close = bytes.find(bytes[begin], begin + 1);
-        end = close < line.comment ? std::max(end, static_cast<std::uint32_t>(close) + 1) : end;
-    }
-    return {.begin = begin, .end = end};
-}
-
 /// The bytes with another text in place of a part.
 std::string Replaced(const std::string& bytes, Span part, const std::string& text) {
     return bytes.substr(0, part.begin) + text + bytes.substr(part.end);
-}
-
-/// Ways to write a value, the simplest first.
-std::vector<std::string> Spellings(std::string_view value) {
-    std::vector<std::string> all;
-    if (const std::optional<std::string> plain = Spelled(value)) {
-        all = {*plain, "\"" + std::string(value) + "\"", "'" + std::string(value) + "'"};
-    }
-    return all;
-}
-
-/// Changes the value of a line.
-std::optional<std::string> ChangeLine(const IniFile& file, const Line& line, std::string_view key,
-                                      std::string_view value) {
-    const Span written = WrittenValue(file, line);
-    const std::string& bytes = file.bytes();
-    const bool needsBlank = written.Size() == 0 && written.begin > 0 &&
-                            bytes[written.begin - 1] == '=' && written.begin >= 2 &&
-                            IsBlank(bytes[written.begin - 2]);
-    // Text behind a closing quote was ignored. It is removed when the new value would include it.
-    std::uint32_t end = line.comment;
-    while (end > written.end && IsBlank(bytes[end - 1])) {
-        --end;
-    }
-    for (const Span part : {written, Span{written.begin, end}}) {
-        for (const std::string& spelling : Spellings(value)) {
-            std::string changed = Replaced(bytes, part, (needsBlank ? " " : "") + spelling);
-            if (Says(changed, key, value)) {
-                return changed;
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-/// What ends the line that `text` stands in, or would.
-std::string LineEnd(const std::string& bytes, Span text) {
-    const bool isWindows = text.end > text.begin && bytes[text.end - 1] == '\r';
-    return isWindows ? "\r\n" : "\n";
-}
-
-/// One past the newline of a line; the end of the file when it has none.
-std::uint32_t NextLine(const std::string& bytes, Span text) {
-    const std::size_t newline = bytes.find('\n', text.end);
-    return static_cast<std::uint32_t>(newline == std::string::npos ? bytes.size() : newline + 1);
 }
 
 /// The last line that says something in a section; null when there is no such section.
@@ -101,20 +33,6 @@ const Line* LastOfSection(const IniFile& file, std::string_view section) {
         }
     }
     return last;
-}
-
-/// A line for a key in the style of the line before.
-std::string NewLine(const IniFile& file, const Line& before, std::string_view item,
-                    const std::string& spelling) {
-    const std::string& bytes = file.bytes();
-    std::string indent;
-    bool isTight = false;
-    if (before.kind == LineKind::kValue) {
-        indent = bytes.substr(before.text.begin, before.name.begin - before.text.begin);
-        isTight = bytes[before.name.end] == '=';
-    }
-    return indent + std::string(item) + (isTight ? "=" : " = ") + spelling +
-           LineEnd(bytes, before.text);
 }
 
 /// Puts lines into the file at `at`, which is where a line begins, or the file's end.
@@ -182,7 +100,9 @@ std::optional<std::string> WithKey(const IniFile& file, std::string_view key,
         if (file.TextOf(line->value) == value) {
             return file.bytes();
         }
-        return ChangeLine(file, *line, key, value);
+        const std::optional<ChangedPart> changed = ChangedValue(file, *line, value);
+        return changed ? std::optional(Replaced(file.bytes(), changed->part, changed->text))
+                       : std::nullopt;
     }
     return AddKey(file, key, value);
 }

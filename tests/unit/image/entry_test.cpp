@@ -141,8 +141,22 @@ TEST(Dump, CsvReadsBackToTheImage) {
 TEST(Dump, TextShowsWhatThereIsToKnow) {
     const std::string text = TextDump({EntryAt(Example(), 13160)});
     EXPECT_EQ(text,
-              "13160  4  1e000000  name  cam[0].mediaModes[0].mediaMode  "
-              "cam0_mediamode0/common:mediamode  30 QX_PARAM_MEDIAMODE_2160P_30\n");
+              "OFFSET  SIZE  BYTES     TYPE  VALUE             KEY"
+              "                               MEMBER\n"
+              "13160   4     1e000000  name  30 QX_PARAM_MEDIAMODE_2160P_30  "
+              "cam0_mediamode0/common:mediamode  cam[0].mediaModes[0].mediaMode\n");
+}
+
+TEST(Dump, TextHasColumnsThatFitATerminal) {
+    const Image image = {};
+    EXPECT_EQ(TextDump({EntryAt(image, 8), EntryAt(image, 24316), EntryAt(image, 23988)}),
+              "OFFSET  SIZE  BYTES        TYPE   VALUE  KEY                         MEMBER\n"
+              "8       8     00000000+4   bytes         -                           "
+              "header.reserved\n"
+              "24316   4     00000000     i32    0      devmng/gsensor:sensitivity  "
+              "devMng.gsensor.sensitivity\n"
+              "23988   64    00000000+60  text   \"\"     devmng/devinfo:model        "
+              "devMng.devInfo.model\n");
 }
 
 TEST(Dump, TextHidesNothingThatATerminalWouldDo) {

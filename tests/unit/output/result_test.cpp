@@ -69,5 +69,15 @@ TEST(Table, AlignsColumns) {
     EXPECT_EQ(table.Text(), "a     bb\n\xE4\xB8\xAD\xE6\x96\x87  c   d\n");
 }
 
+TEST(Table, ACellBeyondItsColumnsLimitMovesItsRowOnly) {
+    Table table;
+    table.Limit(0, 3);
+    table.Limit(7, 1);
+    table.Add({"a", "b"});
+    table.Add({"long one", "c"});
+    table.Add({"abc", "d"});
+    EXPECT_EQ(table.Text(), "a    b\nlong one  c\nabc  d\n");
+}
+
 }  // namespace
 }  // namespace paramgen::output
