@@ -11,17 +11,29 @@ namespace {
 using image::Image;
 using image::NumberAt;
 
-/// Whether each value that comes from a module alone is zero.
-std::set<std::string> ModulesInUse(const Image& image) {
-    std::set<std::string> used;
-    std::string last;  // values of a module mostly lie together
-    for (const layout::Value& value : layout::Values()) {
-        if (value.modules.size() == 1 && value.modules.front() != last &&
-            !image::IsZero(image::BytesOf(image, value))) {
-            last = value.modules.front();
-            used.insert(last);
+/// The module that a value needs to be anything but zero: the one of its key or, for what is worked
+/// out, the optional one that it is worked out with. Empty: none, or one of several.
+std::string ModuleOf(const layout::Value& value) {
+    if (value.HasKey() || value.Source() == FieldSource::kNobody) {
+        return value.modules.size() == 1 ? value.modules.front() : "";
+    }
+    for (const layout::Condition& condition : value.conditions) {
+        if (condition.kind == layout::ConditionKind::kOptionalModule) {
+            return condition.module;
         }
     }
+    return "";
+}
+
+/// The modules that have to be there because their values are not all zero.
+std::set<std::string> ModulesInUse(const Image& image) {
+    std::set<std::string> used;
+    for (const layout::Value& value : layout::Values()) {
+        if (!image::IsZero(image::BytesOf(image, value))) {
+            used.insert(ModuleOf(value));
+        }
+    }
+    used.erase("");
     return used;
 }
 

@@ -119,6 +119,13 @@ TEST(Decompile, AMediaModeThatIsThereAndOneThatIsNot) {
     EXPECT_EQ(FileOf(result, "cam0_mediamode1"), "[vpss.0]\nmax_width = 1920\n");
 }
 
+TEST(Decompile, AnOptionalModuleThatOnlyCountsIsThere) {
+    ProductTree tree = SmallestProduct();
+    tree.Set("cam0_comm_playback", "venc.0:enable", "0");
+    const Decompiled result = Back(Compiled(tree));
+    EXPECT_EQ(FileOf(result, "cam0_comm_playback"), "[venc.0]\nenable = 0\n");
+}
+
 TEST(Decompile, AModuleOfZerosWhereDefaultsAreNot) {
     image::Image image = Compiled(SmallestProduct());
     Put(&image, 13160 + 1212, 1920);  // the largest width of media mode 0, and nothing else
