@@ -12,10 +12,13 @@ using image::Image;
 using image::NumberAt;
 
 /// The module that a value needs to be anything but zero: the one of its key or, for what is worked
-/// out, the optional one that it is worked out with. Empty: none, or one of several.
+/// out or comes from one of several modules, the optional one that it is read with. Empty: none.
 std::string ModuleOf(const layout::Value& value) {
-    if (value.HasKey() || value.Source() == FieldSource::kNobody) {
-        return value.modules.size() == 1 ? value.modules.front() : "";
+    if (value.modules.size() == 1 && (value.HasKey() || value.Source() == FieldSource::kNobody)) {
+        return value.modules.front();
+    }
+    if (value.Source() == FieldSource::kNobody) {
+        return "";
     }
     for (const layout::Condition& condition : value.conditions) {
         if (condition.kind == layout::ConditionKind::kOptionalModule) {

@@ -8,6 +8,7 @@
 
 #include "compile/session.h"
 #include "decompile/tree_directory.h"
+#include "layout/layout.h"
 #include "support/product_tree.h"
 #include "support/temp_dir.h"
 
@@ -132,6 +133,20 @@ TEST(Decompile, AModuleOfZerosWhereDefaultsAreNot) {
     const Decompiled result = Back(image);
     EXPECT_THAT(FileOf(result, "cam0_mediamode0"), HasSubstr("vivpssmode = 0\n"));
     EXPECT_THAT(FileOf(result, "cam0_mediamode0"), HasSubstr("MotionDenoiseIsoThresh = 0\n"));
+}
+
+TEST(Decompile, AMediaModeWithNothingButACalibrationIsThere) {
+    ProductTree tree = SmallestProduct();
+    tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_480P_25");  // number 0
+    tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_480P_25");
+    tree.Set("cam0_ldccfg_0", "LDCV3Attr:coef_intp_ratio", "7");
+    image::Image image = Compiled(tree);
+    for (const layout::Value& value : layout::Values()) {
+        if (value.modules == std::vector<std::string>{"cam0_mediamode0"}) {
+            std::memset(&image[value.offset], 0, value.size);
+        }
+    }
+    EXPECT_THAT(FileOf(Back(image), "cam0_ldccfg_0"), HasSubstr("coef_intp_ratio = 7\n"));
 }
 
 TEST(Decompile, LensModulesAreFoundByTheirMediaModes) {
