@@ -143,6 +143,15 @@ function release() {
   }
 }
 
+/** Has the browser lay out the table of a value that is gone to, wherever it is. */
+function layOut(value) {
+  release();
+  rowsArea.querySelector(".sought")?.classList.remove("sought");
+  const block = value.row.closest(".block");
+  block.classList.add("sought");
+  block.getBoundingClientRect(); // from here on the style counts
+}
+
 function isFiltered() {
   return query.value !== "" || moduleChoice.value !== "" || chosenState() !== "all";
 }

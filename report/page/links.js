@@ -31,7 +31,7 @@ function reveal(value) {
   if (!value.shown) {
     clearFilter();
   }
-  release();
+  layOut(value);
   unfold(value);
   markCurrent(value);
   rowLink(value).focus({preventScroll: true});
@@ -55,6 +55,7 @@ function decoded(text) {
 
 /** Goes where the link leads. What leads nowhere shows the report. */
 function follow() {
+  clearTimeout(linkTimer); // The filter's link does not take this one's place.
   const target = decoded(location.hash.slice(1));
   if (target === "" || Object.hasOwn(VIEWS, target)) {
     showView(target || "report");
@@ -96,5 +97,6 @@ function onRowClick(event) {
   }
   unfold(value);
   markCurrent(value);
+  clearTimeout(linkTimer);
   history.pushState(null, "", `#${encodeURI(anchorOf(value))}`);
 }

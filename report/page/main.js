@@ -16,7 +16,7 @@ function onFilter() {
 
 function focusRow(value) {
   if (value) {
-    release();
+    layOut(value);
     const link = rowLink(value);
     link.focus();
     link.scrollIntoView({block: "nearest"});
@@ -79,12 +79,13 @@ function listen() {
   filterForm.addEventListener("input", onFilter);
   moduleChoice.addEventListener("change", onFilter);
   filterForm.addEventListener("submit", (event) => event.preventDefault());
-  filterForm.addEventListener("reset", () => setTimeout(onFilter));
-  document.getElementById("clear").addEventListener("click", () => {
-    clearFilter();
-    onFilter();
-    query.focus();
-  });
+  for (const button of document.querySelectorAll(".clear")) {
+    button.addEventListener("click", () => {
+      clearFilter();
+      onFilter();
+      query.focus();
+    });
+  }
   for (const form of document.querySelectorAll(".controls")) {
     form.addEventListener("submit", (event) => event.preventDefault());
   }

@@ -4,6 +4,7 @@ import os
 import shutil
 import subprocess
 import tempfile
+import time
 import unittest
 
 from selenium.webdriver.common.action_chains import ActionChains
@@ -147,7 +148,7 @@ class PageTest(unittest.TestCase):
         self.search("GSENSOR: parking")
         self.assertEqual(self.shown(), [])
         self.assertTrue(self.find("#nothing").is_displayed())
-        self.find("#clear").click()
+        self.find("#nothing .clear").click()
         self.assertEqual(len(self.shown()), every)
 
     def test_search_knows_bytes_and_wildcards(self):
@@ -164,7 +165,7 @@ class PageTest(unittest.TestCase):
                          ["media_common/venc.video.main.h264.cbr:max_qp", SENSITIVITY])
         Select(self.find("#module")).select_by_value("devmng")
         self.await_that(lambda: self.shown() == [SENSITIVITY])
-        self.find("[type=reset]").click()
+        self.find("#filter .clear").click()
         self.await_that(lambda: len(self.shown()) > 4300)
 
     def test_headings_go_with_their_rows(self):
@@ -224,6 +225,8 @@ class PageTest(unittest.TestCase):
         self.browser.run("location.hash = arguments[0]", SENSITIVITY)
         self.await_that(lambda: SENSITIVITY in self.shown())
         self.assertEqual(self.find("#query").get_attribute("value"), "")
+        time.sleep(0.6)  # a filter becomes part of the link after 0.4 seconds
+        self.assertEqual(self.browser.run("return location.hash"), "#" + SENSITIVITY)
 
     def test_a_filter_is_a_link(self):
         self.open("#?q=sensitivity&module=devmng&show=changed")
