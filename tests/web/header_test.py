@@ -1,5 +1,6 @@
 """The C header: it compiles everywhere without a warning, and reads what `paramtool dump` reads."""
 
+import itertools
 import json
 import os
 import random
@@ -23,7 +24,7 @@ def output(*command):
 
 def arm_flags(compiler):
     """Flags for a compiler's own headers and musl's."""
-    if compiler == "clang":
+    if compiler.startswith("clang"):
         flags = ["--target=arm-linux-musleabihf", "-march=armv7-a", "-mfloat-abi=hard"]
         own = output("clang", "-print-resource-dir").strip() + "/include"
     else:
@@ -192,11 +193,13 @@ class HeaderTest(unittest.TestCase):
                 extra = ["-Wold-style-cast"] if suffix == "cpp" else []
                 output(compiler, "-std=" + standard, *WARNINGS, *extra, "-fshort-enums", "-c",
                        self.file("empty." + suffix), "-o", "/dev/null")
-        for compiler in ["clang", "arm-linux-gnueabihf-gcc"]:
-            for standard in ["c99", "c11"]:
+        for compilers, standards, suffix in [
+                (["clang", "arm-linux-gnueabihf-gcc"], ["c99", "c11"], "c"),
+                (["clang++", "arm-linux-gnueabihf-g++"], ["c++11", "c++20"], "cpp")]:
+            for compiler, standard in itertools.product(compilers, standards):
                 with self.subTest(f"{compiler} {standard}, ARM"):
                     output(compiler, *arm_flags(compiler), "-std=" + standard, *WARNINGS, "-c",
-                           self.file("empty.c"), "-o", "/dev/null")
+                           self.file("empty." + suffix), "-o", "/dev/null")
 
     def test_it_reads_what_dump_reads(self):
         output("gcc", "-std=c99", "-O0", "-Wall", "-Werror", self.write_program(), "-o",
