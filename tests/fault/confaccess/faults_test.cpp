@@ -78,6 +78,23 @@ TEST_F(ReaderFaults, TextAndKeysNeedMemory) {
     EXPECT_EQ(watch.Held(), 0);
 }
 
+TEST_F(ReaderFaults, TableOfManySectionsNeedsMemory) {
+    std::string bytes;
+    for (int number = 0; number < 30'000; ++number) {
+        bytes += "[section" + std::to_string(number) + "]\na = 1\n";
+    }
+    const std::string large = directory_.Write("sections.ini", bytes);
+    // As for a large file: the table of the sections is what the last allocation is for.
+    EXPECT_EQ(LoadFails(large, Fault::kAllocation, kLargeFileAllocations),
+              IniError::kLoadNotInserted);
+    const FaultWatch watch(Fault::kAllocation, kLargeFileAllocations + 1);
+    {
+        Arena arena;
+        EXPECT_NE(LoadIniFile(large.c_str(), &arena), nullptr);
+    }
+    EXPECT_FALSE(watch.Happened());
+}
+
 TEST_F(ReaderFaults, PipeNeedsMemoryForItsPiecesAndForTheWhole) {
     const std::string pipe = (directory_.path() / "pipe").string();
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
