@@ -71,6 +71,7 @@ std::vector<const Given*> References::Find(const char* module, const char* secti
     }
     std::sort(numbers.begin(), numbers.end());
     std::vector<const Given*> found;
+    found.reserve(numbers.size());
     for (const std::size_t number : numbers) {
         found.push_back(&given_[number]);
     }
