@@ -24,8 +24,10 @@ def build(preset, targets):
 
 
 def output_of(command, directory):
-    """Standard output and standard error of a run that must succeed."""
-    run = subprocess.run(command, cwd=directory, capture_output=True, text=True)
+    """Standard output and standard error of a run that must succeed. Random products have values
+    that are no UTF-8."""
+    run = subprocess.run(command, cwd=directory, capture_output=True, text=True,
+                         errors="surrogateescape")
     if run.returncode != 0:
         raise SystemExit(f"{command} failed: {run.returncode}\n{run.stdout[-500:]}{run.stderr}")
     return run.stdout, run.stderr

@@ -24,17 +24,26 @@ NAMES = {
 }
 
 
-class Product:
-    """A copy of the example product, and runs of programs on it."""
+# Numbers of random products, by the size of their files.
+RANDOM_PRODUCTS = {"37 KB": 716, "106 KB": 17}
 
-    def __init__(self, directory):
-        self.directory = directory / "product"
-        shutil.copytree(tools.ROOT / "examples/dashcam", self.directory, dirs_exist_ok=True)
+
+class Product:
+    """A product, and runs of programs on it: a copy of the example, or the random product of the
+    tests that has this number."""
+
+    def __init__(self, directory, number=None):
+        self.directory = directory / ("product" if number is None else f"product{number}")
+        if number is None:
+            shutil.copytree(tools.ROOT / "examples/dashcam", self.directory, dirs_exist_ok=True)
+        else:
+            maker = tools.BUILT["release"] / "make_product"
+            tools.output_of([str(maker), str(number), str(self.directory)], directory)
         self.output = directory / "output"
         self.files = sorted(str(file.relative_to(self.directory))
                             for file in self.directory.rglob("*.ini"))
         stdout, _ = tools.output_of([self.program("paramgen", "host_static")], self.directory)
-        self.bytes = len(stdout.encode())
+        self.bytes = len(stdout.encode(errors="surrogateescape"))
 
     def program(self, name, way):
         return str(tools.BUILT[WAYS[way]] / f"{name}_{way}")
@@ -48,12 +57,16 @@ class Product:
     def times(self, ways, output, rounds):
         """The wall times in nanoseconds of each command of every way of linking."""
         commands = [command for way in ways for command in self.commands(way)]
+        columns = self.race(commands, output, rounds)
+        return [columns[first:first + 3] for first in range(0, len(columns), 3)]
+
+    def race(self, commands, output, rounds):
+        """The wall times in nanoseconds of each command, run in turn."""
         race = [str(tools.BUILT["release"] / "race"), str(rounds), str(output), *commands[0]]
         for command in commands[1:]:
             race += ["--", *command]
         lines, _ = tools.output_of(race, self.directory)
-        columns = list(zip(*(map(int, line.split()) for line in lines.splitlines())))
-        return [columns[first:first + 3] for first in range(0, len(columns), 3)]
+        return list(zip(*(map(int, line.split()) for line in lines.splitlines())))
 
     def system_calls(self, command):
         """Number of system calls, and of those that write to standard output, a file."""
@@ -115,6 +128,38 @@ def print_whole_run(directory, short):
     print_instructions(product, ways)
     print_times(product, ways, 5 if short else 500)
     print_kernel(product)
+
+
+def ratio(times, others):
+    """The median of the ratios of runs that follow each other, and what a tenth of them is below."""
+    ratios = [time / other for time, other in zip(times, others)]
+    return f"{tools.median(ratios):.2f} ({tools.undisturbed(ratios):.2f})"
+
+
+def print_products(directory, short):
+    """The example and random products by `host-static`, compared with the floor and, if
+    PARAMGEN_BASELINE names one, with another build of the program."""
+    baseline = os.environ.get("PARAMGEN_BASELINE")
+    rows = []
+    for name, number in {"example": None, **RANDOM_PRODUCTS}.items():
+        product = Product(directory, number)
+        program, floor, empty = product.commands("host_static")
+        instructions, start = [tools.count_instructions(command, product.directory)
+                               for command in (program, empty)]
+        faults, unavoidable = [product.page_faults(command) for command in (program, floor)]
+        row = [name, f"{instructions - start:,}", faults - unavoidable]
+        others = [floor, [baseline]] if baseline else [floor]
+        for output in (product.output, "pipe"):
+            times = product.race([program, *others], output, 5 if short else 500)
+            row += [ratio(times[0], other) for other in times[1:]]
+        rows.append(row)
+    by = ["/ floor", "/ baseline"] if baseline else ["/ floor"]
+    tools.print_table(
+        "Products by `host-static`: instructions, page faults, and wall time as medians of ratios (what"
+        " a tenth of them is below). Targets for the example: 3,900,000 instructions, 45 page faults,"
+        " 2.5 times the floor",
+        ["product", "above empty", "faults above floor", *(f"file {what}" for what in by),
+         *(f"pipe {what}" for what in by)], rows)
 
 
 def plain_name(function, names):

@@ -81,6 +81,21 @@ char* Begin(char** text, const ConsoleRecord& record) {
     return PutCharacters(at, "]:");
 }
 
+/// Formats a message into `dest`, which has room for `size` bytes. Returns its length, or -1 when
+/// it does not fit.
+[[gnu::format(printf, 3, 0)]] int FormatMessage(char* dest, std::size_t size, const char* format,
+                                                std::size_t formatLength, std::va_list args) {
+    const int plain = FormatPlain(dest, size, format, formatLength, args);
+    if (plain != kNotPlain) {
+        return plain;
+    }
+    std::va_list copy;
+    va_copy(copy, args);
+    const int length = std::vsnprintf(dest, size, format, copy);
+    va_end(copy);
+    return static_cast<std::size_t>(length) < size ? length : kDoesNotFit;
+}
+
 }  // namespace
 
 void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint32_t level) {
@@ -119,11 +134,11 @@ void ConsoleLogPrintV(const ConsoleRecord& record, std::va_list args) {
     const std::size_t prefix = static_cast<std::size_t>(message - text);
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    const int length = FormatPlain(message, kRecordRoom - prefix, record.format.data(),
-                                   record.format.size(), args);
+    const int length = FormatMessage(message, kRecordRoom - prefix, record.format.data(),
+                                     record.format.size(), args);
     TakeRecord(prefix + static_cast<std::size_t>(std::max(length, 0)));
     if (length < 0) {
-        // The message does not fit, or is not plain: libc formats it.
+        // The message does not fit: libc formats it once more.
         FlushOutput();
         std::vprintf(record.format.data(), args);
     }

@@ -6,6 +6,7 @@
 #include <regex>
 #include <string>
 
+#include "log/output.h"
 #include "support/captured_output.h"
 
 namespace paramgen::testing {
@@ -202,11 +203,37 @@ TEST_F(ConsoleLog, RecordsKeepTheirOrderHoweverTheyAreWritten) {
                   "\n\033[m[DEBUG-P]:F[5]:plain\n");
 }
 
+TEST_F(ConsoleLog, RecordsWithFractionsAreHeldLikeOthers) {
+    ConsoleLogSetup(1, 0, 5);
+    std::string early = "not read";
+    const std::string all = CaptureStdout([&] {
+        const HeldOutput held(true);
+        ConsoleLogPrint(5, "P", "F", 1, "plain %d\n", 1);
+        early = CaptureStdout([] { ConsoleLogPrint(5, "P", "F", 2, "rate %.2f\n", 29.97); });
+        ConsoleLogPrint(5, "P", "F", 3, "plain\n");
+    });
+    EXPECT_EQ(early, "");
+    EXPECT_EQ(all,
+              "\033[m[DEBUG-P]:F[1]:plain 1\n\033[m[DEBUG-P]:F[2]:rate "
+              "29.97\n\033[m[DEBUG-P]:F[3]:plain\n");
+}
+
 TEST_F(ConsoleLog, LongMessagesAreWrittenWhole) {
     ConsoleLogSetup(1, 0, 5);
     const std::string text(5000, 'x');
     EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(5, "P", "F", 1, "%s", text.c_str()); }),
               "\033[m[DEBUG-P]:F[1]:" + text);
+    EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(5, "P", "F", 1, "%.1f%s", 2.5, text.c_str()); }),
+              "\033[m[DEBUG-P]:F[1]:2.5" + text);
+}
+
+TEST_F(ConsoleLog, MessagesWithFractionsOfEveryLength) {
+    ConsoleLogSetup(1, 0, 5);
+    for (int digits = 450; digits < 530; ++digits) {
+        EXPECT_EQ(CaptureStdout([&] { ConsoleLogPrint(5, "P", "F", 1, "%.*f\n", digits, 0.5); }),
+                  "\033[m[DEBUG-P]:F[1]:0.5" +
+                      std::string(static_cast<std::size_t>(digits) - 1, '0') + "\n");
+    }
 }
 
 }  // namespace
