@@ -19,7 +19,10 @@ public:
         : Recorder(pretence, keep, result), product_(product) {}
 
     ModuleEntry* Module(std::string_view name, ModuleEntry*) noexcept override {
-        return Recorder::Module(name, product_->HasModule(name) ? EmptyModule() : nullptr);
+        if (name != AskedModule()) {  // mostly it is the same one again
+            hasModule_ = product_->HasModule(name);
+        }
+        return Recorder::Module(name, hasModule_ ? EmptyModule() : nullptr);
     }
 
     const char* Answer(const LockedModule& module, std::string_view key, const char*,
@@ -34,6 +37,7 @@ public:
 
 private:
     Imagined* product_;
+    bool hasModule_ = false;
     std::deque<std::string> texts_;  ///< loaders may look at them until the run is over
 };
 

@@ -81,9 +81,9 @@ const char* Recorder::Answer(const LockedModule&, std::string_view key, const ch
     const SavedErrno saved;
     at_ = Stop::At::kKey;
     key_ = key;
-    const auto other = pretence_.texts.find({module_, key_});
-    if (other != pretence_.texts.end()) {
-        text = other->second.c_str();
+    if (!pretence_.texts.empty()) {
+        const auto other = pretence_.texts.find({module_, key_});
+        text = other == pretence_.texts.end() ? text : other->second.c_str();
     }
     if (!pretence_.absentKeys.empty() && pretence_.absentKeys.count({module_, key_}) != 0) {
         text = absent;

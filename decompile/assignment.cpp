@@ -45,18 +45,18 @@ Assignment::Assignment(const image::Image& image, const Wish& wish,
     }
 }
 
-void Assignment::Assign(const std::vector<compile::Answer>& asked) {
-    std::vector<KeyId> ids;
-    ids.reserve(asked.size());
-    for (const compile::Answer& answer : asked) {
-        ids.push_back(IdOf(answer));
-        NotePresence(ids.back(), answer);
-        for (std::uint32_t i = 0; answer.place && i < answer.place->size; ++i) {
-            ++writers_[answer.place->offset + i];
+void Assignment::Assign(const Asked& asked) {
+    const std::vector<compile::Answer>& answers = asked.answers;
+    const std::vector<KeyId>& ids = asked.ids;
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        const compile::Answer& answer = answers[i];
+        NotePresence(ids[i], answer);
+        for (std::uint32_t at = 0; answer.place && at < answer.place->size; ++at) {
+            ++writers_[answer.place->offset + at];
         }
     }
-    for (std::size_t i = asked.size(); i-- > 0;) {
-        const compile::Answer& answer = asked[i];
+    for (std::size_t i = answers.size(); i-- > 0;) {
+        const compile::Answer& answer = answers[i];
         if (answer.place) {
             AssignOne(ids[i], answer);
         } else if (answer.text && ids[i] != nullptr && LeadingKeys().count(ids[i]) == 0) {

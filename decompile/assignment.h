@@ -21,8 +21,8 @@ public:
     Assignment(const image::Image& image, const Wish& wish,
                const std::map<std::uint32_t, std::uint32_t>& counts, const std::set<KeyId>& barred);
 
-    /// Assigns a value to every key of `asked`, which are in the order of a run.
-    void Assign(const std::vector<compile::Answer>& asked);
+    /// Assigns a value to every key of `asked`.
+    void Assign(const Asked& asked);
 
     const KeyTexts& texts() const { return texts_; }
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "compile/session.h"
 #include "decompile/image_facts.h"
@@ -48,15 +49,19 @@ public:
                 files_[path] = std::make_unique<tree::IniFile>(module.file->ini->bytes());
                 paths_[module.name] = path;
                 StayWithin(module.name, path);
+            } else {
+                withoutFile_.insert(module.name);
             }
         }
     }
 
-    /// Gives a module a file, and lists it.
+    /// Gives a module a file, and lists it unless it is listed already.
     void AddModule(const std::string& name) {
-        const std::string number = std::to_string(++moduleCount());
-        SetIn(entry_, "module:module" + number, name);
-        SetIn(entry_, "module:module_num", number);
+        if (withoutFile_.count(name) == 0) {
+            const std::string number = std::to_string(++moduleCount());
+            SetIn(entry_, "module:module" + number, name);
+            SetIn(entry_, "module:module_num", number);
+        }
         GiveFile(name, "");
     }
 
@@ -149,6 +154,7 @@ private:
     std::map<std::string, std::unique_ptr<tree::IniFile>> files_;  ///< by path
     std::map<std::string, std::vector<tree::KeyChange>> changes_;  ///< by path; not made yet
     std::map<std::string, std::string> paths_;                     ///< of modules
+    std::set<std::string> withoutFile_;  ///< modules that are listed, and could not be read
 };
 
 /// The keys that a module is asked for, and what each is to be; none: absent.
@@ -156,8 +162,9 @@ using Wanted = std::map<std::string, std::optional<std::string>>;
 
 std::map<std::string, Wanted> WantedKeys(const Solution& solution) {
     std::map<std::string, Wanted> wanted;
-    for (const compile::Answer& answer : solution.asked) {
-        const auto found = solution.keys.texts.find(IdOf(answer));
+    for (std::size_t i = 0; i < solution.asked.ids.size(); ++i) {
+        const compile::Answer& answer = solution.asked.answers[i];
+        const auto found = solution.keys.texts.find(solution.asked.ids[i]);
         wanted[answer.module][answer.key] =
             found == solution.keys.texts.end() ? std::nullopt : std::optional(found->second);
     }
@@ -230,7 +237,7 @@ Decompiled DecompileLike(const image::Image& image, const Options& options) {
     }
     const std::map<std::string, Wanted> wanted = WantedKeys(solution);
     SplitSharedFiles(wanted, &edited);
-    for (const compile::Answer& answer : solution.asked) {
+    for (const compile::Answer& answer : solution.asked.answers) {
         edited.Set(answer.module, answer.key, wanted.at(answer.module).at(answer.key));
     }
     return {

@@ -91,23 +91,20 @@ void AssignLensModules(const LensNeed& need, Decisions* decisions) {
 }
 
 /// Answers with what the image holds.
-class ImageReader : public compile::Imagined {
+class ImageReader : public Product {
 public:
     ImageReader(const Image& image, const Decisions& decisions)
-        : image_(image), decisions_(decisions) {}
+        : Product(decisions.modules), image_(image), decisions_(decisions) {}
 
-    bool HasModule(std::string_view name) override { return decisions_.modules.count(name) != 0; }
-
-    std::optional<std::string> Text(std::string_view module, std::string_view key,
-                                    const std::optional<compile::Place>& place) override {
-        const KeyId id = IdOf(module, key);
+private:
+    std::optional<std::string> TextOf(KeyId id, std::string_view module,
+                                      const std::optional<compile::Place>& place) override {
         if (decisions_.barred.count(id) != 0) {
             return std::nullopt;
         }
         return place ? TextAt(id, place->offset) : TextWithoutPlace(module, id);
     }
 
-private:
     /// Of a key that only has to be there, and of the media mode of a lens module.
     std::optional<std::string> TextWithoutPlace(std::string_view module, KeyId id) const {
         const auto leading = LeadingKeys().find(id);
@@ -151,7 +148,7 @@ Decisions DecideModules(const Image& image, const std::set<std::string>& kept,
     return decisions;
 }
 
-std::vector<compile::Answer> AskedKeys(const Image& image, Decisions* decisions) {
+Asked AskedKeys(const Image& image, Decisions* decisions) {
     while (true) {
         ImageReader reader(image, *decisions);
         compile::Compilation result = compile::CompileImagined(&reader, true);
@@ -159,7 +156,7 @@ std::vector<compile::Answer> AskedKeys(const Image& image, Decisions* decisions)
             result.stop && result.stop->at == compile::Stop::At::kKey &&
             decisions->barred.insert(IdOf(result.stop->module, result.stop->key)).second;
         if (!isNew) {
-            return std::move(result.answers);
+            return {.answers = std::move(result.answers), .ids = reader.TakeIds()};
         }
     }
 }

@@ -27,6 +27,6 @@ Decisions DecideModules(const image::Image& image, const std::set<std::string>& 
 
 /// Runs the loaders as for `image`: counts are what they are there, or as decided. Returns what
 /// they asked for; keys that stop them are added to `decisions->barred`.
-std::vector<compile::Answer> AskedKeys(const image::Image& image, Decisions* decisions);
+Asked AskedKeys(const image::Image& image, Decisions* decisions);
 
 }  // namespace paramgen::decompile

@@ -47,11 +47,27 @@ Solution SolveCounts(const image::Image& image, const Wish& wish, Decisions* dec
     return solution;
 }
 
+/// A product that has been found.
+class FoundProduct : public Product {
+public:
+    explicit FoundProduct(const Keys& keys) : Product(keys.modules), texts_(keys.texts) {}
+
+private:
+    std::optional<std::string> TextOf(KeyId id, std::string_view,
+                                      const std::optional<compile::Place>&) override {
+        const auto found = texts_.find(id);
+        return found == texts_.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    const KeyTexts& texts_;
+};
+
 /// Runs the loaders on what has been found.
 void Prove(const image::Image& image, Solution* solution) {
-    compile::Compilation result = compile::CompileImagined(&solution->keys, true);
+    FoundProduct product(solution->keys);
+    compile::Compilation result = compile::CompileImagined(&product, true);
     solution->image = result.image;
-    solution->asked = std::move(result.answers);
+    solution->asked = {.answers = std::move(result.answers), .ids = product.TakeIds()};
     solution->lost.clear();
     for (std::uint32_t at = 0; at < image.size(); ++at) {
         if (solution->image[at] != image[at]) {

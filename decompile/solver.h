@@ -30,9 +30,9 @@ struct Wish {
 /// What has been found.
 struct Solution {
     Keys keys;
-    std::vector<compile::Answer> asked;  ///< what the loaders ask for, in their order
-    image::Image image = {};             ///< what they make of it: the wanted one but for `lost`
-    std::vector<std::uint32_t> lost;     ///< offsets of the bytes that are not as wanted
+    Asked asked;                      ///< what the loaders ask for
+    image::Image image = {};          ///< what they make of it: the wanted one but for `lost`
+    std::vector<std::uint32_t> lost;  ///< offsets of the bytes that are not as wanted
 };
 
 /// Finds keys for `image`. The result is found by running the loaders on them.

@@ -1,6 +1,7 @@
 #include "decompile/writer.h"
 
-#include <map>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "layout/layout.h"
 #include "tree/product.h"
@@ -14,13 +15,11 @@ class ModuleText {
 public:
     void Add(const std::string& key, const std::string& value) {
         const std::size_t colon = key.rfind(':');
-        const std::string section = key.substr(0, colon);
-        if (known_.insert(key).second) {
-            if (lines_.count(section) == 0) {
-                sections_.push_back(section);
-            }
-            lines_[section] += key.substr(colon + 1) + " = " + value + "\n";
+        const auto [lines, isNew] = lines_.try_emplace(key.substr(0, colon));
+        if (isNew) {
+            sections_.push_back(lines->first);
         }
+        lines->second.append(key, colon + 1).append(" = ").append(value).append("\n");
     }
 
     std::string Text() const {
@@ -32,9 +31,8 @@ public:
     }
 
 private:
-    std::set<std::string> known_;
     std::vector<std::string> sections_;
-    std::map<std::string, std::string> lines_;
+    std::unordered_map<std::string, std::string> lines_;  ///< by section
 };
 
 /// The modules of a solution in the order of the image, lens modules last.
@@ -64,10 +62,13 @@ std::string EntryText(const std::vector<std::string>& modules) {
 }  // namespace
 
 std::vector<TreeFile> NewTree(const Solution& solution) {
-    std::map<std::string, ModuleText> texts;
-    for (const compile::Answer& answer : solution.asked) {
-        const auto found = solution.keys.texts.find(IdOf(answer));
-        if (found != solution.keys.texts.end()) {
+    std::unordered_map<std::string, ModuleText> texts;
+    std::unordered_set<KeyId> written;
+    for (std::size_t i = 0; i < solution.asked.ids.size(); ++i) {
+        const KeyId id = solution.asked.ids[i];
+        const compile::Answer& answer = solution.asked.answers[i];
+        const auto found = solution.keys.texts.find(id);
+        if (found != solution.keys.texts.end() && written.insert(id).second) {
             const std::optional<std::string> spelled = tree::Spelled(found->second);
             if (spelled) {
                 texts[answer.module].Add(answer.key, *spelled);

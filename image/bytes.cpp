@@ -1,7 +1,5 @@
 #include "image/bytes.h"
 
-#include <algorithm>
-
 namespace paramgen::image {
 
 std::string Hexadecimal(std::span<const std::byte> bytes) {
@@ -17,7 +15,10 @@ std::string Hexadecimal(std::span<const std::byte> bytes) {
 }
 
 bool IsZero(std::span<const std::byte> bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](std::byte b) { return b == std::byte{0}; });
+    // The first byte is zero, and each of the others like the one before.
+    return bytes.empty() ||
+           (bytes.front() == std::byte{0} &&
+            std::memcmp(&bytes.front(), &bytes.front() + 1, bytes.size() - 1) == 0);
 }
 
 }  // namespace paramgen::image

@@ -253,6 +253,19 @@ TEST(Decompile, LikeATreeOnlyWhatDiffersChanges) {
               "# mine\r\n[GSensor]\r\n Sensitivity = 5 ; low\r\n[keytone]\r\nenable = 0\r\n");
 }
 
+TEST(Decompile, LikeATreeThatListsAModuleWithoutAFileListsItOnce) {
+    ProductTree wanted = SmallestProduct();
+    wanted.Set("cam0_mediamode1", "vpss.0:max_width", "1920");
+    const image::Image image = Compiled(wanted);
+    const TempDir directory;
+    ProductTree tree = SmallestProduct();
+    tree.AddModule("cam0_mediamode1");
+    tree.WriteTo(directory);
+    std::filesystem::remove(directory.path() / "cam0_mediamode1.ini");
+    const Decompiled result = Back(image, {.all = false, .like = directory.path().string()});
+    EXPECT_EQ(FileOf(result, "cam0_mediamode1"), "[vpss.0]\nmax_width = 1920\n");
+}
+
 TEST(WrittenTree, DoesNotTouchWhatIsThere) {
     const Decompiled result = Decompile(Compiled(SmallestProduct()), {});
     const TempDir home;
