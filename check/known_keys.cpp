@@ -90,7 +90,7 @@ bool HasKey(const Section& section, std::string_view key) {
 }
 
 /// The nearest of several candidates: the least unlike, then one that is not there yet.
-class Choice {
+class NearestName {
 public:
     void Offer(const std::string& candidate, std::size_t unlikeness, bool isThere,
                std::size_t further = 0) {
@@ -143,17 +143,17 @@ bool IsWithoutEffect(std::string_view module, std::string_view section) {
 
 std::string LikelyKey(const std::vector<std::string>& modules, std::string_view section,
                       std::string_view key, const IsThere& isThere) {
-    Choice choice;
+    NearestName nearest;
     for (const std::string& module : modules) {
         const Section* known = FindSection(module, section);
         for (std::size_t i = 0; known != nullptr && i < known->keys.size(); ++i) {
             const std::string& candidate = known->keys[i];
-            choice.Offer(candidate, Unlikeness(key, candidate),
-                         isThere(LowerCase(std::string(section) + ":" + candidate)));
+            nearest.Offer(candidate, Unlikeness(key, candidate),
+                          isThere(LowerCase(std::string(section) + ":" + candidate)));
         }
     }
-    if (!choice.best().empty()) {
-        return choice.best();
+    if (!nearest.best().empty()) {
+        return nearest.best();
     }
     for (const std::string& module : modules) {
         const auto keys = Known().find(module);
@@ -179,7 +179,7 @@ std::string LikelySection(const std::vector<std::string>& modules, std::string_v
             std::count_if(keys.begin(), keys.end(),
                           [&](const std::string& key) { return !HasKey(candidate, key); }));
     };
-    Choice choice;
+    NearestName nearest;
     for (const std::string& module : modules) {
         const auto known = Known().find(module);
         if (known == Known().end()) {
@@ -188,13 +188,13 @@ std::string LikelySection(const std::vector<std::string>& modules, std::string_v
         for (const Section& candidate : known->second.sections) {
             const std::size_t unlikeness = Unlikeness(section, candidate.name);
             if (unlikeness != kUnlike) {
-                choice.Offer(candidate.name, unlikeness, isThere(LowerCase(candidate.name)),
-                             countUnknown(candidate));
+                nearest.Offer(candidate.name, unlikeness, isThere(LowerCase(candidate.name)),
+                              countUnknown(candidate));
             }
         }
     }
-    if (!choice.best().empty()) {
-        return choice.best();
+    if (!nearest.best().empty()) {
+        return nearest.best();
     }
     for (const auto& [module, known] : Known()) {
         const Section* found = FindSection(module, section);

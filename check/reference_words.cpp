@@ -9,9 +9,9 @@ namespace {
 using layout::MatchesWildcards;
 
 /// The key whose relations are collected.
-class Collector {
+class RelationCollector {
 public:
-    Collector(std::string_view module, std::string_view section, std::string_view key)
+    RelationCollector(std::string_view module, std::string_view section, std::string_view key)
         : module_(module), section_(section), key_(key) {}
 
     void AddHandles() {
@@ -94,7 +94,7 @@ private:
 
 std::vector<Relation> RelationsOf(std::string_view module, std::string_view section,
                                   std::string_view key) {
-    Collector collector(module, section, key);
+    RelationCollector collector(module, section, key);
     collector.AddHandles();
     collector.AddModes();
     collector.AddMenus();

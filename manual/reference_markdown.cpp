@@ -4,7 +4,7 @@ namespace paramgen::manual {
 namespace {
 
 /// `text` in a cell of a table: nothing in it is markup or ends the cell.
-std::string Cell(const std::string& text) {
+std::string Escaped(const std::string& text) {
     std::string cell;
     for (const char c : text) {
         const bool isMarkup = std::string("|\\`*_<>[]#").find(c) != std::string::npos;
@@ -13,15 +13,15 @@ std::string Cell(const std::string& text) {
     return cell;
 }
 
-std::string About(const ReferenceKey& key) {
+std::string AboutAndNumbers(const ReferenceKey& key) {
     return key.numbers.empty() ? key.about
                                : key.about + (key.about.empty() ? "" : ": ") + key.numbers;
 }
 
 std::string Row(const ReferenceKey& key) {
-    return "| `" + key.key + "` | " + Cell(About(key)) + " | " + Cell(key.type) + " | " +
-           Cell(key.unit) + " | " + Cell(key.initial) + " | " + Cell(key.offset) + " | " +
-           Cell(key.condition) + " |\n";
+    return "| `" + key.key + "` | " + Escaped(AboutAndNumbers(key)) + " | " + Escaped(key.type) +
+           " | " + Escaped(key.unit) + " | " + Escaped(key.initial) + " | " + Escaped(key.offset) +
+           " | " + Escaped(key.condition) + " |\n";
 }
 
 std::string Section(const ReferenceSection& section) {
@@ -48,7 +48,7 @@ std::string Markdown(const Reference& reference) {
     }
     text += "## Names\n\n";
     for (const ReferenceNames& list : reference.names) {
-        text += "### " + Cell(list.name) + "\n\n";
+        text += "### " + Escaped(list.name) + "\n\n";
         for (const std::string& name : list.names) {
             text += "- `" + name + "`\n";
         }

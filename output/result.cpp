@@ -11,29 +11,10 @@
 #include <vector>
 
 #include "output/shown_text.h"
+#include "output/write_calls.h"
 
 namespace paramgen::output {
 namespace {
-
-std::string Reason() {
-    return std::strerror(errno);
-}
-
-/// Writes all bytes. Returns false, with `errno`, when that fails.
-bool WriteAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = write(descriptor, bytes.data(), bytes.size());
-        if (count < 0 && errno != EINTR) {
-            return false;
-        }
-        bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-[[noreturn]] void Fail(const std::string& path) {
-    throw UserError("cannot write " + Shown(path) + ": " + Reason());
-}
 
 /// Whether there is a device, pipe or the like at `path`, which is written to and not replaced.
 bool IsDevice(const std::string& path) {
@@ -44,11 +25,11 @@ bool IsDevice(const std::string& path) {
 void WriteThrough(const std::string& path, std::string_view bytes) {
     const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
     if (descriptor == -1) {
-        Fail(path);
+        FailToWrite(path);
     }
     const bool isWritten = WriteAll(descriptor, bytes);
     if (close(descriptor) != 0 || !isWritten) {
-        Fail(path);
+        FailToWrite(path);
     }
 }
 
@@ -58,7 +39,7 @@ public:
     explicit TemporaryFile(const std::string& target) : target_(target), name_(target + ".XXXXXX") {
         descriptor_ = mkostemp(name_.data(), O_CLOEXEC);
         if (descriptor_ == -1) {
-            Fail(target_);
+            FailToWrite(target_);
         }
     }
     ~TemporaryFile() {
@@ -75,18 +56,18 @@ public:
     void Write(std::string_view bytes, mode_t mode) {
         if (!WriteAll(descriptor_, bytes) || fchmod(descriptor_, mode) != 0 ||
             fsync(descriptor_) != 0) {
-            Fail(target_);
+            FailToWrite(target_);
         }
         const int descriptor = descriptor_;
         descriptor_ = -1;
         if (close(descriptor) != 0) {
-            Fail(target_);
+            FailToWrite(target_);
         }
     }
 
     void TakePlace() {
         if (rename(name_.c_str(), target_.c_str()) != 0) {
-            Fail(target_);
+            FailToWrite(target_);
         }
         isInPlace_ = true;
     }
@@ -125,7 +106,7 @@ void WriteResult(const std::string& file, std::string_view text) {
         if (errno == EPIPE) {
             std::_Exit(2);
         }
-        throw UserError("cannot write to standard output: " + Reason());
+        throw UserError(std::string("cannot write to standard output: ") + std::strerror(errno));
     }
 }
 

@@ -11,16 +11,10 @@
 #include <filesystem>
 #include <memory>
 
-#include "output/result.h"
-#include "output/shown_text.h"
+#include "output/write_calls.h"
 
 namespace paramgen::output {
 namespace {
-
-[[noreturn]] void Fail(const std::string& path) {
-    const int error = errno;
-    throw UserError("cannot write " + Shown(path) + ": " + std::strerror(error));
-}
 
 /// What a path leads to, links resolved; the path itself when nothing is there.
 std::string Resolved(const std::string& path) {
@@ -59,7 +53,7 @@ public:
             Save();
         }
         if (std::rename(fresh_.c_str(), target_.c_str()) != 0) {
-            Fail(target_);
+            FailToWrite(target_);
         }
         state_ = State::kInPlace;
     }
@@ -76,11 +70,11 @@ private:
         hasOld_ = stat(target_.c_str(), &old) == 0;
         if (hasOld_ && !S_ISREG(old.st_mode)) {
             errno = S_ISDIR(old.st_mode) ? EISDIR : EINVAL;
-            Fail(target_);
+            FailToWrite(target_);
         }
         const int descriptor = mkostemp(fresh_.data(), O_CLOEXEC);
         if (descriptor == -1) {
-            Fail(target_);
+            FailToWrite(target_);
         }
         state_ = State::kStaged;
         bool isGood = WriteAll(descriptor, bytes) && SetRights(descriptor, old);
@@ -89,20 +83,8 @@ private:
         if (close(descriptor) != 0 || !isGood) {
             errno = isGood ? errno : error;
             unlink(fresh_.c_str());
-            Fail(target_);
+            FailToWrite(target_);
         }
-    }
-
-    static bool WriteAll(int descriptor, const std::string& bytes) {
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t count = write(descriptor, bytes.data() + done, bytes.size() - done);
-            if (count < 0 && errno != EINTR) {
-                return false;
-            }
-            done += count < 0 ? 0 : static_cast<std::size_t>(count);
-        }
-        return true;
     }
 
     /// The old file's owner and rights; those that any new file gets when there is none.
@@ -121,12 +103,12 @@ private:
     void Save() {
         const int descriptor = mkostemp(saved_.data(), O_CLOEXEC);
         if (descriptor == -1) {
-            Fail(target_);
+            FailToWrite(target_);
         }
         close(descriptor);
         unlink(saved_.c_str());
         if (link(target_.c_str(), saved_.c_str()) != 0) {
-            Fail(target_);
+            FailToWrite(target_);
         }
         hasSaved_ = true;
     }

@@ -7,6 +7,7 @@
 #include "image/entry.h"
 #include "output/shown_text.h"
 #include "output/table.h"
+#include "paramtool/key_argument.h"
 
 namespace paramgen::paramtool {
 namespace {
@@ -15,10 +16,6 @@ using layout::Value;
 using output::Json;
 using output::JsonText;
 using output::Shown;
-
-std::string NameOf(const Value& value) {
-    return value.HasKey() ? value.module + "/" + value.section + ":" + value.key : value.member;
-}
 
 bool IsSameKey(const Value& a, const Value& b) {
     return a.HasKey() && a.module == b.module && a.section == b.section && a.key == b.key;

@@ -17,11 +17,6 @@ struct GetOptions {
     std::string input;
 };
 
-/// "module/section:key", or the member of a value without a key.
-std::string NameOf(const layout::Value& value) {
-    return value.HasKey() ? image::KeyOf(value) : value.member;
-}
-
 /// Whether all values are those of one key.
 bool IsOneKey(const std::vector<const layout::Value*>& values) {
     for (const layout::Value* value : values) {

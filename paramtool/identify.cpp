@@ -51,7 +51,7 @@ std::string InWords(std::size_t keys) {
     return std::to_string(keys) + (keys == 1 ? " key differs" : " keys differ");
 }
 
-std::string Text(const Self& self, const std::vector<Distance>& distances) {
+std::string TextOf(const Self& self, const std::vector<Distance>& distances) {
     std::string text = "model:            " + output::Shown(self.model) +
                        "\nsoftware version: " + output::Shown(self.version) +
                        "\nflagged values:   " + std::to_string(self.flagged) + "\n";
@@ -62,7 +62,7 @@ std::string Text(const Self& self, const std::vector<Distance>& distances) {
     return text + table.Text();
 }
 
-output::Json Json(const Self& self, const std::vector<Distance>& distances) {
+output::Json JsonOf(const Self& self, const std::vector<Distance>& distances) {
     output::Json trees = output::Json::array();
     for (const Distance& distance : distances) {
         trees.push_back(
@@ -91,8 +91,8 @@ int RunIdentify(const IdentifyOptions& options) {
     std::stable_sort(distances.begin(), distances.end(),
                      [](const Distance& a, const Distance& b) { return a.keys < b.keys; });
     const Self self = SelfOf(input.image);
-    options.result.Write(options.result.format == "json" ? output::Dumped(Json(self, distances))
-                                                         : Text(self, distances));
+    options.result.Write(options.result.format == "json" ? output::Dumped(JsonOf(self, distances))
+                                                         : TextOf(self, distances));
     if (isRefused) {
         return kWrongUse;
     }

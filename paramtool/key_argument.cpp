@@ -5,6 +5,7 @@
 
 #include "check/check.h"
 #include "diagnostics/report.h"
+#include "image/dump.h"
 #include "output/result.h"
 #include "output/shown_text.h"
 #include "paramtool/command.h"
@@ -19,6 +20,10 @@ layout::KeyPattern ParseKey(const std::string& argument) {
         throw output::UserError(output::Shown(error));
     }
     return *std::move(pattern);
+}
+
+std::string NameOf(const layout::Value& value) {
+    return value.HasKey() ? image::KeyOf(value) : value.member;
 }
 
 KeyFilter::KeyFilter(const std::vector<std::string>& arguments) : arguments_(arguments) {

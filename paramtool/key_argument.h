@@ -30,6 +30,9 @@ private:
 /// Reads a KEY argument. Throws `output::UserError` when it is malformed.
 layout::KeyPattern ParseKey(const std::string& argument);
 
+/// "module/section:key", or the member of a value without a key.
+std::string NameOf(const layout::Value& value);
+
 /// A KEY argument that names nothing.
 class UnknownKey : public std::runtime_error {
 public:
