@@ -10,6 +10,7 @@ namespace {
 
 int g_boolQueriesLeft = 0;
 int g_textQueriesLeft = 0;
+int g_moduleQueriesLeft = 0;
 
 bool Fails(int* left) {
     return *left != 0 && --*left == 0;
@@ -25,6 +26,10 @@ void FailTextQuery(int number) {
     g_textQueriesLeft = number;
 }
 
+void FailModuleQuery(int number) {
+    g_moduleQueriesLeft = number;
+}
+
 extern "C" {
 
 // Mangled names of the wrapped functions.
@@ -36,6 +41,9 @@ __real__ZN8paramgen21ZV_CONFACCESS_GetBoolERKNS_12LockedModuleESt17basic_string_
     std::int32_t* value);
 std::int32_t __real__ZN8paramgen8FindTextEPKcS1_PS1_(const char* module, const char* key,
                                                      const char** text);
+std::int32_t __real__ZN8paramgen27ZV_CONFACCESS_IsMoudleExistEPKcS1_Pi(const char* cfgName,
+                                                                       const char* module,
+                                                                       std::int32_t* isExist);
 
 std::int32_t
 __wrap__ZN8paramgen21ZV_CONFACCESS_GetBoolERKNS_12LockedModuleESt17basic_string_viewIcSt11char_traitsIcEEiPi(
@@ -51,6 +59,14 @@ std::int32_t __wrap__ZN8paramgen8FindTextEPKcS1_PS1_(const char* module, const c
                                                      const char** text) {
     return Fails(&g_textQueriesLeft) ? -1
                                      : __real__ZN8paramgen8FindTextEPKcS1_PS1_(module, key, text);
+}
+
+std::int32_t __wrap__ZN8paramgen27ZV_CONFACCESS_IsMoudleExistEPKcS1_Pi(const char* cfgName,
+                                                                       const char* module,
+                                                                       std::int32_t* isExist) {
+    return Fails(&g_moduleQueriesLeft) ? -1
+                                       : __real__ZN8paramgen27ZV_CONFACCESS_IsMoudleExistEPKcS1_Pi(
+                                             cfgName, module, isExist);
 }
 
 // NOLINTEND(bugprone-reserved-identifier)
