@@ -184,7 +184,7 @@ bool Dictionary::IndexSections() {
         Record* record = RecordAt(place);
         const std::string_view name = record->NameView();
         if (record->section == place) {
-            if (FindCharacter(name, ':') != name.size() || !Index(place, name)) {
+            if (FindFirst(name, ':') != name.size() || !Index(place, name)) {
                 return false;
             }
             keys = 0;
@@ -251,7 +251,7 @@ std::uint32_t Dictionary::FindInSection(std::uint32_t section, std::uint32_t end
 
 /// Returns the place of the record of `key`, or 0, by the index of the sections.
 std::uint32_t Dictionary::FindBySection(std::string_view key) const {
-    const std::size_t colon = FindCharacter(key, ':');
+    const std::size_t colon = FindFirst(key, ':');
     const std::uint32_t section = FindSection({key.data(), colon});
     if (section == 0 || colon == key.size()) {
         return section;

@@ -9,21 +9,25 @@ constexpr IniLine kNoContent = {.kind = IniLineKind::kNothing, .name = {}, .valu
 constexpr IniLine kBadLine = {.kind = IniLineKind::kSyntaxError, .name = {}, .value = {}};
 
 std::string_view StripStart(std::string_view text) {
-    while (!text.empty() && IsSpace(text.front())) {
-        text.remove_prefix(1);
+    const char* begin = text.data();
+    const char* const end = begin + text.size();
+    while (begin != end && IsSpace(*begin)) {
+        ++begin;
     }
-    return text;
+    return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 std::string_view StripEnd(std::string_view text) {
-    while (!text.empty() && IsSpace(text.back())) {
-        text.remove_suffix(1);
+    const char* const begin = text.data();
+    const char* end = begin + text.size();
+    while (end != begin && IsSpace(end[-1])) {
+        --end;
     }
-    return text;
+    return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 std::string_view CutAt(std::string_view text, char c) {
-    return {text.data(), FindCharacter(text, c)};
+    return {text.data(), FindFirst(text, c)};
 }
 
 /// Parses a name in brackets. Text after the first ']' is ignored.
@@ -68,7 +72,7 @@ IniLine ParseIniLine(std::string_view text) {
     if (text.front() == '[' && text.back() == ']') {
         return ParseSection(text);
     }
-    const std::size_t equals = FindCharacter(text, '=');
+    const std::size_t equals = FindFirst(text, '=');
     if (equals == 0 || equals == text.size()) {
         return kBadLine;
     }

@@ -21,14 +21,13 @@ public:
     /// The maximal length of a piece, newline included; a longer line is split into several.
     static constexpr std::size_t kPieceMax = 1023;
 
-    explicit LineReader(std::string_view text);
+    explicit LineReader(std::string_view text) : rest_(text) {}
 
     /// Takes the next line. Returns false at the text's end.
     bool Next(TextLine* line);
 
 private:
     std::string_view rest_;
-    bool hasNul_;  ///< whether the text has a NUL: looked for once, since hardly any has
 };
 
 }  // namespace paramgen

@@ -89,7 +89,7 @@ Status BuildFileName(const ConfigEntry& config, const char* function, ModuleEntr
         return kModuleIncomplete;
     }
     const bool joined =
-        FormatOrTell(module->file, kPathSize, function, 192, "%s%c%s", module->path, '/', fileName);
+        FormatOrTell(module->file, kPathSize, function, 192, "%s/%s", module->path, fileName);
     return joined ? kOk : kFailed;
 }
 

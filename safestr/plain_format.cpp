@@ -1,6 +1,7 @@
 #include "safestr/plain_format.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -95,7 +96,11 @@ int PutText(Output* out, std::string_view text) {
 }
 
 int PutString(Output* out, const char* text, std::size_t precision) {
-    return text == nullptr ? kNotPlain : PutText(out, {text, LengthUpTo(text, precision)});
+    if (text == nullptr) {
+        return kNotPlain;
+    }
+    return PutText(out,
+                   {text, precision == SIZE_MAX ? std::strlen(text) : LengthUpTo(text, precision)});
 }
 
 /// Writes a number, right-aligned within its width.
@@ -122,6 +127,42 @@ int PutNumber(Output* out, const Conversion& conversion, std::uint64_t bits) {
     return 0;
 }
 
+/// Whether %f is supported. On a machine of 32 bits, where size counts more, libc does it.
+constexpr bool kWritesFractions = sizeof(Word) >= 8;
+
+/// Writes a number with six decimal places, rounded to the nearest, or to an even digit between
+/// two. Leaves large numbers, small ones, and what is no number to libc.
+int PutFraction(Output* out, double number) {
+    constexpr std::uint64_t kScale = 1'000'000;
+    constexpr std::uint64_t kHalf = std::uint64_t{1} << 63;
+    const double magnitude = std::fabs(number);
+    if (!(magnitude < 0x1p32)) {
+        return kNotPlain;
+    }
+    auto whole = static_cast<std::uint64_t>(magnitude);
+    const double fraction = magnitude - static_cast<double>(whole);
+    if (fraction != 0 && fraction < 0x1p-11) {
+        return kNotPlain;  // it may have bits beyond the 64 that follow
+    }
+    // Multiplied in two halves, the integer part of the product is the decimal places.
+    const auto bits = static_cast<std::uint64_t>(fraction * 0x1p64);
+    const std::uint64_t low = (bits & UINT32_MAX) * kScale;
+    const std::uint64_t high = (bits >> 32) * kScale + (low >> 32);
+    const std::uint64_t rest = high << 32 | (low & UINT32_MAX);
+    std::uint64_t places = high >> 32;
+    places += rest > kHalf || (rest == kHalf && places % 2 == 1) ? 1 : 0;
+    whole += places / kScale;
+
+    int result = std::signbit(number) ? PutText(out, "-") : 0;
+    const Conversion digits = {
+        .width = 0, .precision = SIZE_MAX, .longs = 0, .padding = '0', .kind = 'u'};
+    result = result != 0 ? result : PutNumber(out, digits, whole);
+    result = result != 0 ? result : PutText(out, ".");
+    Conversion six = digits;
+    six.width = 6;
+    return result != 0 ? result : PutNumber(out, six, places % kScale);
+}
+
 /// Writes any supported conversion.
 int Convert(Output* out, const Conversion& conversion, Arguments* args) {
     const char kind = conversion.kind;
@@ -129,6 +170,11 @@ int Convert(Output* out, const Conversion& conversion, Arguments* args) {
         return conversion.width == 0 && conversion.longs == 0
                    ? PutString(out, va_arg(args->list, const char*), conversion.precision)
                    : kNotPlain;
+    }
+    if (kWritesFractions && kind == 'f') {
+        const bool isPlain =
+            conversion.width == 0 && conversion.precision == SIZE_MAX && conversion.longs == 0;
+        return isPlain ? PutFraction(out, va_arg(args->list, double)) : kNotPlain;
     }
     const bool isNumber = kind == 'd' || kind == 'u' || kind == 'x' || kind == 'X';
     return isNumber && conversion.precision == SIZE_MAX

@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cstdarg>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -230,7 +233,7 @@ TEST(FormatPlain, MixedArgumentsComeInTheirOrder) {
 TEST(FormatPlain, AnythingElseIsForLibc) {
     char dest[64];
     const char* nothing = nullptr;
-    EXPECT_EQ(Format(dest, sizeof dest, "%f", 1.5), kNotPlain);
+    EXPECT_EQ(Format(dest, sizeof dest, "%f", 1e300), kNotPlain);
     EXPECT_EQ(Format(dest, sizeof dest, "text %g", 1.5), kNotPlain);
     EXPECT_EQ(Format(dest, sizeof dest, "%p", dest), kNotPlain);
     EXPECT_EQ(Format(dest, sizeof dest, "%c", 'c'), kNotPlain);
@@ -261,6 +264,66 @@ TEST(FormatPlain, OneByteHoldsTheEmptyTextOnly) {
     EXPECT_EQ(Format(dest, 1, "%d", 1), kDoesNotFit);
     EXPECT_EQ(Format(dest, 1, "%s", "a"), kDoesNotFit);
     EXPECT_EQ(dest[1], '#');
+}
+
+// Where fractions are not supported, all of them are left to libc, and the tests see nothing else.
+constexpr bool kHasFractions = sizeof(void*) == 8;
+
+std::string Fraction(double number) {
+    char text[64];
+    const int length = Format(text, sizeof text, "%f", number);
+    return length == kNotPlain ? "left to libc" : text;
+}
+
+TEST(FormatPlain, FractionsAreRoundedToSixPlaces) {
+    if (!kHasFractions) {
+        GTEST_SKIP();
+    }
+    EXPECT_EQ(Fraction(0.0), "0.000000");
+    EXPECT_EQ(Fraction(-0.0), "-0.000000");
+    EXPECT_EQ(Fraction(30.0), "30.000000");
+    EXPECT_EQ(Fraction(-2.5), "-2.500000");
+    EXPECT_EQ(Fraction(static_cast<double>(29.97F)), "29.969999");
+    EXPECT_EQ(Fraction(0.9999996), "1.000000");
+    EXPECT_EQ(Fraction(9.9999994), "9.999999");
+    EXPECT_EQ(Fraction(4294967295.9999995), "4294967296.000000");
+    // Between two: the even digit.
+    EXPECT_EQ(Fraction(0.0078125), "0.007812");
+    EXPECT_EQ(Fraction(0.0234375), "0.023438");
+    EXPECT_EQ(Fraction(-17.0078125), "-17.007812");
+}
+
+TEST(FormatPlain, LargeAndSmallFractionsAreLeftToLibc) {
+    for (const double number : {4294967296.0, -4294967296.0, 1e300, 0.000488, 1.0 + 0x1p-12, 1e-300,
+                                HUGE_VAL, -HUGE_VAL, std::nan("")}) {
+        EXPECT_EQ(Fraction(number), "left to libc") << number;
+    }
+    char text[64];
+    EXPECT_EQ(Format(text, sizeof text, "%.2f", 1.0), kNotPlain);
+    EXPECT_EQ(Format(text, sizeof text, "%9f", 1.0), kNotPlain);
+}
+
+TEST(FormatPlain, FractionsAreThoseOfLibc) {
+    if (!kHasFractions) {
+        GTEST_SKIP();
+    }
+    std::mt19937_64 random(1);
+    for (int round = 0; round < 200'000; ++round) {
+        const double scale = std::ldexp(1.0, static_cast<int>(random() % 48) - 14);
+        double number = static_cast<double>(static_cast<std::int64_t>(random())) * 0x1p-63 * scale;
+        if (round % 2 == 0) {
+            number = static_cast<double>(static_cast<float>(number));
+        } else if (round % 5 == 0) {
+            number = std::round(number * 128) / 128;  // ends in a five, often at the seventh place
+        }
+        const std::string written = Fraction(number);
+        char expected[64];
+        std::snprintf(expected, sizeof expected, "%f", number);
+        ASSERT_TRUE(written == expected || written == "left to libc") << number << ' ' << written;
+    }
+    ExpectAsLibc("%f", 29.97);
+    ExpectAsLibc("[%d] %f, %s\n", 7, -0.5, "x");
+    ExpectAsLibc("%f%f", 123456.789, 0.25);
 }
 
 }  // namespace

@@ -69,29 +69,29 @@ TEST(ShortText, CountCharacterCountsAll) {
     }
 }
 
-TEST(ShortText, FindCharacterFindsTheFirstAtEveryPlace) {
-    for (std::size_t length = 0; length < 40; ++length) {
-        EXPECT_EQ(FindCharacter(std::string(length, 'x'), ';'), length);
+TEST(ShortText, FindFirstFindsTheFirstAtEveryPlace) {
+    for (std::size_t length = 0; length < 60; ++length) {
+        EXPECT_EQ(FindFirst(std::string(length, 'x'), ';'), length);
         for (std::size_t at = 0; at < length; ++at) {
             // On the heap without a terminator, so that the sanitizer sees reading too far.
             std::vector<char> text(length, 'x');
             text[at] = ';';
-            EXPECT_EQ(FindCharacter({text.data(), length}, ';'), at) << length;
+            EXPECT_EQ(FindFirst({text.data(), length}, ';'), at) << length;
             text.back() = ';';
-            EXPECT_EQ(FindCharacter({text.data(), length}, ';'), at) << length;
+            EXPECT_EQ(FindFirst({text.data(), length}, ';'), at) << length;
         }
     }
 }
 
-TEST(ShortText, FindEitherFindsTheFirstOfTwoAtEveryPlace) {
-    for (std::size_t length = 0; length < 40; ++length) {
-        EXPECT_EQ(FindEither(std::string(length, 'x'), ';', '='), length);
+TEST(ShortText, FindFirstFindsTheFirstOfSeveralAtEveryPlace) {
+    for (std::size_t length = 0; length < 60; ++length) {
+        EXPECT_EQ(FindFirst(std::string(length, 'x'), ';', '=', '\0'), length);
         for (std::size_t at = 0; at < length; ++at) {
-            for (const char first : {';', '='}) {
+            for (const char first : {';', '=', '\0'}) {
                 std::vector<char> text(length, 'x');
                 text.back() = first == ';' ? '=' : ';';
                 text[at] = first;
-                EXPECT_EQ(FindEither({text.data(), length}, ';', '='), at) << length;
+                EXPECT_EQ(FindFirst({text.data(), length}, ';', '=', '\0'), at) << length;
             }
         }
     }
