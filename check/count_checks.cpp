@@ -84,7 +84,7 @@ CountLine LineOf(const Inspection& inspection, std::uint32_t offset) {
         return {};
     }
     const std::string key = value->section + ":" + value->key;
-    for (const std::string& name : value->modules) {
+    for (const layout::Name name : value->modules) {
         const tree::Module* module = inspection.product().FindModule(name);
         const Asked* asked = inspection.FindAsked(name, key);
         if (module != nullptr && asked != nullptr && asked->answer->text.has_value()) {

@@ -41,14 +41,11 @@ std::uint32_t LargestCount(const layout::Key* key) {
         return 0;
     }
     const std::uint32_t offset = key->values.front()->offset;
-    for (const std::span<const layout::Value> values :
-         {layout::Values(), layout::SpilledValues()}) {
-        for (const layout::Value& value : values) {
-            for (const layout::Condition& condition : value.conditions) {
-                const bool counts =
-                    condition.kind == layout::ConditionKind::kCounted && condition.count == offset;
-                largest = counts ? std::max(largest, condition.largest) : largest;
-            }
+    for (const layout::Value& value : layout::Values()) {
+        for (const layout::Condition& condition : value.conditions) {
+            const bool counts =
+                condition.kind == layout::ConditionKind::kCounted && condition.count == offset;
+            largest = counts ? std::max(largest, condition.largest) : largest;
         }
     }
     return largest;

@@ -58,7 +58,7 @@ struct ModuleKeys {
 const std::map<std::string, ModuleKeys, std::less<>>& Known() {
     static const auto known = [] {
         std::map<std::string, ModuleKeys, std::less<>> modules;
-        for (const layout::Key& key : layout::Keys()) {
+        const auto add = [&modules](const layout::Key& key) {
             ModuleKeys& module = modules[key.name.module];
             const auto [place, isNew] =
                 module.byName.try_emplace(LowerCase(key.name.section), module.sections.size());
@@ -68,7 +68,9 @@ const std::map<std::string, ModuleKeys, std::less<>>& Known() {
             module.sections[place->second].keys.push_back(key.name.key);
             module.withoutNumbers.insert(
                 WithoutNumbers(LowerCase(key.name.section + ":" + key.name.key)));
-        }
+        };
+        std::for_each(layout::Keys().begin(), layout::Keys().end(), add);
+        std::for_each(layout::SpilledKeys().begin(), layout::SpilledKeys().end(), add);
         return modules;
     }();
     return known;

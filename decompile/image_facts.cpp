@@ -106,7 +106,7 @@ const std::vector<std::string>& NeededModules() {
     static const auto kNeeded = [] {
         std::vector<std::string> needed;
         for (const layout::Value& value : layout::Values()) {
-            for (const std::string& module : value.modules) {
+            for (const layout::Name module : value.modules) {
                 if (!IsOptional(module) &&
                     std::find(needed.begin(), needed.end(), module) == needed.end()) {
                     needed.push_back(module);

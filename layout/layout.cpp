@@ -1,190 +1,209 @@
 #include "layout/layout.h"
 
 #include <algorithm>
-#include <numeric>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "generator/image.h"
+#include "layout/name_index.h"
+#include "layout/store.h"
 #include "layout/walk.h"
 
 namespace paramgen::layout {
 namespace {
 
-/// A name in lower case, as keys of maps: keys are case-insensitive.
-std::string KeyText(std::string_view module, std::string_view section, std::string_view key) {
-    std::string text;
-    text.reserve(module.size() + section.size() + key.size() + 2);
-    text += module;
-    text += '/';
-    text += section;
-    text += ':';
-    text += key;
-    for (char& c : text) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+/// The same values by offset. They cover `size` bytes exactly once.
+std::vector<Value> ByOffset(const std::vector<Value>& values, std::uint32_t size) {
+    std::vector<const Value*> owners(size);
+    for (const Value& value : values) {
+        owners[value.offset] = &value;
     }
-    return text;
-}
-
-std::string KeyText(const KeyName& name) {
-    return KeyText(name.module, name.section, name.key);
-}
-
-/// The same values by offset. Numbers are sorted, as values are large.
-std::vector<Value> ByOffset(std::vector<Value> values) {
-    std::vector<std::size_t> order(values.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::sort(order.begin(), order.end(),
-              [&](std::size_t a, std::size_t b) { return values[a].offset < values[b].offset; });
     std::vector<Value> sorted;
     sorted.reserve(values.size());
-    for (const std::size_t number : order) {
-        sorted.push_back(std::move(values[number]));
+    for (const Value* value : owners) {
+        if (value != nullptr) {
+            sorted.push_back(*value);
+        }
     }
     return sorted;
 }
 
-/// All lists of this room. There is one object, made on the first call. It is never destroyed,
-/// because that would take a large part of the time of a run.
-class Layout {
-public:
-    static const Layout& Get() {
-        static const Layout* const layout = new Layout;
-        return *layout;
-    }
-
-    std::vector<Value> values;
-    std::vector<Value> spilled;
-    std::vector<Pattern> patterns;
-    std::vector<Key> keys;
-    std::vector<std::string> modules;
-    std::unordered_map<std::string, std::size_t> keyNumbers;
-
-private:
-    Layout();
-
-    void AddPatterns();
-    void AddSearches();
-    void AddEntryFile();
-    void AddKeys();
-    Pattern* PatternOf(const Value& value);
-    Key* KeyOf(KeyRole role, const KeyName& name, const Pattern* pattern);
-
-    std::unordered_map<std::string, std::size_t> patternNumbers_;
-    std::vector<const Value*> searched_;  ///< a value of each search, in the order of `patterns`
-};
-
-Layout::Layout() {
-    Walked walked = WalkSections(kImageTable);
-    values = ByOffset(std::move(walked.values));
-    spilled = std::move(walked.spilled);
-    keys.reserve(values.size() + spilled.size());
-    keyNumbers.reserve(values.size() + spilled.size());
-    AddPatterns();
-    AddSearches();
-    AddEntryFile();
-    AddKeys();
-}
-
-Pattern* Layout::PatternOf(const Value& value) {
-    const auto [place, isNew] =
-        patternNumbers_.try_emplace(KeyText(value.pattern), patterns.size());
-    if (isNew) {
-        patterns.push_back({KeyRole::kValue, value.pattern, {}, {}});
-    }
-    return &patterns[place->second];
-}
-
-void Layout::AddPatterns() {
-    for (const Value& value : values) {
-        if (value.HasKey()) {
-            PatternOf(value)->values.push_back(&value);
+/// All values of searches: one for each.
+std::vector<const Value*> Searched() {
+    std::vector<const Value*> searched;
+    std::vector<const ModuleSearch*> known;
+    for (const Value& value : Values()) {
+        for (const Condition& condition : value.conditions) {
+            const bool isNew =
+                condition.search != nullptr &&
+                std::find(known.begin(), known.end(), condition.search) == known.end();
+            if (isNew) {
+                known.push_back(condition.search);
+                searched.push_back(&value);
+            }
         }
     }
-    for (const Value& value : spilled) {
-        PatternOf(value)->spilled.push_back(&value);
-    }
+    return searched;
 }
 
-void Layout::AddSearches() {
-    std::unordered_set<std::string> known;
-    for (const Value& value : values) {
-        for (const Condition& condition : value.conditions) {
-            if (condition.kind != ConditionKind::kSearchedModule) {
-                continue;
-            }
+/// The key that names the media mode of `module`, which the search of a value goes through.
+KeyView SearchKey(const Value& value, Name module) {
+    for (const Condition& condition : value.conditions) {
+        if (condition.search != nullptr) {
             const std::string_view key = condition.search->key;
             const std::size_t colon = key.find(':');
-            const KeyName name = {value.module, std::string(key.substr(0, colon)),
-                                  std::string(key.substr(colon + 1))};
-            if (known.insert(Text(name)).second) {
-                patterns.push_back({KeyRole::kSearch, name, {}, {}});
-                searched_.push_back(&value);
+            return {module, key.substr(0, colon), key.substr(colon + 1)};
+        }
+    }
+    return {};
+}
+
+std::vector<Pattern> ListPatterns() {
+    std::vector<Pattern> patterns;
+    NameIndex index;
+    for (const Value& value : Values()) {
+        if (!value.HasKey()) {
+            continue;
+        }
+        const std::size_t number = index.NumberOf(value.pattern, patterns);
+        if (number == patterns.size()) {
+            patterns.push_back({KeyRole::kValue, value.pattern, {}});
+            index.Add(patterns);
+        }
+        patterns[number].values.push_back(&value);
+    }
+    for (const Value* value : Searched()) {
+        patterns.push_back({KeyRole::kSearch, SearchKey(*value, value->module), {}});
+    }
+    for (const KeyView& name : {KeyView{"", "module", "module_num"},
+                                {"", "module", "moduleN"},
+                                {"", "MODULE", "path"},
+                                {"", "MODULE", "cfg_filename"}}) {
+        patterns.push_back({KeyRole::kEntry, name, {}});
+    }
+    return patterns;
+}
+
+/// Keys, and their names.
+class KeyList {
+public:
+    /// The keys of `values`.
+    KeyList(KeyRole role, std::span<const Value> values);
+
+    std::span<const Key> keys() const { return keys_; }
+
+    const Key* Find(const KeyView& name) const {
+        const std::size_t number = index_.NumberOf(name, keys_);
+        return number == keys_.size() ? nullptr : &keys_[number];
+    }
+
+    void AddSearches();
+
+private:
+    /// A value, and the number of a key that gives it.
+    using Giver = std::pair<std::size_t, const Value*>;
+
+    std::size_t NumberOf(KeyRole role, const KeyView& name);
+    void SetValues(const std::vector<Giver>& givers);
+
+    std::vector<Key> keys_;
+    NameIndex index_;
+};
+
+KeyList::KeyList(KeyRole role, std::span<const Value> values) {
+    std::vector<Giver> givers;
+    keys_.reserve(values.size());
+    givers.reserve(values.size());
+    for (const Value& value : values) {
+        for (const Name module : value.modules) {
+            if (value.HasKey()) {
+                givers.emplace_back(NumberOf(role, {module, value.section, value.key}), &value);
             }
         }
     }
+    SetValues(givers);
 }
 
-void Layout::AddEntryFile() {
-    patterns.push_back({KeyRole::kEntry, {"", "module", "module_num"}, {}, {}});
-    patterns.push_back({KeyRole::kEntry, {"", "module", "moduleN"}, {}, {}});
-    patterns.push_back({KeyRole::kEntry, {"", "MODULE", "path"}, {}, {}});
-    patterns.push_back({KeyRole::kEntry, {"", "MODULE", "cfg_filename"}, {}, {}});
+std::size_t KeyList::NumberOf(KeyRole role, const KeyView& name) {
+    const std::size_t number = index_.NumberOf(name, keys_);
+    if (number == keys_.size()) {
+        keys_.push_back({role, name, {}});
+        index_.Add(keys_);
+    }
+    return number;
 }
 
-Key* Layout::KeyOf(KeyRole role, const KeyName& name, const Pattern* pattern) {
-    const auto [place, isNew] = keyNumbers.try_emplace(KeyText(name), keys.size());
-    if (isNew) {
-        keys.push_back({role, name, {}, pattern});
+/// Gives each key its values, which `givers` has in no order of keys.
+void KeyList::SetValues(const std::vector<Giver>& givers) {
+    std::vector<std::size_t> ends(keys_.size());
+    for (const auto& [number, value] : givers) {
+        ++ends[number];
     }
-    return &keys[place->second];
+    const std::span<const Value*> all = Store::Get().List<const Value*>(givers.size());
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < keys_.size(); ++i) {
+        keys_[i].values = all.subspan(begin, ends[i]);
+        begin += ends[i];
+        ends[i] = begin;
+    }
+    for (auto giver = givers.rbegin(); giver != givers.rend(); ++giver) {
+        all[--ends[giver->first]] = giver->second;
+    }
 }
 
-void Layout::AddKeys() {
-    const auto add = [this](KeyRole role, const Value& value, const Pattern* pattern) {
-        for (const std::string& module : value.modules) {
-            KeyOf(role, {module, value.section, value.key}, pattern)->values.push_back(&value);
-        }
-    };
-    for (const Pattern& pattern : patterns) {
-        for (const Value* value : pattern.values) {
-            add(KeyRole::kValue, *value, &pattern);
-        }
-        for (const Value* value : pattern.spilled) {
-            add(KeyRole::kSpill, *value, &pattern);
+void KeyList::AddSearches() {
+    for (const Value* value : Searched()) {
+        for (const Name module : value->modules) {
+            static_cast<void>(NumberOf(KeyRole::kSearch, SearchKey(*value, module)));
         }
     }
-    std::size_t search = 0;
-    for (const Pattern& pattern : patterns) {
-        if (pattern.role == KeyRole::kSearch) {
-            for (const std::string& module : searched_[search++]->modules) {
-                KeyOf(KeyRole::kSearch, {module, pattern.name.section, pattern.name.key}, &pattern);
-            }
-        }
-    }
-    std::unordered_set<std::string> known;
-    for (const Key& key : keys) {
-        if (known.insert(key.name.module).second) {
+}
+
+const KeyList& ValueKeys() {
+    static const KeyList* const list = [] {
+        auto* const keys = new KeyList(KeyRole::kValue, Values());
+        keys->AddSearches();
+        return keys;
+    }();
+    return *list;
+}
+
+const KeyList& SpillKeys() {
+    static const KeyList* const list = new KeyList(KeyRole::kSpill, SpilledValues());
+    return *list;
+}
+
+std::vector<std::string> ListModules() {
+    std::vector<std::string> modules;
+    for (const Key& key : Keys()) {
+        if (std::find(modules.rbegin(), modules.rend(), key.name.module) == modules.rend()) {
             modules.push_back(key.name.module);
         }
     }
+    return modules;
 }
 
-/// The key of the value at `offset`: "osd:osdcnt"; its member path when it has no key.
+/// The key of a value: "osd:osdcnt"; its member path when it has no key.
 std::string NameAt(std::uint32_t offset) {
     const Value* value = ValueAt(offset);
-    return value->HasKey() ? value->section + ":" + value->key : value->member;
+    if (value == nullptr || !value->HasKey()) {
+        return value == nullptr ? "" : std::string(value->member);
+    }
+    return value->section + ":" + value->key;
 }
 
 }  // namespace
 
+// The lists are never destroyed, because that would take a large part of the time of a run.
+
 std::span<const Value> Values() {
-    return Layout::Get().values;
+    static const auto* const values =
+        new std::vector<Value>(ByOffset(WalkSections(kImageTable), kImageTable.size));
+    return *values;
 }
 
 std::span<const Value> SpilledValues() {
-    return Layout::Get().spilled;
+    static const auto* const values = new std::vector<Value>(WalkSpilled(kImageTable));
+    return *values;
 }
 
 const Value* ValueAt(std::uint32_t offset) {
@@ -200,17 +219,22 @@ const Value* ValueAt(std::uint32_t offset) {
 }
 
 std::span<const Pattern> Patterns() {
-    return Layout::Get().patterns;
+    static const auto* const patterns = new std::vector<Pattern>(ListPatterns());
+    return *patterns;
 }
 
 std::span<const Key> Keys() {
-    return Layout::Get().keys;
+    return ValueKeys().keys();
+}
+
+std::span<const Key> SpilledKeys() {
+    return SpillKeys().keys();
 }
 
 const Key* FindKey(std::string_view module, std::string_view section, std::string_view key) {
-    const Layout& layout = Layout::Get();
-    const auto place = layout.keyNumbers.find(KeyText(module, section, key));
-    return place == layout.keyNumbers.end() ? nullptr : &layout.keys[place->second];
+    const KeyView name = {module, section, key};
+    const Key* found = ValueKeys().Find(name);
+    return found == nullptr ? SpillKeys().Find(name) : found;
 }
 
 std::vector<const Value*> Find(const KeyPattern& pattern) {
@@ -231,7 +255,8 @@ std::vector<const Value*> Find(const KeyPattern& pattern) {
 }
 
 std::span<const std::string> Modules() {
-    return Layout::Get().modules;
+    static const auto* const modules = new std::vector<std::string>(ListModules());
+    return *modules;
 }
 
 std::string Words(const Condition& condition) {
@@ -243,7 +268,7 @@ std::string Words(const Condition& condition) {
             if (condition.keys.empty()) {
                 return "always";
             }
-            const auto name = [](const KeyName& key) { return key.section + ":" + key.key; };
+            const auto name = [](const KeyView& key) { return key.section + ":" + key.key; };
             const std::string first = name(condition.keys.front());
             const std::string last = name(condition.keys.back());
             return condition.keys.size() == 1 ? "when " + first + " is there"

@@ -1,7 +1,8 @@
 /// The image as a list of values: what every byte of it is, and which key it comes from.
 ///
-/// The list is made from the program's field tables on the first call and kept until the process
-/// ends, so everything that these functions refer to stays valid.
+/// The values are listed from the program's field tables on the first call, the keys and patterns
+/// when they are first asked for. The lists are kept until the process ends, so everything that
+/// these functions refer to stays valid.
 #pragma once
 
 #include <cstdint>
@@ -36,9 +37,8 @@ enum class KeyRole : std::uint8_t {
 /// The keys of one table row, written with letters for the indices of elements: "venc.N:venchdl".
 struct Pattern {
     KeyRole role;
-    KeyName name;
-    std::vector<const Value*> values;   ///< kValue: all values that the keys give, by offset
-    std::vector<const Value*> spilled;  ///< kValue: those of `SpilledValues()`
+    KeyView name;
+    std::vector<const Value*> values;  ///< kValue: all values that the keys give, by offset
 };
 
 /// All patterns: first those with values, in the order of their first values, then those of
@@ -48,17 +48,19 @@ std::span<const Pattern> Patterns();
 /// One key that a run may ask for.
 struct Key {
     KeyRole role;
-    KeyName name;                      ///< with the module's real name
-    std::vector<const Value*> values;  ///< kValue, kSpill: all values that it gives, by offset
-    const Pattern* pattern;            ///< the pattern that it belongs to
+    KeyView name;                          ///< with the module's real name
+    std::span<const Value* const> values;  ///< kValue, kSpill: all values that it gives, by offset
 };
 
-/// All keys of all modules, with those of spilled elements and of searches. The keys of the entry
-/// file are left out: their number is not limited.
+/// All keys of all modules, with those of searches, and without those of spilled elements. The keys
+/// of the entry file are left out: their number is not limited.
 std::span<const Key> Keys();
 
-/// The key with this name, compared case-insensitively; null when no table has it. A module that is
-/// found by a search is given by its real name.
+/// The keys that only give elements beyond their arrays.
+std::span<const Key> SpilledKeys();
+
+/// The key with this name, compared case-insensitively; null when no table has it. Those of spilled
+/// elements are found too. A module that is found by a search is given by its real name.
 const Key* FindKey(std::string_view module, std::string_view section, std::string_view key);
 
 /// `condition` in words: "while osd:osdcnt is above 3".

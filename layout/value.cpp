@@ -22,6 +22,14 @@ bool Value::HasDefault() const {
            (HasKey() && Kind() != FieldKind::kText && Kind() != FieldKind::kName);
 }
 
+std::string Value::Label() const {
+    if (field->extra == FieldExtra::kLabel && HasKey()) {
+        return field->label;
+    }
+    const bool isFull = field->fullLabel || field->source == FieldSource::kQuery;
+    return isFull && HasKey() ? section + ":" + key : std::string(key);
+}
+
 std::string Value::About() const {
     return OrEmpty(field->notes.about);
 }

@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "layout/name.h"
 #include "param/common/field.h"
 #include "param/common/names.h"
 
@@ -22,6 +24,19 @@ struct KeyName {
 
 /// "module/section:key".
 std::string Text(const KeyName& name);
+
+/// Full name of a key of the layout.
+struct KeyView {
+    Name module;
+    Name section;
+    Name key;
+
+    operator KeyName() const { return {module, section, key}; }
+
+    friend bool operator==(const KeyView& view, const KeyName& name) {
+        return view.module == name.module && view.section == name.section && view.key == name.key;
+    }
+};
 
 /// Kinds of conditions that must hold for a value to be read.
 enum class ConditionKind : std::uint8_t {
@@ -45,10 +60,10 @@ struct Condition {
     std::uint32_t largest = 0;  ///< kRefused, kSpilling: a larger count is an error
 
     // kLeading
-    std::vector<KeyName> keys;  ///< of the elements before this one
+    std::span<const KeyView> keys;  ///< of the elements before this one
 
     // kOptionalModule
-    std::string module;
+    Name module;
 
     // kSearchedModule
     std::uint32_t wanted = 0;              ///< offset of the media mode that is searched for
@@ -60,19 +75,18 @@ struct Value {
     const Field* field;    ///< kind, source, names, description, unit
     std::uint32_t offset;  ///< in the image, in bytes
     std::uint32_t size;    ///< in bytes
-    std::string member;    ///< member path from the image: "devMng.gsensor.sensitivity"
+    Name member;           ///< member path from the image: "devMng.gsensor.sensitivity"
 
     // With a key only; empty without.
-    std::string module;                ///< "devmng"; "cam0_ldccfg_*" when a search finds it
-    std::string section;               ///< "gsensor"
-    std::string key;                   ///< "sensitivity"
-    std::string label;                 ///< the label that its loader logs when it fails
-    std::vector<std::string> modules;  ///< its module, or all that the search goes through
-    KeyName pattern;  ///< the same key with letters for indices of elements: "venc.N" "venchdl"
+    Name module;                    ///< "devmng"; "cam0_ldccfg_*" when a search finds it
+    Name section;                   ///< "gsensor"
+    Name key;                       ///< "sensitivity"
+    std::span<const Name> modules;  ///< its module, or all that the search goes through
+    KeyView pattern;  ///< the same key with letters for indices of elements: "venc.N" "venchdl"
 
-    std::vector<Condition> conditions;  ///< all of them must hold; the outermost first
+    std::span<const Condition> conditions;  ///< all of them must hold; the outermost first
+    Name context;          ///< `About` of the innermost record around it that has one: "Volume"
     std::uint32_t origin;  ///< of a copy: the offset of the original; else its own offset
-    std::string context;   ///< `About` of the innermost record around it that has one: "Volume"
     std::uint32_t times;   ///< factor of the key's number when it is stored, mostly 1
 
     FieldKind Kind() const { return field->kind; }
@@ -83,6 +97,9 @@ struct Value {
     /// Texts and names have none: their bytes stay zero when the key is absent.
     bool HasDefault() const;
     std::int32_t Default() const { return field->Number(); }
+
+    /// The label that its loader logs when it fails; empty without a key.
+    std::string Label() const;
 
     // The row's notes; empty when it has none.
     std::string About() const;

@@ -1,110 +1,154 @@
 #include "layout/walk.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 #include <utility>
+
+#include "layout/store.h"
 
 namespace paramgen::layout {
 namespace {
 
 /// Index of an array element: as it stands in a name, and the letter for it in the name's pattern.
 struct Number {
-    std::string real;
-    std::string letter;
+    Name real;
+    Name letter;
+};
+
+/// The indices of the array elements around a value, the innermost last.
+class Numbers {
+public:
+    void Add(Number number) { numbers_.at(count_++) = number; }
+    std::size_t size() const { return count_; }
+    const Number* begin() const { return numbers_.data(); }
+    const Number* end() const { return numbers_.data() + count_; }
+
+private:
+    std::array<Number, 8> numbers_;
+    std::size_t count_ = 0;
 };
 
 /// A name, and its pattern.
 struct Named {
-    std::string real;
-    std::string pattern;
+    Name real;
+    Name pattern;
 };
 
 /// The record or value that the walk has come to.
 struct Place {
     Named module;
-    std::vector<std::string> modules;
+    std::span<const Name> modules;
     Named prefix;
-    std::vector<Number> numbers;
+    Numbers numbers;
     std::uint32_t offset = 0;
     std::uint32_t end = 0;  ///< offset up to which elements may spill
     std::uint32_t countMax = UINT32_MAX;
-    std::string member;
-    std::vector<Condition> conditions;
+    Name member;
+    std::span<const Condition> conditions;
     std::uint32_t wanted = 0;
-    std::string context;
+    Name context;
     std::uint32_t times = 1;
     std::uint32_t elementTimes = 1;  ///< becomes `times` in elements of nested arrays
 };
 
-/// Fills in a template: "%s" with `text`, and its "%d" and "%u" with the last of `numbers`, in
-/// order: with what `part` of them says.
-std::string Expand(std::string_view pattern, std::string_view text,
-                   const std::vector<Number>& numbers, std::string Number::*part) {
-    if (pattern.find('%') == pattern.npos) {
-        return std::string(pattern);
+/// The digits of a number, most of which come many times.
+Name Digits(std::uint32_t number) {
+    static std::vector<Name> known;
+    while (known.size() <= number) {
+        const std::string digits = std::to_string(known.size());
+        const std::string_view text = digits;
+        known.push_back(Store::Get().Join({&text, 1}));
     }
-    const auto placeholders = static_cast<std::size_t>(
-        std::count(pattern.begin(), pattern.end(), '%') - (pattern.find("%s") != pattern.npos));
-    std::size_t next = numbers.size() - placeholders;
-    std::string result;
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-        if (pattern[i] != '%') {
-            result += pattern[i];
-            continue;
-        }
-        ++i;
-        result += pattern[i] == 's' ? text : numbers.at(next++).*part;
-    }
-    return result;
+    return known[number];
 }
 
-Named Expand(std::string_view pattern, const Named& text, const std::vector<Number>& numbers) {
-    return {Expand(pattern, text.real, numbers, &Number::real),
-            Expand(pattern, text.pattern, numbers, &Number::letter)};
+/// Fills in a template: "%s" with `text`, and its "%d" and "%u" with the last of `numbers`, in
+/// order: with what `part` of them says.
+Name Fill(std::string_view pattern, Name text, const Numbers& numbers, Name Number::*part) {
+    const auto placeholders = static_cast<std::size_t>(
+        std::count(pattern.begin(), pattern.end(), '%') - (pattern.find("%s") != pattern.npos));
+    const Number* next = numbers.end() - placeholders;
+    std::array<std::string_view, 12> pieces;
+    std::size_t count = 0;
+    while (!pattern.empty()) {
+        const std::size_t length = std::min(pattern.find('%'), pattern.size());
+        pieces.at(count++) = pattern.substr(0, length);
+        pattern.remove_prefix(length);
+        if (!pattern.empty()) {
+            pieces.at(count++) = pattern[1] == 's' ? text : (next++)->*part;
+            pattern.remove_prefix(2);
+        }
+    }
+    return Store::Get().Join({pieces.data(), count});
+}
+
+Named Expand(std::string_view pattern, const Named& text, const Numbers& numbers) {
+    if (pattern.find('%') == pattern.npos) {
+        return {pattern, pattern};
+    }
+    return {Fill(pattern, text.real, numbers, &Number::real),
+            Fill(pattern, text.pattern, numbers, &Number::letter)};
 }
 
 /// The letter for the next index: N, M, K, L. Indices of arrays with one element get none.
-std::string NextLetter(const std::vector<Number>& numbers) {
+Name NextLetter(const Numbers& numbers) {
     constexpr std::string_view kLetters = "NMKL";
     const auto used = std::count_if(numbers.begin(), numbers.end(), [](const Number& number) {
         return number.letter != number.real;
     });
-    return std::string(1, kLetters.at(static_cast<std::size_t>(used)));
+    return kLetters.substr(static_cast<std::size_t>(used), 1);
+}
+
+void AddCondition(const Condition& condition, Place* place) {
+    place->conditions = Store::Get().With(place->conditions, condition);
+}
+
+/// Makes a module that a search finds the module of `place`.
+void EnterSearched(const ModuleSearch& search, Place* place) {
+    const Number camera = {Digits(search.camera), ""};
+    const auto expand = [&](Name number) {
+        Numbers numbers;
+        numbers.Add(camera);
+        numbers.Add({number, ""});
+        return Fill(search.modules, "", numbers, &Number::real);
+    };
+    const Name any = expand("*");
+    place->module = {any, any};
+    const std::span<Name> modules = Store::Get().List<Name>(search.count);
+    for (std::uint32_t i = 0; i < search.count; ++i) {
+        modules[i] = expand(Digits(i));
+    }
+    place->modules = modules;
+    Condition condition;
+    condition.kind = ConditionKind::kSearchedModule;
+    condition.wanted = place->wanted;
+    condition.search = &search;
+    AddCondition(condition, place);
+}
+
+void EnterNamed(const Named& module, Place* place) {
+    place->module = module;
+    place->modules = Store::Get().With(std::span<const Name>(), module.real);
 }
 
 /// Makes the module of a row, when it has one of its own, the module of `place`.
 void EnterModule(const Field& field, Place* place) {
     if (field.extra == FieldExtra::kSearchedModule) {
-        const ModuleSearch& search = *field.notes.search;
-        const std::string camera = std::to_string(search.camera);
-        const auto expand = [&](const std::string& number) {
-            return Expand(search.modules, "", {{camera, ""}, {number, ""}}, &Number::real);
-        };
-        const std::string any = expand("*");
-        place->module = {any, any};
-        place->modules.clear();
-        for (std::uint32_t i = 0; i < search.count; ++i) {
-            place->modules.push_back(expand(std::to_string(i)));
-        }
-        Condition condition;
-        condition.kind = ConditionKind::kSearchedModule;
-        condition.wanted = place->wanted;
-        condition.search = &search;
-        place->conditions.push_back(condition);
+        EnterSearched(*field.notes.search, place);
     } else if (field.extra == FieldExtra::kModule) {
-        place->module = Expand(field.module, Named(), place->numbers);
-        place->modules = {place->module.real};
+        EnterNamed(Expand(field.module, Named(), place->numbers), place);
         if (field.notes.optionalModule) {
             Condition condition;
             condition.kind = ConditionKind::kOptionalModule;
             condition.module = place->module.real;
-            place->conditions.push_back(condition);
+            AddCondition(condition, place);
         }
     }
 }
 
 /// The node that `field` is read under: its own, or `node`.
-Named NodeOf(const Field& field, const Named& node, const std::vector<Number>& numbers) {
+Named NodeOf(const Field& field, const Named& node, const Numbers& numbers) {
     if (field.node == nullptr) {
         return node;
     }
@@ -124,48 +168,59 @@ std::uint32_t LargestCount(const Field& field, const Place& record) {
     }
 }
 
-/// The keys that must exist for element `number` to be read: those of the elements before it.
-std::vector<KeyName> LeadingKeys(const Field& field, const Named& node, const Place& record,
-                                 std::uint32_t number) {
-    std::vector<KeyName> keys;
-    for (std::uint32_t i = 0; i < number; ++i) {
-        std::vector<Number> numbers = record.numbers;
-        numbers.push_back({std::to_string(i), ""});
-        keys.push_back({record.module.real, Expand(field.table->node, node, numbers).real,
-                        field.notes.whileKey});
+/// The keys that must exist for the elements of a row to be read: that of element N for those
+/// behind it.
+std::span<const KeyView> LeadingKeys(const Field& field, const Named& node, const Place& record) {
+    if (field.notes.whileKey == nullptr) {
+        return {};
+    }
+    const std::span<KeyView> keys = Store::Get().List<KeyView>(field.count);
+    for (std::uint32_t i = 0; i < field.count; ++i) {
+        Numbers numbers = record.numbers;
+        numbers.Add({Digits(i), ""});
+        keys[i] = {record.module.real, Expand(field.table->node, node, numbers).real,
+                   field.notes.whileKey};
     }
     return keys;
 }
 
-/// Adds the condition under which element `number` of a row of the record is read, if there is one.
-void AddElementCondition(const Field& field, const Named& node, std::uint32_t number,
-                         Place* record) {
-    const FieldNotes& notes = field.notes;
+/// A row of a record.
+struct Row {
+    const Field& field;
+    Named node;                            ///< of the record
+    const Place& record;                   ///< where it is
+    std::span<const KeyView> leadingKeys;  ///< see `LeadingKeys`
+};
+
+/// Adds the condition under which element `number` of a row is read, if there is one.
+void AddElementCondition(const Row& row, std::uint32_t number, Place* place) {
+    const FieldNotes& notes = row.field.notes;
     Condition condition;
     condition.number = number;
-    condition.places = field.count;
-    condition.count = record->offset + notes.countOffset;
+    condition.places = row.field.count;
+    condition.count = row.record.offset + notes.countOffset;
     if (notes.whileKey != nullptr) {
         condition.kind = ConditionKind::kLeading;
-        condition.keys = LeadingKeys(field, node, *record, number);
+        condition.keys = row.leadingKeys.first(number);
     } else if (notes.beyond != CountBeyond::kNotCounted) {
-        condition.largest = LargestCount(field, *record);
-        condition.beyond = condition.largest == field.count ? CountBeyond::kRefused : notes.beyond;
+        condition.largest = LargestCount(row.field, row.record);
+        condition.beyond =
+            condition.largest == row.field.count ? CountBeyond::kRefused : notes.beyond;
     } else {
         return;
     }
-    record->conditions.push_back(std::move(condition));
+    AddCondition(condition, place);
 }
 
-/// The lists that a walk adds values to.
+/// The lists that a walk adds values to; null when they are not asked for.
 struct Found {
     std::vector<Value>* values;
     std::vector<Value>* spilled;
 };
 
-/// Makes the value of a row at `place`. Its record is at `recordOffset`.
-Value MakeValue(const Field& field, const Named& node, std::uint32_t recordOffset,
-                const Place& place) {
+/// Makes the value of a row at `place`, which is read under `node`.
+Value MakeValue(const Row& row, const Named& node, const Place& place) {
+    const Field& field = row.field;
     Value value = {};
     value.field = &field;
     value.offset = place.offset;
@@ -174,112 +229,68 @@ Value MakeValue(const Field& field, const Named& node, std::uint32_t recordOffse
     value.conditions = place.conditions;
     value.context = place.context;
     value.origin = field.source == FieldSource::kCopy
-                       ? recordOffset + static_cast<std::uint32_t>(field.Number())
+                       ? row.record.offset + static_cast<std::uint32_t>(field.Number())
                        : place.offset;
     value.times = field.kind == FieldKind::kText ? 1 : place.times;
     if (field.key == nullptr) {
         return value;
     }
-    const Named item = Expand(field.key, Named(), place.numbers);
+    const Named item = Expand(field.KeyView(), Named(), place.numbers);
     value.module = place.module.real;
     value.modules = place.modules;
     value.section = node.real;
     value.key = item.real;
     value.pattern = {place.module.pattern, node.pattern, item.pattern};
-    const bool full = field.fullLabel || field.source == FieldSource::kQuery;
-    value.label = full ? value.section + ":" + value.key : value.key;
-    if (field.extra == FieldExtra::kLabel) {
-        value.label = field.label;
-    }
     return value;
 }
 
-/// Goes on from the place of a record to that of element `number` of a row.
-void EnterElement(const Field& field, const Named& node, std::uint32_t number, Place* place) {
-    AddElementCondition(field, node, number, place);
-    place->offset += field.offset + number * field.size;
-    place->member += place->member.empty() ? "" : ".";
-    place->member += field.notes.member;
+/// The member path of an element; `index` is empty when the row is no array.
+Name MemberPath(const Row& row, std::string_view index) {
+    const Name outer = row.record.member;
+    const bool isArray = row.field.isArray;
+    const std::array<std::string_view, 6> parts = {
+        outer, outer.empty() ? "" : ".", row.field.notes.member, isArray ? "[" : "",
+        index, isArray ? "]" : ""};
+    return Store::Get().Join(parts);
+}
+
+/// The place of element `number` of a row.
+Place PlaceOf(const Row& row, std::uint32_t number) {
+    const Field& field = row.field;
+    Place place = row.record;
+    AddElementCondition(row, number, &place);
+    place.offset += field.offset + number * field.size;
+    Name index;
     if (field.isArray) {
-        std::string real = std::to_string(number);
-        place->member += "[" + real + "]";
-        std::string letter = field.count > 1 ? NextLetter(place->numbers) : real;
-        place->numbers.push_back({std::move(real), std::move(letter)});
-        place->times = place->elementTimes;
+        index = Digits(number);
+        place.numbers.Add({index, field.count > 1 ? NextLetter(place.numbers) : index});
+        place.times = place.elementTimes;
     }
+    place.member = MemberPath(row, index);
     if (field.source == FieldSource::kTable && field.notes.about != nullptr) {
-        place->context = field.notes.about;
+        place.context = field.notes.about;
     }
     if (field.notes.times != 0) {
-        place->elementTimes = field.notes.times;
+        place.elementTimes = field.notes.times;
     }
     if (field.notes.countMax != 0) {
-        place->countMax = field.notes.countMax;
+        place.countMax = field.notes.countMax;
     }
-    EnterModule(field, place);
+    EnterModule(field, &place);
+    return place;
 }
-
-/// Whether an element is a value of the module that its record is read from. Most are.
-bool IsPlainValue(const Field& field) {
-    return field.source != FieldSource::kTable && field.extra != FieldExtra::kSearchedModule &&
-           field.extra != FieldExtra::kModule;
-}
-
-/// While this lives, the place of a record is that of one of its plain values. It takes half of a
-/// walk to copy places.
-class PlainValue {
-public:
-    PlainValue(const Field& field, const Named& node, std::uint32_t number, Place* place)
-        : place_(*place),
-          isArray_(field.isArray),
-          memberSize_(place->member.size()),
-          conditionCount_(place->conditions.size()),
-          offset_(place->offset),
-          countMax_(place->countMax),
-          times_(place->times),
-          elementTimes_(place->elementTimes) {
-        EnterElement(field, node, number, place);
-    }
-    ~PlainValue() {
-        place_.member.resize(memberSize_);
-        place_.conditions.resize(conditionCount_);
-        place_.numbers.resize(place_.numbers.size() - (isArray_ ? 1 : 0));
-        place_.offset = offset_;
-        place_.countMax = countMax_;
-        place_.times = times_;
-        place_.elementTimes = elementTimes_;
-    }
-    PlainValue(const PlainValue&) = delete;
-    PlainValue& operator=(const PlainValue&) = delete;
-
-private:
-    Place& place_;
-    bool isArray_;
-    std::size_t memberSize_;
-    std::size_t conditionCount_;
-    std::uint32_t offset_;
-    std::uint32_t countMax_;
-    std::uint32_t times_;
-    std::uint32_t elementTimes_;
-};
 
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found);
 
-/// Walks element `number` of a row. `record` is the place of its record, and is so again behind it.
-void WalkElement(const Field& field, const Named& node, Place* record, std::uint32_t number,
-                 bool section, const Found& found) {
-    const std::uint32_t recordOffset = record->offset;
-    if (IsPlainValue(field)) {
-        const PlainValue value(field, node, number, record);
-        found.values->push_back(
-            MakeValue(field, NodeOf(field, node, record->numbers), recordOffset, *record));
-        return;
-    }
-    Place element = *record;
-    EnterElement(field, node, number, &element);
-    const Named under = NodeOf(field, node, element.numbers);
+/// Walks element `number` of a row.
+void WalkElement(const Row& row, std::uint32_t number, bool section, const Found& found) {
+    const Field& field = row.field;
+    Place element = PlaceOf(row, number);
+    const Named under = NodeOf(field, row.node, element.numbers);
     if (field.source != FieldSource::kTable) {
-        found.values->push_back(MakeValue(field, under, recordOffset, element));
+        if (found.values != nullptr) {
+            found.values->push_back(MakeValue(row, under, element));
+        }
         return;
     }
     element.prefix = under;
@@ -293,8 +304,7 @@ void WalkElement(const Field& field, const Named& node, Place* record, std::uint
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found) {
     Place record = outer;
     if (table.ownModule != nullptr) {
-        record.module = {table.ownModule, table.ownModule};
-        record.modules = {table.ownModule};
+        EnterNamed({table.ownModule, table.ownModule}, &record);
     }
     const Named node =
         table.node == nullptr ? outer.prefix : Expand(table.node, outer.prefix, outer.numbers);
@@ -304,13 +314,14 @@ void WalkTable(const RecordTable& table, const Place& outer, bool sections, cons
         }
     }
     for (const Field& field : table.fields) {
+        const Row row = {field, node, record, LeadingKeys(field, node, record)};
         for (std::uint32_t i = 0; i < field.count; ++i) {
-            WalkElement(field, node, &record, i, sections, found);
+            WalkElement(row, i, sections, found);
         }
-        if (field.notes.beyond == CountBeyond::kSpilling) {
+        if (field.notes.beyond == CountBeyond::kSpilling && found.spilled != nullptr) {
             const std::uint32_t count = LargestCount(field, record);
             for (std::uint32_t i = field.count; i < count; ++i) {
-                WalkElement(field, node, &record, i, sections, {found.spilled, found.spilled});
+                WalkElement(row, i, sections, {found.spilled, found.spilled});
             }
         }
     }
@@ -319,29 +330,36 @@ void WalkTable(const RecordTable& table, const Place& outer, bool sections, cons
 /// Room for the values of the image: moving them costs more than the memory.
 constexpr std::size_t kValuesMax = 6144;
 
-Walked WalkFrom(const RecordTable& table, const Place& place, bool sections) {
-    Walked walked;
-    walked.values.reserve(kValuesMax);
-    WalkTable(table, place, sections, {&walked.values, &walked.spilled});
-    return walked;
-}
-
 }  // namespace
 
-Walked Walk(const RecordTable& table, const WalkStart& start) {
+std::vector<Value> Walk(const RecordTable& table, const WalkStart& start) {
+    const auto kept = [](std::string_view text) { return Store::Get().Join({&text, 1}); };
     Place place;
-    place.module = {start.module, start.module};
-    place.modules = {start.module};
-    place.prefix = {start.prefix, start.prefix};
+    const Name module = kept(start.module);
+    EnterNamed({module, module}, &place);
+    const Name prefix = kept(start.prefix);
+    place.prefix = {prefix, prefix};
     for (const std::uint32_t number : start.numbers) {
-        place.numbers.push_back({std::to_string(number), std::to_string(number)});
+        const Name digits = Digits(number);
+        place.numbers.Add({digits, digits});
     }
     place.end = table.size;
-    return WalkFrom(table, place, false);
+    std::vector<Value> values;
+    WalkTable(table, place, false, {&values, nullptr});
+    return values;
 }
 
-Walked WalkSections(const RecordTable& table) {
-    return WalkFrom(table, Place(), true);
+std::vector<Value> WalkSections(const RecordTable& table) {
+    std::vector<Value> values;
+    values.reserve(kValuesMax);
+    WalkTable(table, Place(), true, {&values, nullptr});
+    return values;
+}
+
+std::vector<Value> WalkSpilled(const RecordTable& table) {
+    std::vector<Value> spilled;
+    WalkTable(table, Place(), true, {nullptr, &spilled});
+    return spilled;
 }
 
 }  // namespace paramgen::layout

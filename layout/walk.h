@@ -17,16 +17,15 @@ struct WalkStart {
     std::vector<std::uint32_t> numbers;  ///< indices of the array elements around the record
 };
 
-/// The result of a walk. Offsets and member paths begin at the record.
-struct Walked {
-    std::vector<Value> values;   ///< in reading order; they cover the record exactly once
-    std::vector<Value> spilled;  ///< those of elements beyond their arrays
-};
+/// The values of the record of `table`, in reading order. They cover it exactly once. Offsets and
+/// member paths begin at the record.
+std::vector<Value> Walk(const RecordTable& table, const WalkStart& start = {});
 
-/// Walks `table`. Elements beyond their arrays spill up to the record's end.
-Walked Walk(const RecordTable& table, const WalkStart& start = {});
+/// The same for a table whose members are sections.
+std::vector<Value> WalkSections(const RecordTable& table);
 
-/// Walks `table`, whose members are sections. Elements spill up to the end of their section.
-Walked WalkSections(const RecordTable& table);
+/// The values of elements beyond their arrays, for a table whose members are sections: elements
+/// spill up to the end of their section.
+std::vector<Value> WalkSpilled(const RecordTable& table);
 
 }  // namespace paramgen::layout

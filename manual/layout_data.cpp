@@ -104,16 +104,17 @@ std::string CsvCell(const std::string& text) {
 std::string LayoutCsv() {
     std::string text = "offset,size,member,type,module,section,key,default,unit,about\n";
     for (const Value& value : layout::Values()) {
-        const std::array cells = {std::to_string(value.offset),
-                                  std::to_string(value.size),
-                                  value.member,
-                                  std::string(layout::KindName(value.Kind())),
-                                  value.module,
-                                  value.section,
-                                  value.key,
-                                  value.HasDefault() ? std::to_string(value.Default()) : "",
-                                  value.Unit(),
-                                  value.About()};
+        const std::array<std::string, 10> cells = {
+            std::to_string(value.offset),
+            std::to_string(value.size),
+            value.member,
+            std::string(layout::KindName(value.Kind())),
+            value.module,
+            value.section,
+            value.key,
+            value.HasDefault() ? std::to_string(value.Default()) : "",
+            value.Unit(),
+            value.About()};
         for (std::size_t i = 0; i < cells.size(); ++i) {
             text += (i == 0 ? "" : ",") + CsvCell(cells[i]);
         }

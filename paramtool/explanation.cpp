@@ -128,8 +128,10 @@ std::vector<Explanation> Explain(const std::vector<const Value*>& values) {
             value->HasKey() ? layout::FindKey(value->modules.front(), value->section, value->key)
                             : nullptr;
         Explanation explanation;
-        explanation.values =
-            key == nullptr || key->values.empty() ? std::vector{value} : key->values;
+        explanation.values = {value};
+        if (key != nullptr && !key->values.empty()) {
+            explanation.values.assign(key->values.begin(), key->values.end());
+        }
         if (value->HasKey()) {
             explanation.relations =
                 check::RelationsOf(value->modules.front(), value->section, value->key);
@@ -148,9 +150,9 @@ struct Setting {
 };
 
 std::optional<Setting> SettingOf(const tree::Product& product,
-                                 const std::vector<std::string>& modules,
-                                 const std::string& section, const std::string& key) {
-    for (const std::string& name : modules) {
+                                 std::span<const layout::Name> modules, const std::string& section,
+                                 const std::string& key) {
+    for (const layout::Name name : modules) {
         const tree::Module* module = product.FindModule(name);
         const tree::Line* line =
             module == nullptr ? nullptr : module->file->ini->Find(section + ":" + key);
@@ -194,7 +196,8 @@ void AddRelated(const compile::Compilation& run, const tree::Product* product,
                               .reason = reference.reason,
                               .place = std::nullopt};
         if (product != nullptr) {
-            const auto setting = SettingOf(*product, {other.module}, other.section, other.key);
+            const layout::Name module = std::string_view(other.module);
+            const auto setting = SettingOf(*product, {&module, 1}, other.section, other.key);
             related.place = setting.has_value() ? std::optional(setting->place) : std::nullopt;
         }
         explanation->related.push_back(std::move(related));

@@ -64,11 +64,13 @@ bool Owns(const layout::Key& key, std::uint32_t offset) {
 layout::KeyName OneKey(const std::string& argument) {
     const layout::KeyPattern pattern = ParseKey(argument);
     std::vector<const layout::Key*> keys;
-    for (const layout::Key& key : layout::Keys()) {
-        const layout::KeyName& name = key.name;
-        if (pattern.Offset() ? Owns(key, *pattern.Offset())
-                             : pattern.Matches(name.module, name.section, name.key)) {
-            keys.push_back(&key);
+    for (const std::span<const layout::Key> list : {layout::Keys(), layout::SpilledKeys()}) {
+        for (const layout::Key& key : list) {
+            const layout::KeyView& name = key.name;
+            if (pattern.Offset() ? Owns(key, *pattern.Offset())
+                                 : pattern.Matches(name.module, name.section, name.key)) {
+                keys.push_back(&key);
+            }
         }
     }
     if (keys.empty()) {
@@ -122,7 +124,7 @@ image::PlaceOfKey PlacesIn(const image::Input& input) {
     }
     const auto product = std::make_shared<tree::Product>(input.argument);
     return [product](const layout::Value& value) -> std::string {
-        for (const std::string& name : value.modules) {
+        for (const layout::Name name : value.modules) {
             const tree::Module* module = product->FindModule(name);
             const tree::Line* line = module == nullptr
                                          ? nullptr

@@ -41,7 +41,7 @@ std::set<std::string> LeadingKeys() {
     std::set<std::string> keys;
     for (const Value& value : Values()) {
         for (const Condition& condition : value.conditions) {
-            for (const KeyName& key : condition.keys) {
+            for (const KeyView& key : condition.keys) {
                 keys.insert(key.section + ":" + key.key);
             }
         }
@@ -153,9 +153,6 @@ void WriteAll(const std::filesystem::path& directory) {
     for (const Key& key : Keys()) {
         none[key.name.module];
         counts[key.name.module];
-        if (key.role == KeyRole::kSpill) {
-            continue;
-        }
         ++number;
         std::string text;
         if (ServesAMode(key)) {

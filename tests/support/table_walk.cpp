@@ -8,10 +8,11 @@ std::vector<WalkedField> WalkTable(const RecordTable& table, const std::string& 
                                    const std::string& prefix, const std::vector<unsigned>& numbers,
                                    std::size_t offset) {
     std::vector<WalkedField> found;
-    for (const layout::Value& value : layout::Walk(table, {module, prefix, numbers}).values) {
+    for (const layout::Value& value : layout::Walk(table, {module, prefix, numbers})) {
         const std::string key = value.HasKey() ? value.section + ":" + value.key : "";
         const std::string from = value.HasKey() ? value.modules.front() : module;
-        found.push_back({value.field, from, key, value.label, offset + value.offset, value.member});
+        found.push_back(
+            {value.field, from, key, value.Label(), offset + value.offset, value.member});
     }
     return found;
 }

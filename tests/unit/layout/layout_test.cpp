@@ -51,7 +51,7 @@ TEST(Layout, AValueKnowsWhereItStandsAndWhereItComesFrom) {
     EXPECT_EQ(value.module, "devmng");
     EXPECT_EQ(value.section, "gsensor");
     EXPECT_EQ(value.key, "sensitivity");
-    EXPECT_EQ(value.label, "gsensor:sensitivity");
+    EXPECT_EQ(value.Label(), "gsensor:sensitivity");
     EXPECT_EQ(value.offset, 24316U);
     EXPECT_EQ(value.size, 4U);
     EXPECT_STREQ(KindName(value.Kind()), "i32");

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -74,12 +75,9 @@ private:
 class Expected {
 public:
     explicit Expected(const Notes& notes) : notes_(notes) {
-        for (const Key& key : Keys()) {
-            for (const Value* value : key.values) {
-                if (IsRead(*value, key.name.module)) {
-                    keys_.insert(Text(key.name));
-                    break;
-                }
+        for (const std::span<const Key> keys : {Keys(), SpilledKeys()}) {
+            for (const Key& key : keys) {
+                AddIfRead(key);
             }
         }
     }
@@ -87,6 +85,15 @@ public:
     const std::set<std::string>& Names() const { return keys_; }
 
 private:
+    void AddIfRead(const Key& key) {
+        for (const Value* value : key.values) {
+            if (IsRead(*value, key.name.module)) {
+                keys_.insert(Text(key.name));
+                return;
+            }
+        }
+    }
+
     bool IsRead(const Value& value, const std::string& module) {
         for (const Condition& condition : value.conditions) {
             if (!Holds(condition, value, module)) {
@@ -101,7 +108,7 @@ private:
             case ConditionKind::kCounted:
                 return CountAt(condition.count) > condition.number;
             case ConditionKind::kLeading:
-                for (const KeyName& key : condition.keys) {
+                for (const KeyView& key : condition.keys) {
                     if (notes_.TextOf(Text(key)) == nullptr) {
                         return false;
                     }
