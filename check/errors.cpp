@@ -86,20 +86,20 @@ public:
         : session_(session), inspection_(inspection) {}
 
     void Run() {
-        while (TakeOne()) {
+        compile::Compilation run = session_->Run();
+        if (TakeStop(run)) {
+            while (TakeStop(session_->Run(pretence_, {.answers = false, .log = false}))) {
+            }
+            run = session_->Run(pretence_);
         }
-        compile::Keep keep;
-        keep.answers = true;
-        inspection_->SetRun(session_->Run(pretence_, keep));
+        inspection_->SetRun(std::move(run));
         ExplainLimits();
     }
 
 private:
-    /// Finds the next error. Returns false when there is none, or none can be found behind it.
-    bool TakeOne() {
-        compile::Keep keep;
-        keep.answers = false;
-        const compile::Compilation run = session_->Run(pretence_, keep);
+    /// Tells the error that stopped a run. Returns false when none did, or none can be found behind
+    /// it.
+    bool TakeStop(const compile::Compilation& run) {
         if (!run.stop.has_value()) {
             return false;
         }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "confaccess/any_case.h"
 #include "diagnostics/places.h"
 
 namespace paramgen::check {
@@ -10,14 +11,14 @@ using diagnostics::Finding;
 using diagnostics::RuleId;
 using diagnostics::Severity;
 
-namespace {
-
-/// Module, and key in lower case: keys are case-insensitive, names of modules are not.
-std::string AskedText(std::string_view module, std::string_view key) {
-    return std::string(module) + '/' + tree::LowerCase(key);
+std::size_t AskedHash::operator()(const AskedName& name) const {
+    return std::size_t{HashInAnyCase(name.key)} * 31 + HashOf(name.module);
 }
 
-}  // namespace
+bool AskedSame::operator()(const AskedName& a, const AskedName& b) const {
+    return a.key.size() == b.key.size() && a.module == b.module &&
+           SameInAnyCase(a.key.data(), b.key.data(), a.key.size());
+}
 
 std::string_view SectionPart(std::string_view fullKey) {
     return fullKey.substr(0, fullKey.rfind(':'));
@@ -38,10 +39,11 @@ std::string Counted(std::size_t count, const std::string& noun) {
 }
 
 void Inspection::SetRun(compile::Compilation run) {
-    run_ = std::move(run);
     asked_.clear();
+    run_ = std::move(run);
+    asked_.reserve(run_.answers.size());
     for (const compile::Answer& answer : run_.answers) {
-        const auto [place, isNew] = asked_.try_emplace(AskedText(answer.module, answer.key));
+        const auto [place, isNew] = asked_.try_emplace(AskedName{answer.module, answer.key});
         if (isNew) {
             place->second.answer = &answer;
             place->second.key =
@@ -52,7 +54,7 @@ void Inspection::SetRun(compile::Compilation run) {
 }
 
 const Asked* Inspection::FindAsked(std::string_view module, std::string_view key) const {
-    const auto found = asked_.find(AskedText(module, key));
+    const auto found = asked_.find(AskedName{module, key});
     return found == asked_.end() ? nullptr : &found->second;
 }
 

@@ -16,6 +16,21 @@
 
 namespace paramgen::check {
 
+/// Name of a key that was queried: module and "section:key". Keys are case-insensitive, names of
+/// modules are not.
+struct AskedName {
+    std::string_view module;
+    std::string_view key;
+};
+
+struct AskedHash {
+    std::size_t operator()(const AskedName& name) const;
+};
+
+struct AskedSame {
+    bool operator()(const AskedName& a, const AskedName& b) const;
+};
+
 /// A key that was queried.
 struct Asked {
     const compile::Answer* answer = nullptr;  ///< the first one
@@ -43,7 +58,8 @@ public:
     const Asked* FindAsked(std::string_view module, std::string_view key) const;
 
     /// All keys that loaders queried, in no particular order.
-    const std::unordered_map<std::string, Asked>& asked() const { return asked_; }
+    using AskedMap = std::unordered_map<AskedName, Asked, AskedHash, AskedSame>;
+    const AskedMap& asked() const { return asked_; }
 
     /// Whether loaders asked for a module of this name.
     bool IsModuleAsked(std::string_view module) const { return modules_.contains(module); }
@@ -76,7 +92,7 @@ private:
     tree::Product product_;
     const Choice& choice_;
     compile::Compilation run_ = {};
-    std::unordered_map<std::string, Asked> asked_;
+    AskedMap asked_;  ///< names are in `run_`
     std::set<std::string, std::less<>> modules_;
     std::vector<diagnostics::Finding> findings_;
     std::set<

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_set>
 
 #include "check/inspection.h"
 #include "check/number_text.h"
@@ -37,26 +36,39 @@ std::string ParentSection(const std::string& section) {
 }
 
 References::References(const compile::Compilation& run) {
-    std::unordered_set<std::string> known;
     for (const compile::Answer& answer : run.answers) {
-        if (answer.text.has_value() && known.insert(answer.module + "/" + answer.key).second) {
+        if (answer.text.has_value()) {
             Add(answer);
         }
     }
 }
 
 void References::Add(const compile::Answer& answer) {
-    const std::string_view section = SectionPart(answer.key);
-    const auto [place, isNew] =
-        sectionNumbers_.try_emplace(answer.module + "/" + std::string(section), sections_.size());
-    if (isNew) {
-        sections_.push_back({.module = answer.module, .name = std::string(section), .keys = {}});
+    Section& section = SectionFor(answer);
+    const std::string_view key = KeyPart(answer.key);
+    if (KeyOf(&section, key) != nullptr) {
+        return;  // loaders have queried it before
     }
-    sections_[place->second].keys.push_back(given_.size());
+    section.keys.push_back(given_.size());
     given_.push_back({.module = answer.module,
-                      .section = std::string(section),
-                      .key = std::string(KeyPart(answer.key)),
+                      .section = section.name,
+                      .key = std::string(key),
                       .text = *answer.text});
+}
+
+References::Section& References::SectionFor(const compile::Answer& answer) {
+    const std::string_view name = SectionPart(answer.key);
+    if (last_ < sections_.size() && sections_[last_].name == name &&
+        sections_[last_].module == answer.module) {
+        return sections_[last_];  // loaders mostly query the keys of a section in a row
+    }
+    const auto [place, isNew] =
+        sectionNumbers_.try_emplace(answer.module + "/" + std::string(name), sections_.size());
+    if (isNew) {
+        sections_.push_back({.module = answer.module, .name = std::string(name), .keys = {}});
+    }
+    last_ = place->second;
+    return sections_[last_];
 }
 
 std::vector<const Given*> References::Find(const char* module, const char* section,
@@ -84,7 +96,7 @@ const References::Section* References::FindSection(const std::string& module,
     return place == sectionNumbers_.end() ? nullptr : &sections_[place->second];
 }
 
-const Given* References::KeyOf(const Section* section, const std::string& key) const {
+const Given* References::KeyOf(const Section* section, std::string_view key) const {
     if (section == nullptr) {
         return nullptr;
     }

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -68,12 +69,14 @@ private:
     };
 
     void Add(const compile::Answer& answer);
+    Section& SectionFor(const compile::Answer& answer);
     const Section* FindSection(const std::string& module, const std::string& name) const;
-    const Given* KeyOf(const Section* section, const std::string& key) const;
+    const Given* KeyOf(const Section* section, std::string_view key) const;
     Target MakeTarget(const TargetRow& row, const Given& given, std::int64_t handle) const;
 
     std::vector<Given> given_;
     std::vector<Section> sections_;
+    std::size_t last_ = 0;  ///< number of the section that was asked for last
     std::unordered_map<std::string, std::size_t> sectionNumbers_;  ///< by "module/section"
     mutable std::map<std::pair<TargetKind, std::string>, std::vector<Target>> targets_;
 };

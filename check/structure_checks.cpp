@@ -1,6 +1,7 @@
 // Keys and sections that nothing reads, and those that come twice.
 
 #include <algorithm>
+#include <iterator>
 
 #include "check/inspection.h"
 #include "check/known_keys.h"
@@ -29,6 +30,7 @@ enum class Fate : std::uint8_t {
 struct Block {
     const Line* header = nullptr;        ///< null: before the first section
     std::vector<const Line*> keys;       ///< those that count
+    std::vector<Fate> fates;             ///< theirs
     std::vector<const Line*> replacing;  ///< those that replace a key of before
 };
 
@@ -45,13 +47,17 @@ public:
     }
 
     void Run() {
-        const std::vector<Block> blocks = Blocks();
+        std::vector<Block> blocks = Blocks();
         for (const Block& block : blocks) {
             CheckDuplicates(block);
         }
         CheckHidden();
         if (modules_.empty() || !inspection_.IsComplete() || !CheckEmpty()) {
             return;
+        }
+        for (Block& block : blocks) {
+            std::transform(block.keys.begin(), block.keys.end(), std::back_inserter(block.fates),
+                           [this](const Line* line) { return FateOf(*line); });
         }
         FindForeignModule(blocks);
         for (const Block& block : blocks) {
@@ -66,9 +72,9 @@ public:
         std::size_t sections = 0;
         for (const Block& block : blocks) {
             const std::size_t before = keys.size();
-            for (const Line* line : block.keys) {
-                if (FateOf(*line) == Fate::kUnknownHere) {
-                    keys.push_back(ini_.KeyOf(*line));
+            for (std::size_t i = 0; i < block.keys.size(); ++i) {
+                if (block.fates[i] == Fate::kUnknownHere) {
+                    keys.push_back(ini_.KeyOf(*block.keys[i]));
                 }
             }
             sections += keys.size() > before ? 1 : 0;
@@ -225,12 +231,9 @@ private:
             CheckHeaderAlone(block);
             return;
         }
-        std::vector<Fate> fates;
-        for (const Line* line : block.keys) {
-            fates.push_back(FateOf(*line));
-            const bool isOfPasted =
-                fates.back() == Fate::kUnread && pastedOver_.contains(line->section);
-            fates.back() = isOfPasted ? Fate::kSilent : fates.back();
+        std::vector<Fate> fates = block.fates;
+        if (pastedOver_.contains(block.keys.front()->section)) {
+            std::replace(fates.begin(), fates.end(), Fate::kUnread, Fate::kSilent);
         }
         const auto areAll = [&](Fate fate) {
             return std::all_of(fates.begin(), fates.end(), [=](Fate each) { return each == fate; });

@@ -39,6 +39,8 @@ std::optional<Place> PlaceOf(const void* dest, std::size_t size) {
 Recorder::Recorder(const Pretence& pretence, Keep keep, Compilation* result)
     : pretence_(pretence), keep_(keep), result_(result), empty_{} {
     g_watcher = this;
+    constexpr std::size_t kUsualAnswers = 4096;  // of a product with a few media modes
+    result->answers.reserve(keep.answers ? kUsualAnswers : 0);
 }
 
 Recorder::~Recorder() {

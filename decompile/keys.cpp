@@ -20,7 +20,7 @@ public:
             const std::size_t colon = key.rfind(':');
             next = layout::FindKey(module, key.substr(0, colon), key.substr(colon + 1));
         }
-        if (next != nullptr) {
+        if (next != nullptr && next->role != layout::KeyRole::kSpill) {
             last_ = static_cast<std::size_t>(next - layout::Keys().data());
         }
         return next;

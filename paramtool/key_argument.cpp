@@ -122,8 +122,12 @@ image::PlaceOfKey PlacesIn(const image::Input& input) {
     if (!input.isTree) {
         return nullptr;
     }
-    const auto product = std::make_shared<tree::Product>(input.argument);
-    return [product](const layout::Value& value) -> std::string {
+    const auto read = std::make_shared<std::optional<tree::Product>>();
+    return [read, tree = input.argument](const layout::Value& value) -> std::string {
+        if (!read->has_value()) {
+            read->emplace(tree);  // only when there is something to place
+        }
+        const std::optional<tree::Product>& product = *read;
         for (const layout::Name name : value.modules) {
             const tree::Module* module = product->FindModule(name);
             const tree::Line* line = module == nullptr

@@ -148,13 +148,17 @@ bool HasDirective(std::string_view comment) {
     return comment.find(kDirective) != std::string_view::npos;
 }
 
+void MakeLower(std::string* text) {
+    for (char& c : *text) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+}
+
 }  // namespace
 
 std::string LowerCase(std::string_view text) {
     std::string lower(text);
-    for (char& c : lower) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
+    MakeLower(&lower);
     return lower;
 }
 
@@ -228,9 +232,14 @@ std::string IniFile::KeyOf(const Line& line) const {
     if (line.kind == LineKind::kSection) {
         return LowerCase(line.isBare ? SectionOf(line) : TextOf(line.name));
     }
-    std::string key = LowerCase(SectionOf(line));
+    const std::string_view section = SectionOf(line);
+    const std::string_view name = TextOf(line.name);
+    std::string key;
+    key.reserve(section.size() + 1 + name.size());
+    key += section;
     key += ':';
-    key += LowerCase(TextOf(line.name));
+    key += name;
+    MakeLower(&key);
     return key;
 }
 

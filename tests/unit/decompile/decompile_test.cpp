@@ -142,7 +142,7 @@ TEST(Decompile, AMediaModeWithNothingButACalibrationIsThere) {
     tree.Set("cam0_ldccfg_0", "LDCV3Attr:coef_intp_ratio", "7");
     image::Image image = Compiled(tree);
     for (const layout::Value& value : layout::Values()) {
-        if (value.modules == std::vector<std::string>{"cam0_mediamode0"}) {
+        if (value.module == "cam0_mediamode0") {
             std::memset(&image[value.offset], 0, value.size);
         }
     }

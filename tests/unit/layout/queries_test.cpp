@@ -145,7 +145,7 @@ private:
         std::memcpy(&wanted, reinterpret_cast<const char*>(&g_image) + condition.wanted,
                     sizeof wanted);
         std::int32_t served = kMediaModeNone;
-        for (const std::string& module : value.modules) {
+        for (const Name module : value.modules) {
             if (!notes_.HasModule(module)) {
                 continue;
             }
