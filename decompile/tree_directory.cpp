@@ -34,12 +34,20 @@ void Check(const fs::path& directory, Old old) {
     }
 }
 
-/// A new directory beside `directory`.
-fs::path NewDirectoryBeside(const fs::path& directory) {
+/// The directory by an absolute path, which a change of the working directory does not concern.
+/// Links are resolved when it is there, so that what they lead to is replaced.
+fs::path Absolute(const fs::path& directory) {
+    std::error_code error;
+    const fs::path resolved = fs::canonical(directory, error);
+    return error ? fs::absolute(directory) : resolved;
+}
+
+/// A new directory beside `directory`, which the user has given as `given`.
+fs::path NewDirectoryBeside(const fs::path& directory, const fs::path& given) {
     std::string name = (directory.has_filename() ? directory : directory.parent_path()).string();
     name += ".XXXXXX";
     if (mkdtemp(name.data()) == nullptr) {
-        Fail(directory, std::string("cannot be written: ") + std::strerror(errno));
+        Fail(given, std::string("cannot be written: ") + std::strerror(errno));
     }
     return name;
 }
@@ -51,26 +59,50 @@ mode_t CurrentMask() {
     return mask;
 }
 
-std::vector<output::NewContent> ContentIn(const fs::path& directory,
-                                          const std::vector<TreeFile>& files) {
+/// Makes the directories that files need. Returns those that were not there, outer ones first. One
+/// that cannot be made is seen when a file is written there.
+std::vector<fs::path> MakeDirectories(const fs::path& directory,
+                                      const std::vector<TreeFile>& files) {
+    std::vector<fs::path> made;
+    for (const TreeFile& file : files) {
+        fs::path path = directory;
+        for (const fs::path& name : fs::path(file.path).parent_path()) {
+            path /= name;
+            std::error_code error;
+            if (fs::create_directory(path, error)) {
+                made.push_back(path);
+            }
+        }
+    }
+    return made;
+}
+
+/// Writes files in a directory: all, or none.
+void WriteFiles(const fs::path& directory, const std::vector<TreeFile>& files) {
+    const std::vector<fs::path> made = MakeDirectories(directory, files);
     std::vector<output::NewContent> content;
     for (const TreeFile& file : files) {
-        const fs::path path = directory / file.path;
-        std::error_code error;
-        fs::create_directories(path.parent_path(), error);
-        content.push_back({.path = path.string(), .bytes = file.bytes});
+        content.push_back({.path = (directory / file.path).string(), .bytes = file.bytes});
     }
-    return content;
+    try {
+        output::WriteWholeFiles(content);
+    } catch (...) {
+        for (auto path = made.rbegin(); path != made.rend(); ++path) {
+            std::error_code error;
+            fs::remove(*path, error);
+        }
+        throw;
+    }
 }
 
 }  // namespace
 
 WrittenTree::WrittenTree(const std::vector<TreeFile>& files, const std::string& directory, Old old)
-    : files_(files), directory_(directory) {
-    Check(directory_, old);
-    temporary_ = NewDirectoryBeside(directory_);
+    : files_(files), given_(directory), directory_(Absolute(directory)) {
+    Check(given_, old);
+    temporary_ = NewDirectoryBeside(directory_, given_);
     try {
-        output::WriteWholeFiles(ContentIn(temporary_, files));
+        WriteFiles(temporary_, files);
         const compile::Compilation result =
             compile::Compile(temporary_, {.answers = false, .log = false});
         if (result.status == kOk) {
@@ -93,17 +125,25 @@ WrittenTree::~WrittenTree() {
 void WrittenTree::Appear() {
     std::error_code error;
     const bool isThere = fs::exists(directory_, error);
-    if (isThere && !fs::is_empty(directory_, error)) {
-        output::WriteWholeFiles(ContentIn(directory_, files_));
+    const bool isEmpty = isThere && !error && fs::is_empty(directory_, error);
+    if (error) {
+        Fail(given_, "cannot be written: " + error.message());
+    }
+    if (isThere && !isEmpty) {
+        WriteFiles(directory_, files_);
         return;
     }
-    fs::permissions(temporary_, fs::perms::all & ~fs::perms(CurrentMask()), error);
-    if (isThere) {
-        fs::remove(directory_, error);
+    // An empty directory is replaced by the new one in a single step.
+    const fs::perms rights = isThere ? fs::status(directory_, error).permissions()
+                                     : fs::perms::all & ~fs::perms(CurrentMask());
+    if (!error) {
+        fs::permissions(temporary_, rights, error);
     }
-    fs::rename(temporary_, directory_, error);
+    if (!error) {
+        fs::rename(temporary_, directory_, error);
+    }
     if (error) {
-        Fail(directory_, "cannot be written: " + error.message());
+        Fail(given_, "cannot be written: " + error.message());
     }
     temporary_.clear();
 }

@@ -30,7 +30,8 @@ public:
 
 private:
     const std::vector<TreeFile>& files_;
-    std::filesystem::path directory_;
+    std::filesystem::path given_;      ///< the directory as it was given
+    std::filesystem::path directory_;  ///< absolute: the tree is compiled in its own directory
     std::filesystem::path temporary_;
     std::optional<image::Image> image_;
 };

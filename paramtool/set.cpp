@@ -89,8 +89,8 @@ public:
         }
     }
 
-    /// Tells what becomes of the image.
-    void TellDifference(const std::string& tree) {
+    /// What becomes of the image. Keys that are then not read are told.
+    std::string Difference(const std::string& tree) {
         const compile::Compilation after = session_.Run(pretence_);
         const image::Input old = {.argument = tree,
                                   .isTree = true,
@@ -100,7 +100,6 @@ public:
         image::Input fresh = old;
         fresh.image = after.image;
         fresh.compilation = after;
-        output::WriteResult("", image::TextDiff(image::Differences(old, fresh), {}));
         for (const layout::KeyName& name : keys_) {
             const bool isRead = std::any_of(after.answers.begin(), after.answers.end(),
                                             [&](const compile::Answer& answer) {
@@ -112,6 +111,7 @@ public:
                      " is not read with this tree's counts and modules");
             }
         }
+        return image::TextDiff(image::Differences(old, fresh), {});
     }
 
     void Write() const {
@@ -146,10 +146,12 @@ int RunSet(const SetOptions& options) {
             change.Apply(ParseAssignment(argument));
         }
         change.Check();
+        // Writing comes last of what may fail.
+        const std::string difference = change.Difference(options.tree);
         if (!options.dryRun) {
             change.Write();
         }
-        change.TellDifference(options.tree);
+        output::WriteResult("", difference);
         return kAllWell;
     } catch (const Refused& refused) {
         Tell(std::string("paramtool: ") + refused.what() + "; nothing is changed");

@@ -4,16 +4,20 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "compile/session.h"
 #include "decompile/decompile.h"
 #include "decompile/tree_directory.h"
 #include "golden/random_product.h"
+#include "image/key_text.h"
 #include "layout/layout.h"
 #include "properties/hostile.h"
 #include "support/program.h"
@@ -129,6 +133,93 @@ TEST_F(RoundTrip, ATreeThatIsLikeItsOwnIsTheSame) {
     });
 }
 
+/// Another text for the value of a key.
+std::string OtherText(const layout::Value& value, const std::string& text) {
+    if (const NameTable* names = layout::NamesOf(value)) {
+        const std::vector<std::string> all = layout::AllNames(*names);
+        return all.front() == text ? all.back() : all.front();
+    }
+    return text == "1" ? "0" : "1";
+}
+
+/// Whether two runs asked for the same keys.
+bool AskedForTheSame(const compile::Compilation& a, const compile::Compilation& b) {
+    return std::equal(a.answers.begin(), a.answers.end(), b.answers.begin(), b.answers.end(),
+                      [](const compile::Answer& one, const compile::Answer& other) {
+                          return one.module == other.module && one.key == other.key;
+                      });
+}
+
+/// A product's image after another value was given to a key that the tree has, which decides about
+/// no other key.
+std::optional<image::Image> WithOneKeyChanged(const std::filesystem::path& directory,
+                                              std::uint64_t number) {
+    compile::Session session(directory);
+    const compile::Compilation before = session.Run();
+    std::mt19937_64 random(number);
+    for (int i = 0; i < 100; ++i) {
+        const compile::Answer& answer = before.answers[random() % before.answers.size()];
+        if (!answer.place || !answer.text) {
+            continue;
+        }
+        const layout::Value& value = *layout::ValueAt(answer.place->offset);
+        compile::Pretence pretence;
+        pretence.texts[{answer.module, answer.key}] = OtherText(value, *answer.text);
+        const compile::Compilation after = session.Run(pretence);
+        if (after.status == kOk && AskedForTheSame(before, after) && before.image != after.image) {
+            return after.image;
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+/// Number of lines in which the files differ from those in `directory`, but for the entry file; a
+/// line that is there on one side only counts, too.
+std::size_t ChangedLines(const std::filesystem::path& directory, const Decompiled& result) {
+    std::size_t changed = 0;
+    for (const TreeFile& file : result.files) {
+        if (file.path == "config_cfgaccess_entry.ini") {
+            continue;
+        }
+        const std::vector<std::string> before = LinesOf(ReadFile(directory / file.path));
+        const std::vector<std::string> after = LinesOf(file.bytes);
+        changed += before.size() > after.size() ? before.size() - after.size()
+                                                : after.size() - before.size();
+        for (std::size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
+            changed += before[i] == after[i] ? 0 : 1;
+        }
+    }
+    return changed;
+}
+
+TEST_F(RoundTrip, AfterOneChangedValueExactlyOneLineIsAnother) {
+    int count = 0;
+    ForNumbers(20, [&](std::uint64_t number) {
+        const TempDir directory;
+        WriteRandomProduct(directory, Keys(), number, Health::kGood);
+        const std::optional<image::Image> image = WithOneKeyChanged(directory.path(), number);
+        if (!image) {
+            return;
+        }
+        ++count;
+        const Decompiled result =
+            Decompile(*image, {.all = false, .like = directory.path().string()});
+        EXPECT_TRUE(result.lost.empty());
+        EXPECT_EQ(ChangedLines(directory.path(), result), 1U);
+    });
+    std::printf("%d trees with one changed value\n", count);
+    EXPECT_GT(count, 0);
+}
+
 TEST_F(RoundTrip, ATreeThatIsLikeAnotherMakesTheImage) {
     ForNumbers(50, [](std::uint64_t number) {
         const TempDir directory;
@@ -164,6 +255,79 @@ TEST_F(RoundTrip, WhatCannotComeBackIsToldExactly) {
         }
         EXPECT_GE(told, differences);
     });
+}
+
+/// Number of bytes in which two images differ.
+std::size_t CountDifferent(const image::Image& a, const image::Image& b) {
+    std::size_t different = 0;
+    for (std::size_t at = 0; at < a.size(); ++at) {
+        different += a[at] == b[at] ? 0 : 1;
+    }
+    return different;
+}
+
+/// A product's image with some bytes changed at random.
+image::Image Disturbed(image::Image image, std::mt19937_64* random) {
+    for (int i = 0; i < 12; ++i) {
+        const std::size_t at = (*random)() % image.size();
+        const std::size_t size = std::min<std::size_t>(1 + (*random)() % 4, image.size() - at);
+        for (std::size_t j = 0; j < size; ++j) {
+            image[at + j] = static_cast<std::byte>((*random)());
+        }
+    }
+    return image;
+}
+
+/// Whether `image` is the wanted one in more bytes than `found`, and in all in which that is.
+bool IsBetter(const image::Image& image, const image::Image& found, const image::Image& wanted) {
+    for (std::size_t at = 0; at < wanted.size(); ++at) {
+        if (found[at] == wanted[at] && image[at] != wanted[at]) {
+            return false;
+        }
+    }
+    return CountDifferent(wanted, image) < CountDifferent(wanted, found);
+}
+
+/// Expects that no value of the key of a lost value makes bytes right and no others wrong.
+void ExpectNothingBetter(const image::Image& wanted, const Decompiled& result,
+                         const std::string& directory) {
+    compile::Session session(directory);
+    const image::Image found = session.Run().image;
+    for (const Lost& lost : result.lost) {
+        const layout::Value& value = *layout::ValueAt(lost.offset);
+        const std::optional<std::string> text =
+            value.HasKey() ? image::KeyText(value, image::BytesOf(wanted, value)) : std::nullopt;
+        for (const std::string& candidate : {text.value_or("0"), std::string("1"), std::string()}) {
+            compile::Pretence pretence;
+            for (const auto& module : value.modules) {
+                const std::string key = std::string(value.section) + ":" + std::string(value.key);
+                pretence.texts[{std::string(module), key}] = candidate;
+            }
+            const compile::Compilation other = session.Run(pretence);
+            EXPECT_FALSE(other.status == kOk && IsBetter(other.image, found, wanted))
+                << lost.offset << " " << lost.member << " = '" << candidate << "'";
+        }
+    }
+}
+
+TEST_F(RoundTrip, WhatIsToldToBeLostCannotBe) {
+    std::size_t lost = 0;
+    ForNumbers(50, [&](std::uint64_t number) {
+        const TempDir directory;
+        WriteRandomProduct(directory, Keys(), number, Health::kGood);
+        std::mt19937_64 random(number);
+        const image::Image wanted = Disturbed(
+            compile::Compile(directory.path(), {.answers = false, .log = false}).image, &random);
+        const Decompiled result = Decompile(wanted, {.all = false, .like = std::nullopt});
+        lost += result.lost.size();
+        const TempDir home;
+        WrittenTree tree(result.files, (home.path() / "tree").string(), Old::kNone);
+        tree.Appear();
+        ASSERT_TRUE(tree.image().has_value());
+        EXPECT_EQ(CountDifferent(wanted, *tree.image()), CountDifferent(wanted, result.image));
+        ExpectNothingBetter(wanted, result, (home.path() / "tree").string());
+    });
+    std::printf("%zu values were lost\n", lost);
 }
 
 }  // namespace

@@ -266,6 +266,19 @@ TEST(Decompile, LikeATreeThatListsAModuleWithoutAFileListsItOnce) {
     EXPECT_EQ(FileOf(result, "cam0_mediamode1"), "[vpss.0]\nmax_width = 1920\n");
 }
 
+TEST(WrittenTree, AnEmptyDirectoryKeepsItsRightsAndALinkToItIsKept) {
+    const Decompiled result = Decompile(Compiled(SmallestProduct()), {});
+    const TempDir home;
+    const std::filesystem::path directory = home.path() / "empty";
+    std::filesystem::create_directory(directory);
+    std::filesystem::permissions(directory, std::filesystem::perms(0750));
+    std::filesystem::create_directory_symlink("empty", home.path() / "link");
+    WrittenTree(result.files, (home.path() / "link").string(), Old::kNone).Appear();
+    EXPECT_TRUE(std::filesystem::exists(directory / "devmng.ini"));
+    EXPECT_EQ(std::filesystem::status(directory).permissions(), std::filesystem::perms(0750));
+    EXPECT_TRUE(std::filesystem::is_symlink(home.path() / "link"));
+}
+
 TEST(WrittenTree, DoesNotTouchWhatIsThere) {
     const Decompiled result = Decompile(Compiled(SmallestProduct()), {});
     const TempDir home;
