@@ -39,21 +39,36 @@ void Arena::BackTo(const Mark& mark) {
     }
     at_ = mark.at;
     left_ = mark.left;
+    mapped_ = at_ + left_;  // the rest is mapped when it is touched
 }
 
 /// Allocates a chunk and returns the `size` bytes behind its header; null when memory runs out.
-/// `flags` are additional flags for mmap.
-char* Arena::NewChunk(std::size_t size, int flags) {
+char* Arena::NewChunk(std::size_t size) {
+    constexpr std::size_t kHugePage = std::size_t{2} * 1024 * 1024;
     const std::size_t whole = sizeof(Chunk) + size;
-    void* memory =
-        mmap(nullptr, whole, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | flags, -1, 0);
+    void* memory = mmap(nullptr, whole, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (memory == MAP_FAILED) {
         return nullptr;
+    }
+    if (whole >= kHugePage) {
+        // Look-ups all over a large dictionary need not find each of its pages.
+        static_cast<void>(madvise(memory, whole, MADV_HUGEPAGE));
     }
     Chunk* chunk = static_cast<Chunk*>(memory);
     *chunk = {.next = chunks_, .size = whole};
     chunks_ = chunk;
     return reinterpret_cast<char*>(chunk + 1);
+}
+
+/// Maps the current chunk's pages up to the end of the last piece and some more, many at once: that
+/// costs less than a page fault for each. A kernel that cannot do this maps them one by one.
+void Arena::MapPages() {
+    constexpr int kPopulateWrite = 23;  // since Linux 5.14; not in musl's headers
+    constexpr std::size_t kAtOnce = std::size_t{16} * 1024;
+    const std::size_t missing = static_cast<std::size_t>(at_ - mapped_);
+    const std::size_t size = (missing + kAtOnce - 1) / kAtOnce * kAtOnce;
+    static_cast<void>(madvise(mapped_, size, kPopulateWrite));
+    mapped_ += size;
 }
 
 void* Arena::Take(std::uint64_t size) {
@@ -63,21 +78,23 @@ void* Arena::Take(std::uint64_t size) {
     }
     const std::size_t taken = Aligned(static_cast<std::size_t>(size));
     if (taken > left_ && taken > kChunkSize / 4) {
-        return NewChunk(taken, 0);  // the rest of the current chunk remains for smaller pieces
+        return NewChunk(taken);  // the rest of the current chunk remains for smaller pieces
     }
     if (taken > left_) {
-        // Map all pages at once, which costs less than a page fault for each. Not for large pieces:
-        // much of one may never be touched.
-        char* chunk = NewChunk(kChunkSize, MAP_POPULATE);
+        char* chunk = NewChunk(kChunkSize);
         if (chunk == nullptr) {
             return nullptr;
         }
         at_ = chunk;
         left_ = kChunkSize;
+        mapped_ = chunk - sizeof(Chunk);
     }
     last_ = at_;
     at_ += taken;
     left_ -= taken;
+    if (at_ > mapped_) {
+        MapPages();
+    }
     return last_;
 }
 

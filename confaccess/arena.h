@@ -15,7 +15,8 @@ public:
     Arena() = default;
     /// An arena that cuts its first pieces from `memory`, which must be aligned for any number.
     /// These pieces are not zeroed.
-    explicit Arena(std::span<char> memory) : at_(memory.data()), left_(memory.size() / 8 * 8) {}
+    explicit Arena(std::span<char> memory)
+        : at_(memory.data()), left_(memory.size() / 8 * 8), mapped_(at_ + left_) {}
     ~Arena();
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
@@ -50,13 +51,15 @@ public:
 private:
     static constexpr std::size_t kChunkSize = std::size_t{64} * 1024 - sizeof(Chunk);
 
-    char* NewChunk(std::size_t size, int flags);
+    char* NewChunk(std::size_t size);
+    void MapPages();
     void FreeChunksUpTo(const Chunk* last);
 
     Chunk* chunks_ = nullptr;
     char* at_ = nullptr;  ///< the unused rest of the current chunk
     std::size_t left_ = 0;
-    char* last_ = nullptr;  ///< the last piece, if it was cut from there
+    char* mapped_ = nullptr;  ///< up to where the current chunk's pages were mapped ahead of use
+    char* last_ = nullptr;    ///< the last piece, if it was cut from there
 };
 
 }  // namespace paramgen

@@ -58,6 +58,16 @@ TEST(Arena, PiecesMayHaveEverySizeAroundThatOfAChunk) {
     }
 }
 
+TEST(Arena, LargePiecesAreZeroFilledToo) {
+    Arena arena;
+    for (const std::size_t size : {std::size_t{2} << 20U, std::size_t{5} << 20U}) {
+        char* piece = static_cast<char*>(arena.Take(size));
+        ASSERT_NE(piece, nullptr);
+        EXPECT_EQ(std::count(piece, piece + size, '\0'), static_cast<std::ptrdiff_t>(size));
+        std::fill(piece, piece + size, 'x');
+    }
+}
+
 TEST(Arena, RefusesSizesBeyondAllMemory) {
     Arena arena;
     EXPECT_EQ(arena.Take(UINT64_MAX), nullptr);
