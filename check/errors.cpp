@@ -61,7 +61,11 @@ Finding ErrorOfValue(const layout::Key* key, std::string_view name, std::string_
     }
     if (kind == FieldKind::kName) {
         Finding finding = Error(RuleId::kUnknownName, "there is no name " + Quoted(text));
-        finding.suggestion = diagnostics::Nearest(text, NamesOf(key));
+        const std::vector<std::string> names = NamesOf(key);
+        finding.suggestion = diagnostics::Nearest(text, names);
+        if (finding.suggestion.empty()) {
+            finding.suggestion = diagnostics::OnlyEnding(text, names);
+        }
         return finding;
     }
     const NumberText number = ReadNumber(text);

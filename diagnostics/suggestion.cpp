@@ -15,8 +15,8 @@ bool IsWordCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
 }
 
-/// The words of a name, sorted.
-std::vector<std::string> SortedWords(std::string_view name) {
+/// The words of a name, in lower case.
+std::vector<std::string> Words(std::string_view name) {
     std::vector<std::string> words;
     bool isWithin = false;
     for (const char c : name) {
@@ -29,8 +29,33 @@ std::vector<std::string> SortedWords(std::string_view name) {
         }
         isWithin = isWord;
     }
+    return words;
+}
+
+std::vector<std::string> SortedWords(std::string_view name) {
+    std::vector<std::string> words = Words(name);
     std::sort(words.begin(), words.end());
     return words;
+}
+
+/// The letters and digits of a name, in lower case.
+std::string Condensed(std::string_view name) {
+    std::string condensed;
+    for (const std::string& word : Words(name)) {
+        condensed += word;
+    }
+    return condensed;
+}
+
+/// Whether the last words of a candidate are `condensed`.
+bool EndsWith(std::string_view candidate, std::string_view condensed) {
+    const std::vector<std::string> words = Words(candidate);
+    std::string end;
+    for (auto word = words.rbegin(); word != words.rend() && end.size() < condensed.size();
+         ++word) {
+        end = *word + end;
+    }
+    return end == condensed;
 }
 
 }  // namespace
@@ -90,6 +115,15 @@ std::string Nearest(std::string_view name, std::span<const std::string> candidat
         }
     }
     return nearest;
+}
+
+std::string OnlyEnding(std::string_view name, std::span<const std::string> candidates) {
+    const std::string condensed = Condensed(name);
+    const auto ends = [&](const std::string& candidate) { return EndsWith(candidate, condensed); };
+    const auto only = std::find_if(candidates.begin(), candidates.end(), ends);
+    const bool isOnly = !condensed.empty() && only != candidates.end() &&
+                        std::none_of(only + 1, candidates.end(), ends);
+    return isOnly ? *only : "";
 }
 
 }  // namespace paramgen::diagnostics

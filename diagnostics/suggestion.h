@@ -24,4 +24,8 @@ std::size_t Unlikeness(std::string_view name, std::string_view candidate);
 /// none is near enough.
 std::string Nearest(std::string_view name, std::span<const std::string> candidates);
 
+/// The only candidate whose last letters and digits are those of `name`, from the beginning of a
+/// word on: "MODE_2160P_30" for "2160p30". Empty when there is none, or more than one.
+std::string OnlyEnding(std::string_view name, std::span<const std::string> candidates);
+
 }  // namespace paramgen::diagnostics

@@ -90,7 +90,7 @@ std::vector<Place> PlacesOf(const std::string& directory) {
     return places;
 }
 
-/// A name with one letter dropped, doubled, replaced, or swapped with the next one.
+/// A name with one letter dropped, doubled, replaced, or swapped with the one before it.
 std::string Mistyped(Random& random, std::string name) {
     const std::size_t at = random.Below(name.size());
     switch (random.Below(4)) {
@@ -104,7 +104,7 @@ std::string Mistyped(Random& random, std::string name) {
             name[at] = static_cast<char>('a' + random.Below(26));
             break;
         default:
-            std::swap(name[at], name[(at + 1) % name.size()]);
+            std::swap(name[at], name[at == 0 ? 0 : at - 1]);
             break;
     }
     return name;

@@ -32,12 +32,9 @@ std::int32_t Load() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace paramgen;
-    testing::SilenceOutput();
-    const testing::Product product = testing::ReadProduct({data, size});
-    if (testing::LeadsAstray(product)) {
+    if (!testing::PrepareProduct({data, size})) {
         return 0;
     }
-    testing::WriteProduct(product);
     const testing::InFuzzDirectory working;
 
     // Formatting records takes most of the time, so it is done for one product in eight.

@@ -4,7 +4,8 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <vector>
+#include <map>
+#include <string>
 
 #include "confaccess/confaccess.h"
 #include "confaccess/registry.h"
@@ -15,6 +16,9 @@ namespace paramgen::testing {
 namespace {
 
 constexpr char kEntry[] = "entry";
+
+/// Module names and the texts of their files; "entry" is the entry file.
+using Product = std::map<std::string, std::string>;
 
 Product NeededModules() {
     Product product;
@@ -53,8 +57,6 @@ std::string FileOf(int number) {
     return "m" + std::to_string(number) + ".ini";
 }
 
-}  // namespace
-
 Product ReadProduct(Input input) {
     Product product = NeededModules();
     std::string* text = &product["devmng"];
@@ -72,6 +74,7 @@ Product ReadProduct(Input input) {
     return product;
 }
 
+/// Whether the entry file names files outside of the product, whose contents may be endless.
 bool LeadsAstray(const Product& product) {
     const auto entry = product.find(kEntry);
     const auto names = [&](const char* text) {
@@ -80,6 +83,7 @@ bool LeadsAstray(const Product& product) {
     return names("/dev") || names("dev/") || names("proc");
 }
 
+/// Writes the product to the fuzz directory, and removes the files of the one before.
 void WriteProduct(const Product& product) {
     static Files files;
     std::string modules;
@@ -102,6 +106,18 @@ void WriteProduct(const Product& product) {
     while (files.Has(FileOf(++number))) {
         files.Remove(FileOf(number));
     }
+}
+
+}  // namespace
+
+bool PrepareProduct(Input input) {
+    SilenceOutput();
+    const Product product = ReadProduct(input);
+    if (LeadsAstray(product)) {
+        return false;
+    }
+    WriteProduct(product);
+    return true;
 }
 
 InFuzzDirectory::InFuzzDirectory() : before_(open(".", O_RDONLY | O_DIRECTORY)) {

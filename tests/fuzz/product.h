@@ -3,23 +3,16 @@
 /// Modules that the program needs are empty unless given.
 #pragma once
 
-#include <map>
-#include <string>
+#include <cstdint>
 
 #include "fuzz/fuzz.h"
 
 namespace paramgen::testing {
 
-/// Module names and the texts of their files; "entry" is the entry file.
-using Product = std::map<std::string, std::string>;
-
-Product ReadProduct(Input input);
-
-/// Whether the entry file names files outside of the product, whose contents may be endless.
-bool LeadsAstray(const Product& product);
-
-/// Writes the product to the fuzz directory, and removes the files of the one before.
-void WriteProduct(const Product& product);
+/// Writes the product that `input` describes to the fuzz directory, removes the files of the one
+/// before, and silences standard output. Returns false, having written nothing, when the entry file
+/// names files outside of the product, whose contents may be endless.
+bool PrepareProduct(Input input);
 
 /// While this object exists, the fuzz directory is the working directory.
 class InFuzzDirectory {

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "fault/formatter.h"
+
 namespace paramgen::testing {
 namespace {
 
@@ -16,11 +18,6 @@ void WatchFormatting(std::function<bool(const Formatted&)> fits) {
 }
 
 extern "C" {
-
-// Mangled name of the wrapped function, on hosts where std::size_t is unsigned long.
-int __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
-                                                             std::size_t count, const char* format,
-                                                             std::va_list args);
 
 int __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
                                                              std::size_t count, const char* format,

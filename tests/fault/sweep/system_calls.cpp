@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <ctime>
 
+#include "fault/formatter.h"
 #include "fault/sweep/observed.h"
 
 namespace paramgen::testing {
@@ -55,11 +56,6 @@ int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex) {
 int __wrap_pthread_mutex_destroy(pthread_mutex_t* mutex) {
     return Fails(Kind::kMutexDestroy) ? EBUSY : __real_pthread_mutex_destroy(mutex);
 }
-
-// Mangled names of the bounded formatters.
-int __real__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
-                                                             std::size_t count, const char* format,
-                                                             std::va_list args);
 
 int __wrap__ZN8paramgen11vsnprintf_sEPcmmPKcP13__va_list_tag(char* dest, std::size_t destMax,
                                                              std::size_t count, const char* format,

@@ -109,6 +109,14 @@ TEST(Mistakes, NumbersWrittenInOtherWays) {
                        "'yes'?"});
 }
 
+TEST(Mistakes, AMediaModeByTheEndOfItsName) {
+    const auto change = [](Files& files) {
+        files["workmode_record.ini"] += "[common.mediamode.config.0]\nmediamode = 2160P30\n";
+    };
+    EXPECT_EQ(MessagesOf(change), Messages{"there is no name '2160P30'; did you mean "
+                                           "'QX_PARAM_MEDIAMODE_2160P_30'?"});
+}
+
 TEST(Mistakes, MinutesForSeconds) {
     const auto change = [](Files& files) {
         files["valueset.ini"] +=

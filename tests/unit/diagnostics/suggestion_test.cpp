@@ -30,5 +30,19 @@ TEST(Nearest, SuggestsWhatIsNearAndNothingElse) {
     EXPECT_EQ(Nearest("abc", keys), "");
 }
 
+TEST(OnlyEnding, NamesTheOneWithTheseLastLettersAndDigits) {
+    const std::vector<std::string> modes = {"MODE_2160P_30", "MODE_PHOTO_2160P", "MODE_1440P_30",
+                                            "MODE_1440P_30_WDR"};
+    EXPECT_EQ(OnlyEnding("2160p30", modes), "MODE_2160P_30");
+    EXPECT_EQ(OnlyEnding("1440P_30_WDR", modes), "MODE_1440P_30_WDR");
+    EXPECT_EQ(OnlyEnding("photo2160p", modes), "MODE_PHOTO_2160P");
+    EXPECT_EQ(OnlyEnding("30", modes), "") << "two end like this";
+    EXPECT_EQ(OnlyEnding("60P_30", modes), "") << "in the middle of a word";
+    EXPECT_EQ(OnlyEnding("2160p", modes), "MODE_PHOTO_2160P");
+    EXPECT_EQ(OnlyEnding("1440p", modes), "");
+    EXPECT_EQ(OnlyEnding("", modes), "");
+    EXPECT_EQ(OnlyEnding("_", modes), "");
+}
+
 }  // namespace
 }  // namespace paramgen::diagnostics
