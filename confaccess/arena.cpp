@@ -2,6 +2,7 @@
 
 #include <sys/mman.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 
@@ -12,6 +13,14 @@ namespace {
 std::size_t Aligned(std::size_t size) {
     constexpr std::size_t kAlignment = 8;
     return (size + kAlignment - 1) / kAlignment * kAlignment;
+}
+
+/// Advises the kernel on memory. One that cannot follow is no error, and `errno` stays as it is:
+/// conversions of numbers depend on what earlier ones left in it.
+void Advise(void* memory, std::size_t size, int advice) {
+    const int before = errno;
+    static_cast<void>(madvise(memory, size, advice));
+    errno = before;
 }
 
 }  // namespace
@@ -52,7 +61,7 @@ char* Arena::NewChunk(std::size_t size) {
     }
     if (whole >= kHugePage) {
         // Look-ups all over a large dictionary need not find each of its pages.
-        static_cast<void>(madvise(memory, whole, MADV_HUGEPAGE));
+        Advise(memory, whole, MADV_HUGEPAGE);
     }
     Chunk* chunk = static_cast<Chunk*>(memory);
     *chunk = {.next = chunks_, .size = whole};
@@ -67,7 +76,7 @@ void Arena::MapPages() {
     constexpr std::size_t kAtOnce = std::size_t{16} * 1024;
     const std::size_t missing = static_cast<std::size_t>(at_ - mapped_);
     const std::size_t size = (missing + kAtOnce - 1) / kAtOnce * kAtOnce;
-    static_cast<void>(madvise(mapped_, size, kPopulateWrite));
+    Advise(mapped_, size, kPopulateWrite);
     mapped_ += size;
 }
 

@@ -69,6 +69,7 @@ void __real_free(void* memory);
 void* __real_mmap(void* address, std::size_t size, int protection, int flags, int file,
                   off_t offset);
 int __real_munmap(void* memory, std::size_t size);
+int __real_madvise(void* memory, std::size_t size, int advice);
 int __real_open(const char* path, int flags, ...);
 int __real_close(int file);
 ssize_t __real_pread(int file, void* bytes, std::size_t size, off_t offset);
@@ -110,6 +111,14 @@ void* __wrap_mmap(void* address, std::size_t size, int protection, int flags, in
 int __wrap_munmap(void* memory, std::size_t size) {
     GivenBack(memory);
     return __real_munmap(memory, size);
+}
+
+int __wrap_madvise(void* memory, std::size_t size, int advice) {
+    if (Fails(Fault::kAdvice)) {
+        errno = EINVAL;
+        return -1;
+    }
+    return __real_madvise(memory, size, advice);
 }
 
 int __wrap_open(const char* path, int flags, ...) {

@@ -7,6 +7,7 @@ namespace paramgen::testing {
 enum class Fault {
     kNone,
     kAllocation,  ///< malloc, calloc, realloc, strdup, mmap: no memory
+    kAdvice,      ///< madvise: not known to the kernel
     kOpen,        ///< open: no such file
     kRead,        ///< pread: an error
     kFormat,      ///< vsnprintf: -1

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
@@ -40,6 +41,21 @@ std::string LargeFile() {
 }
 /// Allocations for it, with the chunk that holds the dictionary object.
 constexpr int kLargeFileAllocations = 4;
+
+TEST(ArenaFaults, AdviceThatTheKernelRefusesLeavesErrnoAlone) {
+    errno = ERANGE;
+    int after = 0;
+    bool happened = false;
+    {
+        const FaultWatch watch(Fault::kAdvice, 1);
+        Arena arena;
+        EXPECT_NE(arena.Take(100), nullptr);
+        after = errno;
+        happened = watch.Happened();
+    }
+    EXPECT_TRUE(happened);
+    EXPECT_EQ(after, ERANGE);
+}
 
 class ReaderFaults : public ::testing::Test {
 protected:
