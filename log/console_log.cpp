@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <string_view>
 
 #include "log/output.h"
@@ -57,28 +58,36 @@ char* PutTime(char* at, const char* end) {
     return at + std::max(length, 0);
 }
 
+/// Writes the beginning of a record, up to its level, to `text`, a buffer of `kRecordRoom` bytes.
+/// Returns its end.
+char* PutLevel(char* text, std::uint32_t level) {
+    char* at = PutCharacters(text, "\033[m[");
+    if (g_settings.timeStamps) {
+        at = PutTime(at, text + kRecordRoom);
+    }
+    return PutCharacters(at, kLevelTexts[level]);
+}
+
 /// Writes the prefix of a record to `*text`, a buffer of `kRecordRoom` bytes, and returns its end.
 /// When the names are too long they are printed directly, and `*text` becomes the buffer for the
 /// rest.
-char* Begin(char** text, const ConsoleRecord& record) {
-    char* at = PutCharacters(*text, "\033[m[");
-    if (g_settings.timeStamps) {
-        at = PutTime(at, *text + kRecordRoom);
-    }
-    at = PutCharacters(at, kLevelTexts[record.level]);
-    if (record.module.size() + record.function.size() > kNamesMax) {
+char* Begin(char** text, std::uint32_t level, std::string_view module, std::string_view function,
+            std::uint32_t line) {
+    char* at = PutLevel(*text, level);
+    if (module.size() + function.size() > kNamesMax) {
         TakeRecord(static_cast<std::size_t>(at - *text));
-        PrintOutput("%s]:%s", record.module.data(), record.function.data());
+        PrintOutput("%s]:%s", module.data(), function.data());
         *text = RecordRoom();
         at = *text;
     } else {
-        at = PutCharacters(PutCharacters(PutCharacters(at, record.module), "]:"), record.function);
+        at = PutCharacters(PutCharacters(PutCharacters(at, module), "]:"), function);
     }
-    if (!record.place.empty()) {
-        return PutCharacters(at, record.place);
-    }
-    at = PutNumber(PutCharacters(at, "["), record.line);
+    at = PutNumber(PutCharacters(at, "["), line);
     return PutCharacters(at, "]:");
+}
+
+bool IsWritten(std::uint32_t level) {
+    return level <= g_settings.level && g_settings.enabled;
 }
 
 /// Formats a message into `dest`, which has room for `size` bytes. Returns its length, or -1 when
@@ -116,33 +125,37 @@ void ConsoleLogPrint(std::uint32_t level, const char* module, const char* functi
 
 void ConsoleLogPrintV(std::uint32_t level, const char* module, const char* function,
                       std::uint32_t line, const char* format, std::va_list args) {
-    ConsoleLogPrintV({.level = level,
-                      .line = line,
-                      .module = OrEmpty(module),
-                      .function = OrEmpty(function),
-                      .format = OrEmpty(format),
-                      .place = {}},
-                     args);
-}
-
-void ConsoleLogPrintV(const ConsoleRecord& record, std::va_list args) {
-    if (record.level > g_settings.level || !g_settings.enabled) {
+    if (!IsWritten(level)) {
         return;
     }
+    format = OrEmpty(format);
     char* text = RecordRoom();
-    char* const message = Begin(&text, record);
+    char* const message = Begin(&text, level, OrEmpty(module), OrEmpty(function), line);
     const std::size_t prefix = static_cast<std::size_t>(message - text);
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    const int length = FormatMessage(message, kRecordRoom - prefix, record.format.data(),
-                                     record.format.size(), args);
+    const int length =
+        FormatMessage(message, kRecordRoom - prefix, format, std::strlen(format), args);
     TakeRecord(prefix + static_cast<std::size_t>(std::max(length, 0)));
     if (length < 0) {
         // The message does not fit: libc formats it once more.
         FlushOutput();
-        std::vprintf(record.format.data(), args);
+        std::vprintf(format, args);
     }
-#pragma GCC diagnostic pop
+}
+
+bool ConsoleLogPrintSimple(std::uint32_t level, std::string_view module, std::string_view place,
+                           const SimpleFormat& format, const SimpleFormat::Argument* arguments) {
+    if (!IsWritten(level)) {
+        return true;
+    }
+    char* const text = RecordRoom();
+    char* at = PutCharacters(PutLevel(text, level), module);
+    at = PutCharacters(PutCharacters(at, "]:"), place);
+    const char* const end = format.Write(at, text + kRecordRoom, arguments);
+    if (end == nullptr) {
+        return false;
+    }
+    TakeRecord(static_cast<std::size_t>(end - text));
+    return true;
 }
 
 }  // namespace paramgen

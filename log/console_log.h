@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "safestr/simple_format.h"
+
 namespace paramgen {
 
 /// Levels of console records. A record is written when its level is not above the current level.
@@ -37,17 +39,11 @@ void ConsoleLogSetup(std::uint32_t enabled, std::uint32_t timeStamps, std::uint3
                                                     const char* function, std::uint32_t line,
                                                     const char* format, std::va_list args);
 
-/// A record whose texts are measured already; a NUL ends each of them.
-struct ConsoleRecord {
-    std::uint32_t level;
-    std::uint32_t line;
-    std::string_view module;
-    std::string_view function;
-    std::string_view format;
-    std::string_view place;  ///< "function[line]:", at most 255 characters, instead of these two
-};
-
-/// The same for such a record. Its format has been compared with the arguments in `args`.
-void ConsoleLogPrintV(const ConsoleRecord& record, std::va_list args);
+/// The same with a simple format. `place` is "function[line]:"; together with `module` it has at
+/// most 400 characters. Returns false, writing nothing, when the record is too long for the buffer
+/// or a text among the arguments is null.
+[[nodiscard]] bool ConsoleLogPrintSimple(std::uint32_t level, std::string_view module,
+                                         std::string_view place, const SimpleFormat& format,
+                                         const SimpleFormat::Argument* arguments);
 
 }  // namespace paramgen

@@ -20,17 +20,9 @@ void LogDebug(const char* function, std::uint32_t line, const char* format, ...)
     va_end(args);
 }
 
-void LogDebug(const LogStatement* statement, ...) {
-    std::va_list args;
-    va_start(args, statement);
-    ConsoleLogPrintV({.level = kConsoleDebug,
-                      .line = 0,
-                      .module = kParamTag,
-                      .function = {},
-                      .format = statement->format,
-                      .place = statement->place},
-                     args);
-    va_end(args);
+bool LogSimple(std::string_view place, const SimpleFormat& format,
+               const SimpleFormat::Argument* arguments) {
+    return ConsoleLogPrintSimple(kConsoleDebug, kParamTag, place, format, arguments);
 }
 
 Status LogFailed(const char* function, std::uint32_t line, const char* label, Status status) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "confaccess/status.h"
+#include "safestr/simple_format.h"
 
 namespace paramgen {
 
@@ -55,14 +56,17 @@ private:
     char text_[kSize + sizeof "[9999]:"] = {};
 };
 
-/// What is known of a statement's record when it is compiled.
-struct LogStatement {
-    std::string_view place;
-    std::string_view format;
-};
+/// Logs a statement's record at DEBUG. Returns false, logging nothing, when the record is too long
+/// or a text is null. The arguments must be those that the format takes.
+[[nodiscard]] bool LogSimple(std::string_view place, const SimpleFormat& format,
+                             const SimpleFormat::Argument* arguments);
 
-/// Logs the statement's record at DEBUG. The arguments must be those that its format takes.
-void LogDebug(const LogStatement* statement, ...);
+template <typename... Values>
+[[nodiscard]] bool LogSimple(std::string_view place, const SimpleFormat& format, Values... values) {
+    const SimpleFormat::Argument arguments[] = {SimpleFormat::Argument(values)...,
+                                                SimpleFormat::Argument(0)};
+    return LogSimple(place, format, arguments);
+}
 
 /// Logs that the step `label` has failed with `status`. Returns `status`.
 Status LogFailed(const char* function, std::uint32_t line, const char* label, Status status);
@@ -88,15 +92,16 @@ Status LogNullRecord(const char* function, std::uint32_t line);
 #define LOG_DEBUG AT_THIS_LINE_ LOG_DEBUG_
 #if UINTPTR_MAX > UINT32_MAX
 // A run logs more than a thousand such records: their texts are prepared when they are compiled.
-// The second call is never made; it lets the compiler compare the arguments with the format.
-#define LOG_DEBUG_(format, ...)                                                         \
-    do {                                                                                \
-        static constexpr ::paramgen::LogPlace<sizeof __func__> place_(__func__, line_); \
-        static constexpr ::paramgen::LogStatement statement_ = {place_.View(), format}; \
-        ::paramgen::LogDebug(&statement_ __VA_OPT__(, ) __VA_ARGS__);                   \
-        if constexpr (false) {                                                          \
-            ::paramgen::LogDebug(__func__, line_, format __VA_OPT__(, ) __VA_ARGS__);   \
-        }                                                                               \
+// The second call is for the others; it also lets the compiler compare the arguments with the
+// format. Arguments may be evaluated twice.
+#define LOG_DEBUG_(format, ...)                                                          \
+    do {                                                                                 \
+        static constexpr ::paramgen::LogPlace<sizeof __func__> place_(__func__, line_);  \
+        static constexpr ::paramgen::SimpleFormat format_(format);                       \
+        if (!format_.IsSimple() ||                                                       \
+            !::paramgen::LogSimple(place_.View(), format_ __VA_OPT__(, ) __VA_ARGS__)) { \
+            ::paramgen::LogDebug(__func__, line_, format __VA_OPT__(, ) __VA_ARGS__);    \
+        }                                                                                \
     } while (false)
 #else  // where size counts more: statements would take a kilobyte
 #define LOG_DEBUG_(...) ::paramgen::LogDebug(__func__, line_, __VA_ARGS__)
