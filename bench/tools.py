@@ -38,6 +38,11 @@ def count_instructions(command, directory, only=(), record=None):
     out = f"--callgrind-out-file={record or '/dev/null'}"
     collect = [f"--toggle-collect={function}" for function in only]
     _, told = output_of(["valgrind", "--tool=callgrind", out, *collect, *command], directory)
+    return collected(told)
+
+
+def collected(told):
+    """The number of instructions that callgrind tells."""
     return int(re.search(r"Collected : (\d+)", told)[1])
 
 

@@ -226,6 +226,9 @@ Decompiled DecompileLike(const image::Image& image, const Options& options) {
         throw output::UserError(output::Shown(*options.like) + ": is no tree");
     }
     const tree::Product product(*options.like);
+    if (product.entryFate() != tree::EntryFate::kRead) {  // it was there a moment ago
+        throw output::UserError(output::Shown(*options.like) + ": cannot be read");
+    }
     const Kept kept = KeptOf(*like.compilation);
     const Wish wish = {.all = options.all, .kept = &kept};
     const Solution solution = Solve(image, wish);

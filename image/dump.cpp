@@ -110,8 +110,8 @@ std::string CsvDump(const std::vector<Entry>& entries) {
         const layout::Value& value = *entry.value;
         text += CsvLine({std::to_string(value.offset), std::to_string(value.size), value.member,
                          layout::SourceName(value.Source()), value.module, value.section, value.key,
-                         layout::KindName(value.Kind()), entry.raw, entry.text, entry.name,
-                         JoinedFlags(entry)});
+                         layout::KindName(value.Kind()), entry.raw, output::ValidUtf8(entry.text),
+                         entry.name, JoinedFlags(entry)});
     }
     return text;
 }

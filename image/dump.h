@@ -12,8 +12,8 @@ namespace paramgen::image {
 /// A table: offset, size, bytes, type, member, key, value, name and flags.
 std::string TextDump(const std::vector<Entry>& entries);
 
-/// The same with a header line, as RFC 4180 has it; a text's bytes that are no UTF-8 stand there as
-/// they are in the image.
+/// The same with a header line, as RFC 4180 has it. In texts, what is no UTF-8 is U+FFFD; all bytes
+/// are in `raw`.
 std::string CsvDump(const std::vector<Entry>& entries);
 
 /// The same as an object, schema 1.

@@ -89,6 +89,16 @@ std::string ShownCharacter(const Character& character, std::string_view bytes) {
     return std::string(bytes.substr(0, character.size));
 }
 
+/// Number of characters at the beginning of `text` that are printable ASCII: each is shown as it
+/// is, in one column.
+std::size_t CountPlain(std::string_view text) {
+    std::size_t count = 0;
+    while (count < text.size() && text[count] >= ' ' && text[count] <= '~') {
+        ++count;
+    }
+    return count;
+}
+
 }  // namespace
 
 Character FirstCharacter(std::string_view text) {
@@ -122,7 +132,9 @@ int WidthOf(std::uint32_t code) {
 }
 
 std::string Shown(std::string_view text) {
-    std::string shown;
+    const std::size_t plain = CountPlain(text);
+    std::string shown(text.substr(0, plain));
+    text.remove_prefix(plain);
     while (!text.empty()) {
         const Character character = FirstCharacter(text);
         shown += ShownCharacter(character, text);
@@ -152,7 +164,8 @@ ShownLine ShowLine(std::string_view line, std::size_t from, std::size_t to) {
 }
 
 std::size_t WidthOf(std::string_view shown) {
-    std::size_t width = 0;
+    std::size_t width = CountPlain(shown);
+    shown.remove_prefix(width);
     while (!shown.empty()) {
         const Character character = FirstCharacter(shown);
         width += static_cast<std::size_t>(WidthOf(character.code));
@@ -170,7 +183,9 @@ std::size_t CountCharacters(std::string_view text) {
 }
 
 std::string ValidUtf8(std::string_view text) {
-    std::string valid;
+    const std::size_t plain = CountPlain(text);
+    std::string valid(text.substr(0, plain));
+    text.remove_prefix(plain);
     while (!text.empty()) {
         const Character character = FirstCharacter(text);
         valid += character.isValid ? text.substr(0, character.size) : "\xEF\xBF\xBD";

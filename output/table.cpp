@@ -32,13 +32,12 @@ std::string Table::Text() const {
     const std::vector<std::size_t> widths = Widths();
     std::string text;
     for (const std::vector<std::string>& row : rows_) {
-        std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
             const std::size_t width = WidthOf(row[i]);
-            line += row[i] + std::string(std::max(widths[i], width) - width + kGap, ' ');
+            text.append(row[i]).append(std::max(widths[i], width) - width + kGap, ' ');
         }
-        line.erase(line.find_last_not_of(' ') + 1);
-        text += line + "\n";
+        text.erase(text.find_last_not_of(' ') + 1);
+        text += '\n';
     }
     return text;
 }

@@ -123,6 +123,9 @@ TEST(Dump, CsvReadsBackToTheImage) {
     Image image = Example();
     const std::string model = "a,\"b\"\r\nc";
     std::memcpy(&image[23988], model.c_str(), model.size() + 1);
+    const std::uint32_t version =
+        layout::FindKey("devmng", "devinfo", "software_version")->values[0]->offset;
+    std::memcpy(&image[version], "v\xE9", 3);
     std::string text = CsvDump(Entries(image));
     EXPECT_EQ(TakeCsvLine(&text)[8], "raw");
     std::string bytes;
@@ -132,6 +135,9 @@ TEST(Dump, CsvReadsBackToTheImage) {
         EXPECT_EQ(fields[0], std::to_string(bytes.size()));
         if (fields[0] == "23988") {
             EXPECT_EQ(fields[9], model);
+        }
+        if (fields[0] == std::to_string(version)) {
+            EXPECT_EQ(fields[9], "v\xEF\xBF\xBD");  // U+FFFD
         }
         bytes += FromHexadecimal(fields[8]);
     }
