@@ -235,16 +235,19 @@ std::string NextSection(const std::vector<std::string>& modules, std::string_vie
     return "";
 }
 
-std::string LikelyModule(const std::vector<std::string>& fullKeys) {
-    std::string likely;
-    std::size_t most = fullKeys.size() / 2;
-    for (const std::string& module : layout::Modules()) {
-        const auto count = static_cast<std::size_t>(
+std::string LikelyModule(const std::vector<std::string>& fullKeys, std::string_view own) {
+    const auto countKnown = [&](std::string_view module) {
+        return static_cast<std::size_t>(
             std::count_if(fullKeys.begin(), fullKeys.end(), [&](const std::string& key) {
                 const std::size_t colon = key.rfind(':');
                 const Section* section = FindSection(module, key.substr(0, colon));
                 return section != nullptr && HasKey(*section, key.substr(colon + 1));
             }));
+    };
+    std::string likely;
+    std::size_t most = std::max(fullKeys.size() / 2, countKnown(own));
+    for (const std::string& module : layout::Modules()) {
+        const std::size_t count = countKnown(module);
         if (count > most) {
             most = count;
             likely = module;

@@ -36,7 +36,8 @@ std::string LikelySection(const std::vector<std::string>& modules, std::string_v
 std::string NextSection(const std::vector<std::string>& modules, std::string_view section,
                         const IsThere& isThere);
 
-/// The module whose keys these are, most of them at least; empty when there is none.
-std::string LikelyModule(const std::vector<std::string>& fullKeys);
+/// The module whose keys these are, most of them at least; empty when there is none, or when `own`
+/// has as many of them.
+std::string LikelyModule(const std::vector<std::string>& fullKeys, std::string_view own);
 
 }  // namespace paramgen::check

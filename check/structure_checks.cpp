@@ -79,7 +79,7 @@ public:
             }
             sections += keys.size() > before ? 1 : 0;
         }
-        foreign_ = sections > 1 ? LikelyModule(keys) : "";
+        foreign_ = sections > 1 ? LikelyModule(keys, "") : "";
     }
 
 private:
@@ -181,12 +181,23 @@ private:
                 std::any_of(keys.begin(), keys.end(), [&](const std::string& key) {
                     return inspection_.FindAsked(module, key) != nullptr;
                 });
-            isRead = isRead || isReadHere;
-            if (!isReadHere && !file_.isDirectory) {
+            const bool isMistyped = !isReadHere && IsMistyped(module, keys);
+            isRead = isRead || isReadHere || isMistyped;
+            if (!isReadHere && !isMistyped && !file_.isDirectory) {
                 TellEmpty(module, keys);
             }
         }
         return isRead;
+    }
+
+    /// Whether keys of which a module reads none were meant for it all the same: they are in its
+    /// sections, and not those of another. Each of them is then told.
+    static bool IsMistyped(const std::string& module, const std::vector<std::string>& keys) {
+        const bool isInSection = std::any_of(keys.begin(), keys.end(), [&](const std::string& key) {
+            return KnowsSection(module, SectionPart(key)) &&
+                   layout::FindKey(module, SectionPart(key), KeyPart(key)) == nullptr;
+        });
+        return isInSection && LikelyModule(keys, module).empty();
     }
 
     void TellEmpty(const std::string& module, const std::vector<std::string>& keys) {
@@ -197,8 +208,8 @@ private:
         finding.message = keys.empty() ? "the file of " + Quoted(module) + " has no keys"
                                        : "none of the " + Counted(keys.size(), "key") +
                                              " here is read for " + Quoted(module);
-        const std::string likely = LikelyModule(keys);
-        if (!likely.empty() && likely != module) {
+        const std::string likely = LikelyModule(keys, module);
+        if (!likely.empty()) {
             finding.message += "; they are those of " + Quoted(likely);
         }
         inspection_.Add(std::move(finding), file_);

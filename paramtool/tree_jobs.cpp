@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 
+#include "layout/layout.h"
 #include "output/result.h"
 #include "paramtool/verdict_bytes.h"
 
@@ -151,6 +152,7 @@ private:
 
 void CheckWithWorkers(const std::vector<std::string>& trees, const check::Choice& choice,
                       std::size_t jobs, Sorter* sorter) {
+    static_cast<void>(layout::Keys());  // they are listed once, for all processes
     std::vector<std::unique_ptr<Worker>> workers;
     std::vector<pollfd> ready;
     for (std::size_t i = 0; i < jobs; ++i) {

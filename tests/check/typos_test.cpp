@@ -14,6 +14,7 @@
 
 #include "check/check.h"
 #include "diagnostics/places.h"
+#include "diagnostics/report.h"
 #include "golden/random_product.h"
 #include "golden/random_values.h"
 #include "layout/layout.h"
@@ -67,7 +68,8 @@ void AddPlaces(const tree::Module& module, const Lines& spoilt, std::vector<Plac
                              .offset = line.name.begin,
                              .section = std::string(ini.SectionOf(line)),
                              .key = std::string(ini.TextOf(line.name))};
-        const bool isFine = line.kind == tree::LineKind::kValue &&
+        // In a file none of whose keys is read, there is one finding for all of them.
+        const bool isFine = line.kind == tree::LineKind::kValue && !spoilt.contains({path, 0}) &&
                             !spoilt.contains({path, line.number}) &&
                             IsKey(place.module, place.section, place.key);
         if (isFine) {
@@ -114,11 +116,14 @@ std::string Mistyped(Random& random, std::string name) {
 struct Outcome {
     bool isReported = false;
     bool isRight = false;
+    std::string report;  ///< everything that is found
 };
 
 Outcome OutcomeOf(const Place& place, const std::string& directory) {
     Outcome outcome;
-    for (const Finding& finding : Check(directory, {}).findings) {
+    const std::vector<Finding> findings = Check(directory, {}).findings;
+    outcome.report = diagnostics::TextReport(findings, false);
+    for (const Finding& finding : findings) {
         const bool isHere = finding.place.line == place.line && finding.place.path == place.path;
         if (isHere && (finding.id == RuleId::kUnknownKey || finding.id == RuleId::kUnreadKey)) {
             outcome.isReported = true;
@@ -147,7 +152,8 @@ bool TryTypo(Random& random, const TempDir& directory, const Place& place, Tally
     directory.Write(place.path, spoilt);
     const Outcome outcome = OutcomeOf(place, directory.path().string());
     directory.Write(place.path, bytes);
-    EXPECT_TRUE(outcome.isReported) << place.path << ":" << place.line << ": " << typo;
+    EXPECT_TRUE(outcome.isReported) << place.path << ":" << place.line << ": " << typo << "\n"
+                                    << outcome.report;
     if (!outcome.isRight) {
         std::printf("%s:%u: '%s' for '%s' in [%s]\n", place.path.c_str(), place.line, typo.c_str(),
                     place.key.c_str(), place.section.c_str());

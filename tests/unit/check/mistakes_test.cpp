@@ -109,6 +109,21 @@ TEST(Mistakes, NumbersWrittenInOtherWays) {
                        "'yes'?"});
 }
 
+TEST(Mistakes, ATypoInTheOnlyKeyOfAFile) {
+    EXPECT_EQ(MessagesOf("workmode_common.ini", "[common]\npowero_workmode = 1\n"),
+              Messages{"unknown key 'powero_workmode' in [common]; did you mean "
+                       "'poweron_workmode'?"});
+}
+
+TEST(Mistakes, AModuleThatNothingReadsHasKeysOfItsOwn) {
+    const auto change = [](Files& files) {
+        testing::AddModule("cam0_mediamode0", "[common]\nmediamode = QX_PARAM_MEDIAMODE_1080P_30\n",
+                           &files);
+        testing::AddModule("cam0_ldccfg_1", "[LDCV1Attr]\nxratio = 1\nyratio = 2\n", &files);
+    };
+    EXPECT_EQ(MessagesOf(change), Messages{"none of the 2 keys here is read for 'cam0_ldccfg_1'"});
+}
+
 TEST(Mistakes, AMediaModeByTheEndOfItsName) {
     const auto change = [](Files& files) {
         files["workmode_record.ini"] += "[common.mediamode.config.0]\nmediamode = 2160P30\n";
