@@ -7,8 +7,23 @@
 namespace paramgen::decompile {
 namespace {
 
+/// Whether a value comes from a module that is found by the name of a media mode, and the number of
+/// that mode has no name.
+bool IsOfNamelessMode(const image::Image& image, const layout::Value& value) {
+    for (const layout::Condition& condition : value.conditions) {
+        if (condition.kind == layout::ConditionKind::kSearchedModule) {
+            const layout::Value& mode = *layout::ValueAt(condition.wanted);
+            return !image::KeyText(mode, image::BytesOf(image, mode));
+        }
+    }
+    return false;
+}
+
 /// Why a value with a key cannot be made.
 std::string KeyReason(const image::Image& image, const layout::Value& value) {
+    if (IsOfNamelessMode(image, value)) {
+        return "its media mode has no name, by which its module is found";
+    }
     if (!image::IsRead(image, value)) {
         return "its key is not read with this image's counts and modules";
     }

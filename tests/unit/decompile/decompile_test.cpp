@@ -174,6 +174,19 @@ TEST(Decompile, AThirdCalibrationCannotBe) {
     EXPECT_THAT(Decompile(image, {}).lost, Not(IsEmpty()));
 }
 
+TEST(Decompile, ACalibrationOfAModeWithoutANameCannotBe) {
+    ProductTree tree = SmallestProduct();
+    tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    tree.Set("cam0_ldccfg_0", "LDCV1Attr:xratio", "7");
+    image::Image image = Compiled(tree);
+    Put(&image, 13160, 54);  // one more than the last mode
+    const Decompiled result = Decompile(image, {});
+    ASSERT_GE(result.lost.size(), 2U);
+    EXPECT_EQ(result.lost[0].reason, "no name has this number");
+    EXPECT_EQ(result.lost[1].reason, "its media mode has no name, by which its module is found");
+}
+
 TEST(Decompile, TextsThatTheGrammarCannotCarryAreTold) {
     image::Image image = Compiled(SmallestProduct());
     std::memcpy(&image[23988], "a;b", 3);
