@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 
 namespace paramgen::compile {
@@ -33,7 +34,9 @@ int OpenTarget(bool isKept) {
 StandardOutput::StandardOutput(bool isKept) {
     std::fflush(stdout);
     before_ = CopyOf(STDOUT_FILENO);
-    taken_ = OpenTarget(isKept);
+    // What is open and cannot be copied could not be put back: it stays.
+    const bool isLost = before_ == -1 && errno != EBADF;
+    taken_ = isLost ? -1 : OpenTarget(isKept);
     if (taken_ != -1) {
         dup2(taken_, STDOUT_FILENO);
     }

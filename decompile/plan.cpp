@@ -68,7 +68,8 @@ LensNeed FindLensNeed(const Image& image) {
     return need;
 }
 
-/// Gives each mode a module: the one that serves it already, or one that serves none of them.
+/// Gives each mode a module: the first that serves it already, or one that serves none of them. Of
+/// several that serve a mode only the first is found.
 void AssignLensModules(const LensNeed& need, Decisions* decisions) {
     std::vector<std::string> open;
     for (const std::string& mode : need.modes) {
@@ -77,10 +78,11 @@ void AssignLensModules(const LensNeed& need, Decisions* decisions) {
             open.push_back(mode);
         }
     }
+    std::set<std::string> taken;
     for (const std::string& module : need.modules) {
         const auto served = decisions->servedModes.find(module);
         const bool isFree =
-            served == decisions->servedModes.end() ||
+            served == decisions->servedModes.end() || !taken.insert(served->second).second ||
             std::find(need.modes.begin(), need.modes.end(), served->second) == need.modes.end();
         if (!open.empty() && isFree) {
             decisions->modules.insert(module);

@@ -278,14 +278,19 @@ image::Image Disturbed(image::Image image, std::mt19937_64* random) {
     return image;
 }
 
-/// Whether `image` is the wanted one in more bytes than `found`, and in all in which that is.
+/// Whether `image` has more of the wanted values than `found`, and all that this has.
 bool IsBetter(const image::Image& image, const image::Image& found, const image::Image& wanted) {
-    for (std::size_t at = 0; at < wanted.size(); ++at) {
-        if (found[at] == wanted[at] && image[at] != wanted[at]) {
+    bool hasMore = false;
+    for (const layout::Value& value : layout::Values()) {
+        const auto isRight = [&](const image::Image& each) {
+            return std::ranges::equal(image::BytesOf(each, value), image::BytesOf(wanted, value));
+        };
+        if (isRight(found) && !isRight(image)) {
             return false;
         }
+        hasMore = hasMore || (isRight(image) && !isRight(found));
     }
-    return CountDifferent(wanted, image) < CountDifferent(wanted, found);
+    return hasMore;
 }
 
 /// Expects that no value of the key of a lost value makes bytes right and no others wrong.

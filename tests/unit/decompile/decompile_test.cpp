@@ -279,6 +279,23 @@ TEST(Decompile, LikeATreeThatListsAModuleWithoutAFileListsItOnce) {
     EXPECT_EQ(FileOf(result, "cam0_mediamode1"), "[vpss.0]\nmax_width = 1920\n");
 }
 
+TEST(Decompile, LikeATreeWithTwoCalibrationsForOneModeMakesTwoForTwo) {
+    ProductTree wanted = SmallestProduct();
+    wanted.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    wanted.Set("cam0_mediamode1", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
+    ProductTree like = wanted;
+    wanted.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    wanted.Set("cam0_ldccfg_0", "LDCV1Attr:xratio", "7");
+    wanted.Set("cam0_ldccfg_1", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
+    wanted.Set("cam0_ldccfg_1", "LDCV1Attr:xratio", "8");
+    like.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    like.Set("cam0_ldccfg_1", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    const image::Image image = Compiled(wanted);
+    const TempDir directory;
+    like.WriteTo(directory);
+    static_cast<void>(Back(image, {.all = false, .like = directory.path().string()}));
+}
+
 TEST(WrittenTree, AnEmptyDirectoryKeepsItsRightsAndALinkToItIsKept) {
     const Decompiled result = Decompile(Compiled(SmallestProduct()), {});
     const TempDir home;
