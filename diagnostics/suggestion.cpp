@@ -53,7 +53,7 @@ bool EndsWith(std::string_view candidate, std::string_view condensed) {
     std::string end;
     for (auto word = words.rbegin(); word != words.rend() && end.size() < condensed.size();
          ++word) {
-        end = *word + end;
+        end.insert(0, *word);
     }
     return end == condensed;
 }

@@ -282,6 +282,9 @@ Place PlaceOf(const Row& row, std::uint32_t number) {
 
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found);
 
+// Tables are nested a few records deep.
+// NOLINTBEGIN(misc-no-recursion)
+
 /// Walks element `number` of a row.
 void WalkElement(const Row& row, std::uint32_t number, bool section, const Found& found) {
     const Field& field = row.field;
@@ -326,6 +329,8 @@ void WalkTable(const RecordTable& table, const Place& outer, bool sections, cons
         }
     }
 }
+
+// NOLINTEND(misc-no-recursion)
 
 /// Room for the values of the image: moving them costs more than the memory.
 constexpr std::size_t kValuesMax = 6144;
