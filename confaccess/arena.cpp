@@ -59,8 +59,9 @@ char* Arena::NewChunk(std::size_t size) {
     if (memory == MAP_FAILED) {
         return nullptr;
     }
-    if (whole >= kHugePage) {
-        // Look-ups all over a large dictionary need not find each of its pages.
+    if (sizeof(void*) >= 8 && whole >= kHugePage) {
+        // Look-ups all over a large dictionary need not find each of its pages. On a machine of 32
+        // bits size counts more.
         Advise(memory, whole, MADV_HUGEPAGE);
     }
     Chunk* chunk = static_cast<Chunk*>(memory);
