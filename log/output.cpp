@@ -6,7 +6,7 @@
 namespace paramgen {
 namespace {
 
-char g_records[std::size_t{32} * 1024];
+char g_records[std::size_t{20} * 1024];
 std::size_t g_held = 0;     ///< how much of them
 std::size_t g_heldMax = 0;  ///< how much may be; there is room for one more record
 
