@@ -81,6 +81,7 @@ std::vector<fs::path> MakeDirectories(const fs::path& directory,
 void WriteFiles(const fs::path& directory, const std::vector<TreeFile>& files) {
     const std::vector<fs::path> made = MakeDirectories(directory, files);
     std::vector<output::NewContent> content;
+    content.reserve(files.size());
     for (const TreeFile& file : files) {
         content.push_back({.path = (directory / file.path).string(), .bytes = file.bytes});
     }
