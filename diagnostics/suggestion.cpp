@@ -16,7 +16,7 @@ bool IsWordCharacter(char c) {
 }
 
 /// The words of a name, in lower case.
-std::vector<std::string> Words(std::string_view name) {
+std::vector<std::string> WordsOf(std::string_view name) {
     std::vector<std::string> words;
     bool isWithin = false;
     for (const char c : name) {
@@ -33,7 +33,7 @@ std::vector<std::string> Words(std::string_view name) {
 }
 
 std::vector<std::string> SortedWords(std::string_view name) {
-    std::vector<std::string> words = Words(name);
+    std::vector<std::string> words = WordsOf(name);
     std::sort(words.begin(), words.end());
     return words;
 }
@@ -41,7 +41,7 @@ std::vector<std::string> SortedWords(std::string_view name) {
 /// The letters and digits of a name, in lower case.
 std::string Condensed(std::string_view name) {
     std::string condensed;
-    for (const std::string& word : Words(name)) {
+    for (const std::string& word : WordsOf(name)) {
         condensed += word;
     }
     return condensed;
@@ -49,7 +49,7 @@ std::string Condensed(std::string_view name) {
 
 /// Whether the last words of a candidate are `condensed`.
 bool EndsWith(std::string_view candidate, std::string_view condensed) {
-    const std::vector<std::string> words = Words(candidate);
+    const std::vector<std::string> words = WordsOf(candidate);
     std::string end;
     for (auto word = words.rbegin(); word != words.rend() && end.size() < condensed.size();
          ++word) {
