@@ -17,7 +17,8 @@ std::string Written(const SimpleFormat& format, const std::vector<Argument>& arg
     std::string text(size + 1, '#');
     const char* end = format.Write(text.data(), text.data() + size, arguments.data());
     EXPECT_EQ(text.back(), '#');
-    return end == nullptr ? "does not fit" : text.substr(0, end - text.data());
+    return end == nullptr ? "does not fit"
+                          : text.substr(0, static_cast<std::size_t>(end - text.data()));
 }
 
 TEST(SimpleFormat, KnowsWhatIsSimple) {
