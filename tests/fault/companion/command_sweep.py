@@ -4,7 +4,7 @@ full. Files must then be as they were, or be changed wholly with exit status 0; 
 may stay.
 
 Usage: command_sweep.py PARAMTOOL PARAMGEN EXAMPLE. Exits with 77 where strace cannot be used. To
-save time, only every third call that changes something fails, and every 21st of the others; all of
+save time, only every 8th call that changes something fails, and every 60th of the others; all of
 them with PARAMGEN_SWEEP=every in the environment.
 """
 import os
@@ -156,7 +156,7 @@ def sweep(scenario, home):
     assert before != after, "a run changes something"
     count = 0
     for number, (name, occurrence, changes, told) in enumerate(calls):
-        if not EVERY and number % (3 if changes else 21) != 0:
+        if not EVERY and number % (8 if changes else 60) != 0:
             continue
         for error in ERRORS.get(name, ["EIO"]):
             whens = [f"{occurrence}", f"{occurrence}+"] if error == "ENOSPC" else [f"{occurrence}"]

@@ -236,5 +236,21 @@ TEST_F(ConsoleLog, MessagesWithFractionsOfEveryLength) {
     }
 }
 
+TEST_F(ConsoleLog, SimpleRecordThatDoesNotFitIsLeftToTheCaller) {
+    ConsoleLogSetup(1, 0, 5);
+    static constexpr SimpleFormat kText("%s\n");
+    const std::string fits(400, 'x');
+    const std::string tooLong(kRecordRoom, 'x');
+    bool isWritten = false;
+    const auto print = [&](const std::string& text) {
+        const SimpleFormat::Argument argument(text.c_str());
+        isWritten = ConsoleLogPrintSimple(kConsoleDebug, "M", "F[1]:", kText, &argument);
+    };
+    EXPECT_NE(CaptureStdout([&] { print(fits); }).find("F[1]:" + fits + "\n"), std::string::npos);
+    EXPECT_TRUE(isWritten);
+    EXPECT_EQ(CaptureStdout([&] { print(tooLong); }), "");
+    EXPECT_FALSE(isWritten);
+}
+
 }  // namespace
 }  // namespace paramgen::testing
