@@ -4,14 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "check/check.h"
 #include "diagnostics/report.h"
-#include "unit/check/small_product.h"
+#include "unit/check/changes.h"
 
 namespace paramgen::check {
 namespace {
@@ -20,44 +19,15 @@ using diagnostics::Finding;
 using diagnostics::RuleOf;
 using diagnostics::Severity;
 using paramgen::testing::TempDir;
-using testing::Files;
-
-using Change = std::function<void(Files& files)>;
-
-Change Nothing() {
-    return [](Files&) {};
-}
-
-Change Set(const std::string& file, const std::string& text) {
-    return [=](Files& files) { files[file] = text; };
-}
-
-Change Append(const std::string& file, const std::string& text) {
-    return [=](Files& files) { files[file] += text; };
-}
-
-Change Remove(const std::string& file) {
-    return [=](Files& files) { files.erase(file); };
-}
-
-Change Replace(const std::string& file, const std::string& from, const std::string& to) {
-    return [=](Files& files) {
-        const std::size_t at = files[file].find(from);
-        ASSERT_NE(at, std::string::npos) << from;
-        files[file].replace(at, from.size(), to);
-    };
-}
-
-Change Add(const std::string& module, const std::string& text) {
-    return [=](Files& files) { testing::AddModule(module, text, &files); };
-}
-
-Change Both(const Change& first, const Change& second) {
-    return [=](Files& files) {
-        first(files);
-        second(files);
-    };
-}
+using testing::Add;
+using testing::Append;
+using testing::Both;
+using testing::Change;
+using testing::CheckOf;
+using testing::Nothing;
+using testing::Remove;
+using testing::Replace;
+using testing::Set;
 
 constexpr char kEntry[] = "config_cfgaccess_entry.ini";
 constexpr char kMode0[] = "[common]\nmediamode = QX_PARAM_MEDIAMODE_1080P_30\n";
@@ -274,18 +244,6 @@ std::vector<Case> Cases() {
     return cases;
 }
 
-Verdict CheckOf(const Change& change, const TempDir& directory, const char* enable) {
-    Files files = testing::SmallProduct();
-    change(files);
-    testing::Write(files, directory);
-    Choice choice;
-    if (*enable != '\0') {
-        choice.enabled.push_back(enable);
-    }
-    const paramgen::testing::WorkingDirectory inside(directory.path());
-    return Check(".", choice);
-}
-
 std::string PlaceText(const diagnostics::Place& place) {
     if (place.line == 0) {
         return place.file;
@@ -372,41 +330,6 @@ TEST(Rules, EveryKindHasACase) {
     for (const diagnostics::Rule& rule : diagnostics::Rules()) {
         EXPECT_TRUE(tried.contains(std::string(rule.name))) << rule.name;
     }
-}
-
-TEST(Rules, AModeThatIsNoNameIsOneFinding) {
-    const std::string mode = "QX_PARAM_MEDIAMODE_1080P_30";
-    const Change uses = Both(
-        Append("workmode_photo.ini", "[common.mediamode.config.0]\nmediamode = " + mode + "\n"),
-        Append("valueset.ini", "[cam.0.mediamode.photo]\nnum = 1\nvalue0 = " + mode + "\n"));
-    const Change serves = Add("cam0_mediamode0", "[common]\nmediamode = " + mode + "\n");
-    const std::string typo = "QX_PARAM_MEDIAMODE_1080P_3O";
-    for (const char* file : {"cam0_mediamode0.ini", "workmode_photo.ini", "valueset.ini"}) {
-        const TempDir directory;
-        const Verdict verdict =
-            CheckOf(Both(Both(uses, serves), Replace(file, mode, typo)), directory, "");
-        const std::string report = diagnostics::TextReport(verdict.findings, false);
-        ASSERT_EQ(verdict.findings.size(), 1U) << report;
-        EXPECT_EQ(RuleOf(verdict.findings[0].id).name, "unknown-name") << report;
-        EXPECT_EQ(verdict.findings[0].place.file, file);
-    }
-}
-
-TEST(Rules, AModeThatIsNotServedIsOneFinding) {
-    const TempDir directory;
-    const Change menu = Append(
-        "valueset.ini", "[cam.0.mediamode.photo]\nnum = 1\nvalue0 = QX_PARAM_MEDIAMODE_1080P_30\n");
-    const Change serves =
-        Add("cam0_mediamode0", "[common]\nmediamode = QX_PARAM_MEDIAMODE_1080P_30\n");
-    const Change other =
-        Append("workmode_photo.ini",
-               "[common.mediamode.config.0]\nmediamode = QX_PARAM_MEDIAMODE_1080P_60\n");
-    const Verdict verdict = CheckOf(Both(Both(menu, serves), other), directory, "");
-    const std::string report = diagnostics::TextReport(verdict.findings, false);
-    ASSERT_EQ(verdict.findings.size(), 1U) << report;
-    EXPECT_EQ(verdict.findings[0].message,
-              "no cam0_mediamode module serves QX_PARAM_MEDIAMODE_1080P_60; served are "
-              "QX_PARAM_MEDIAMODE_1080P_30");
 }
 
 TEST(Rules, MissingKeysAreToldWhenAskedFor) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -12,76 +11,10 @@
 #include <vector>
 
 #include "confaccess/any_case.h"
+#include "unit/confaccess/dictionary_fixture.h"
 
 namespace paramgen::testing {
 namespace {
-
-/// A dictionary that is built from lines.
-class DictionaryTest : public ::testing::Test {
-protected:
-    /// `Section` and `Value` add lines; `Value` begins its section first if needed. `Fill` then
-    /// builds the dictionary.
-    void Section(const std::string& section) {
-        lines_.push_back({.name{section}, .value{}, .isSection = true});
-        section_ = section;
-    }
-    void Value(const std::string& section, const std::string& name, const std::string& value) {
-        if (section != section_) {
-            Section(section);
-        }
-        lines_.push_back({.name{name}, .value{value}, .isSection = false});
-    }
-
-    void Fill() {
-        std::string text;
-        for (const Line& line : lines_) {
-            text += line.name + line.value + "\n";
-        }
-        ASSERT_TRUE(dictionary_.Create(text, &arena_));
-        for (const Line& line : lines_) {
-            if (line.isSection) {
-                dictionary_.AddSection(line.name);
-            } else {
-                dictionary_.AddValue(line.name, line.value);
-            }
-        }
-        ASSERT_TRUE(dictionary_.Finish(&arena_));
-    }
-
-    const char* Get(std::string_view key, const char* defaultValue) const {
-        return dictionary_.FindText(key, defaultValue);
-    }
-
-    std::uint32_t Count() const { return dictionary_.Count(); }
-
-    /// Builds a dictionary with these names in the section "". Returns how many slots are probed to
-    /// find each of them once.
-    std::uint64_t ProbesForAll(const std::vector<std::string>& names) {
-        for (const std::string& name : names) {
-            Value("", name, "1");
-        }
-        Fill();
-        std::uint64_t probes = 0;
-        for (const std::string& name : names) {
-            EXPECT_STREQ(Get(":" + name, nullptr), "1") << name;
-            probes += dictionary_.ProbesFor(":" + name);
-        }
-        EXPECT_EQ(Count(), names.size());
-        return probes;
-    }
-
-private:
-    struct Line {
-        std::string name;
-        std::string value;
-        bool isSection;
-    };
-
-    std::vector<Line> lines_;
-    std::string section_;
-    Arena arena_;
-    Dictionary dictionary_;
-};
 
 TEST(DictionaryRoom, LineThatDoesNotFitIsRefused) {
     Arena arena;
@@ -366,45 +299,6 @@ TEST_F(DictionaryTest, WhateverTheLinesTheLastOfAKeyCounts) {
     }
 }
 
-/// Keys that an attacker might craft to have colliding hashes.
-struct CraftedKeys {
-    std::string what;
-    std::string
-        zero;  ///< a key has this piece for each 0 of its number in binary, `one` for each 1
-    std::string one;
-};
-
-class CraftedKeysTest : public DictionaryTest, public ::testing::WithParamInterface<CraftedKeys> {};
-
-TEST_P(CraftedKeysTest, TakeNoMoreProbesThanOthers) {
-    constexpr unsigned kBits = 16;
-    std::vector<std::string> names;
-    for (unsigned number = 0; number < 1U << kBits; ++number) {
-        std::string name;
-        for (unsigned bit = 0; bit < kBits; ++bit) {
-            name += (number >> bit & 1U) != 0 ? GetParam().one : GetParam().zero;
-        }
-        names.push_back(name);
-    }
-    // 2^16 keys in 2^17 slots: with random hashes a look-up probes 1.5 slots on average.
-    EXPECT_LT(ProbesForAll(names), 1.5 * 1.05 * (1U << kBits));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Dictionary, CraftedKeysTest,
-    ::testing::Values(
-        CraftedKeys{.what = "Numbered", .zero = "0", .one = "1"},
-        CraftedKeys{.what = "BesideTheLetters", .zero = "@", .one = "`"},
-        CraftedKeys{.what = "BehindTheLetters", .zero = "^", .one = "~"},
-        // Multiplied by an odd factor, two words that differ in the top bit alone still do, and a
-        // difference in the next word could cancel this one. A colon precedes the first piece, so
-        // words end with the seventh and the fifteenth character of a piece.
-        CraftedKeys{.what = "TopBits", .zero = "sixteen.letters.", .one = "sixtee\xEE.letter\xF3."},
-        CraftedKeys{.what = "TopBitsAndHalves",
-                    .zero = "sixteen.letters.",
-                    .one = "sixtee\xEE.le\xF4ter\xF3."}),
-    [](const auto& test) { return test.param.what; });
-
 TEST_F(DictionaryTest, TextsOfEveryLengthStandBesideEachOther) {
     for (std::size_t length = 0; length < 700; ++length) {
         Value(std::string(length, 's'), std::string(length * 3 % 1000, 'k'),
@@ -418,8 +312,7 @@ TEST_F(DictionaryTest, TextsOfEveryLengthStandBesideEachOther) {
     }
 }
 
-TEST_F(DictionaryTest, HoldsAHundredThousandKeysInShortTime) {
-    const auto start = std::chrono::steady_clock::now();
+TEST_F(DictionaryTest, HoldsAHundredThousandKeys) {
     for (int number = 0; number < 100'000; ++number) {
         const std::string text = std::to_string(number);
         Value("section", "key" + text, text);
@@ -430,8 +323,6 @@ TEST_F(DictionaryTest, HoldsAHundredThousandKeysInShortTime) {
         ASSERT_STREQ(Get("section:key" + text, nullptr), text.c_str());
     }
     EXPECT_EQ(Count(), 100'001U);
-    // Linear searches would take minutes.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 }  // namespace
