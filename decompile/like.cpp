@@ -40,13 +40,12 @@ std::string PathWithin(const tree::Product& product, const tree::FoundFile& file
 class EditedTree {
 public:
     explicit EditedTree(const tree::Product& product) : product_(product) {
-        files_[PathWithin(product, product.entry())] =
-            std::make_unique<tree::IniFile>(product.entry().ini->bytes());
         entry_ = PathWithin(product, product.entry());
+        Replace(entry_, product.entry().ini->bytes());
         for (const tree::Module& module : product.modules()) {
             if (module.fate == tree::ModuleFate::kRead) {
                 const std::string path = PathWithin(product, *module.file);
-                files_[path] = std::make_unique<tree::IniFile>(module.file->ini->bytes());
+                Replace(path, module.file->ini->bytes());
                 paths_[module.name] = path;
                 StayWithin(module.name, path);
             } else {
@@ -59,14 +58,35 @@ public:
     void AddModule(const std::string& name) {
         if (withoutFile_.count(name) == 0) {
             const std::string number = std::to_string(++moduleCount());
-            SetIn(entry_, "module:module" + number, name);
+            SetIn(entry_, NumberKey(moduleCount()), name);
             SetIn(entry_, "module:module_num", number);
         }
         GiveFile(name, "");
     }
 
+    /// Takes a module out of the list, and its file out of the tree unless another module has it.
+    void RemoveModule(const std::string& name) {
+        std::int32_t number = 1;
+        while (file(entry_).TextOf(file(entry_).Find(NumberKey(number))->value) != name) {
+            ++number;
+        }
+        Replace(entry_, tree::WithoutKey(file(entry_), NumberKey(number)));
+        for (; number < moduleCount(); ++number) {
+            const std::string item = "module" + std::to_string(number);
+            Replace(entry_, tree::WithRenamedKey(file(entry_), NumberKey(number + 1), item));
+        }
+        SetIn(entry_, "module:module_num", std::to_string(--moduleCount()));
+        Replace(entry_, tree::WithoutSection(file(entry_), name));
+        const std::string path = paths_.at(name);
+        paths_.erase(name);
+        const auto hasIt = [&](const auto& other) { return other.second == path; };
+        if (path != entry_ && std::none_of(paths_.begin(), paths_.end(), hasIt)) {
+            files_.erase(path);
+        }
+    }
+
     /// Gives a module a file of its own, with what its file has now.
-    void Split(const std::string& name) { GiveFile(name, files_.at(paths_.at(name))->bytes()); }
+    void Split(const std::string& name) { GiveFile(name, file(paths_.at(name)).bytes()); }
 
     /// The modules of each file that several have.
     std::vector<std::vector<std::string>> SharingModules() const {
@@ -89,10 +109,9 @@ public:
     void Set(const std::string& module, const std::string& key,
              const std::optional<std::string>& text) {
         const std::string& path = paths_.at(module);
-        const tree::IniFile& file = *files_.at(path);
-        const tree::Line* line = file.Find(key);
+        const tree::Line* line = file(path).Find(key);
         const bool isThere = line != nullptr && line->kind == tree::LineKind::kValue;
-        if (isThere ? !text || file.TextOf(line->value) != *text : text.has_value()) {
+        if (isThere ? !text || file(path).TextOf(line->value) != *text : text.has_value()) {
             changes_[path].push_back({.key = key, .value = text});
         }
     }
@@ -100,14 +119,13 @@ public:
     /// The files with everything that was set.
     std::vector<TreeFile> Files() {
         for (const auto& [path, changes] : changes_) {
-            files_[path] =
-                std::make_unique<tree::IniFile>(tree::WithChanges(*files_.at(path), changes));
+            Replace(path, tree::WithChanges(file(path), changes));
         }
         changes_.clear();
-        std::vector<TreeFile> files = {{.path = entry_, .bytes = files_.at(entry_)->bytes()}};
-        for (const auto& [path, file] : files_) {
+        std::vector<TreeFile> files = {{.path = entry_, .bytes = file(entry_).bytes()}};
+        for (const auto& [path, ini] : files_) {
             if (path != entry_) {
-                files.push_back({.path = path, .bytes = file->bytes()});
+                files.push_back({.path = path, .bytes = ini->bytes()});
             }
         }
         return files;
@@ -116,9 +134,8 @@ public:
 private:
     /// A path that begins at the root would lead out of the new tree.
     void StayWithin(const std::string& module, const std::string& path) {
-        const tree::IniFile& file = *files_.at(entry_);
-        const tree::Line* line = file.Find(module + ":path");
-        if (line != nullptr && file.TextOf(line->value).starts_with('/')) {
+        const tree::Line* line = file(entry_).Find(module + ":path");
+        if (line != nullptr && file(entry_).TextOf(line->value).starts_with('/')) {
             SetIn(entry_, module + ":path", "./" + fs::path(path).parent_path().string());
         }
     }
@@ -130,8 +147,19 @@ private:
         }
         SetIn(entry_, name + ":path", "./");
         SetIn(entry_, name + ":cfg_filename", path);
-        files_[path] = std::make_unique<tree::IniFile>(bytes);
+        Replace(path, bytes);
         paths_[name] = path;
+    }
+
+    /// The key that names a module in the entry file.
+    static std::string NumberKey(std::int32_t number) {
+        return "module:module" + std::to_string(number);
+    }
+
+    const tree::IniFile& file(const std::string& path) const { return *files_.at(path); }
+
+    void Replace(const std::string& path, const std::string& bytes) {
+        files_[path] = std::make_unique<tree::IniFile>(bytes);
     }
 
     std::int32_t& moduleCount() {
@@ -142,9 +170,9 @@ private:
     }
 
     void SetIn(const std::string& path, const std::string& key, const std::string& text) {
-        const std::optional<std::string> bytes = tree::WithKey(*files_.at(path), key, text);
+        const std::optional<std::string> bytes = tree::WithKey(file(path), key, text);
         if (bytes) {
-            files_[path] = std::make_unique<tree::IniFile>(*bytes);
+            Replace(path, *bytes);
         }
     }
 
@@ -236,6 +264,11 @@ Decompiled DecompileLike(const image::Image& image, const Options& options) {
     for (const std::string& module : solution.keys.modules) {
         if (!edited.HasModule(module)) {
             edited.AddModule(module);
+        }
+    }
+    for (const std::string& module : kept.modules) {
+        if (solution.keys.modules.count(module) == 0) {
+            edited.RemoveModule(module);
         }
     }
     const std::map<std::string, Wanted> wanted = WantedKeys(solution);

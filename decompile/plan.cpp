@@ -142,7 +142,11 @@ Decisions DecideModules(const Image& image, const std::set<std::string>& kept,
     Decisions decisions;
     decisions.modules.insert(NeededModules().begin(), NeededModules().end());
     decisions.modules.insert(kept.begin(), kept.end());
-    decisions.servedModes = keptModes;
+    for (const auto& [module, mode] : keptModes) {
+        if (kept.count(module) != 0) {
+            decisions.servedModes[module] = mode;
+        }
+    }
     for (const std::string& module : ModulesInUse(image)) {
         decisions.modules.insert(module);
     }

@@ -21,7 +21,8 @@ struct Decisions {
 };
 
 /// Decides on modules: the needed ones, those of `kept`, and optional ones whose values are not all
-/// zero. `keptModes` are the media modes that lens modules of `kept` serve.
+/// zero. `keptModes` are the media modes that lens modules serve; those outside of `kept` are
+/// passed over.
 Decisions DecideModules(const image::Image& image, const std::set<std::string>& kept,
                         const std::map<std::string, std::string>& keptModes);
 

@@ -108,15 +108,49 @@ void Improve(const image::Image& image, const Wish& wish, Decisions decisions, S
     }
 }
 
-}  // namespace
-
-Solution Solve(const image::Image& image, const Wish& wish) {
-    const Kept nothing;
-    const Kept& kept = wish.kept == nullptr ? nothing : *wish.kept;
-    Decisions decisions = DecideModules(image, kept.modules, kept.servedModes);
+/// Finds keys with these modules, and others that the image needs.
+Solution SolveWith(const image::Image& image, const Wish& wish,
+                   const std::set<std::string>& modules,
+                   const std::map<std::string, std::string>& servedModes) {
+    Decisions decisions = DecideModules(image, modules, servedModes);
     Solution solution = SolveCounts(image, wish, &decisions);
     Prove(image, &solution);
     Improve(image, wish, std::move(decisions), &solution);
+    return solution;
+}
+
+/// Tries to find less that is lost without modules that are only there to be kept: a media mode's
+/// module that is there has a calibration, with what that is asked for. Those that are not in the
+/// way are kept.
+void LeaveOut(const image::Image& image, const Wish& wish, Solution* best) {
+    const Kept& kept = *wish.kept;
+    std::set<std::string> modules;
+    Solution least = SolveWith(image, wish, modules, {});
+    if (least.lost.size() >= best->lost.size()) {
+        return;
+    }
+    for (const std::string& module : kept.modules) {
+        modules.insert(module);
+        Solution solution = SolveWith(image, wish, modules, kept.servedModes);
+        if (solution.lost.size() > least.lost.size()) {
+            modules.erase(module);
+        } else {
+            least = std::move(solution);
+        }
+    }
+    *best = std::move(least);
+}
+
+}  // namespace
+
+Solution Solve(const image::Image& image, const Wish& wish) {
+    if (wish.kept == nullptr) {
+        return SolveWith(image, wish, {}, {});
+    }
+    Solution solution = SolveWith(image, wish, wish.kept->modules, wish.kept->servedModes);
+    if (!solution.lost.empty()) {
+        LeaveOut(image, wish, &solution);
+    }
     return solution;
 }
 

@@ -35,6 +35,14 @@ const Line* LastOfSection(const IniFile& file, std::string_view section) {
     return last;
 }
 
+/// One past the empty lines that begin at `at`.
+std::uint32_t EndOfEmptyLines(const std::string& bytes, std::uint32_t at) {
+    while (at < bytes.size() && (bytes[at] == '\n' || bytes.compare(at, 2, "\r\n") == 0)) {
+        at += bytes[at] == '\n' ? 1 : 2;
+    }
+    return at;
+}
+
 /// Puts lines into the file at `at`, which is where a line begins, or the file's end.
 std::string Inserted(const std::string& bytes, std::uint32_t at, const std::string& lines) {
     const bool needsEnd = at > 0 && bytes[at - 1] != '\n';
@@ -114,6 +122,37 @@ std::string WithoutKey(const IniFile& file, std::string_view key) {
         if (line->kind == LineKind::kValue && file.KeyOf(*line) == lower) {
             bytes.erase(line->text.begin, NextLine(file.bytes(), line->text) - line->text.begin);
         }
+    }
+    return bytes;
+}
+
+std::string WithRenamedKey(const IniFile& file, std::string_view key, std::string_view item) {
+    const std::string lower = LowerCase(key);
+    std::string bytes = file.bytes();
+    for (auto line = file.lines().rbegin(); line != file.lines().rend(); ++line) {
+        if (line->kind == LineKind::kValue && file.KeyOf(*line) == lower) {
+            bytes.replace(line->name.begin, line->name.Size(), item);
+        }
+    }
+    return bytes;
+}
+
+std::string WithoutSection(const IniFile& file, std::string_view section) {
+    const std::string lower = LowerCase(section);
+    std::vector<Span> parts;
+    bool isIn = false;
+    for (const Line& line : file.lines()) {
+        if (line.kind == LineKind::kSection && !line.isBare) {
+            isIn = file.KeyOf(line) == lower;
+        }
+        if (isIn && (line.kind == LineKind::kSection || line.kind == LineKind::kValue)) {
+            const std::uint32_t end = NextLine(file.bytes(), line.text);
+            parts.push_back({line.text.begin, EndOfEmptyLines(file.bytes(), end)});
+        }
+    }
+    std::string bytes = file.bytes();
+    for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
+        bytes.erase(part->begin, part->Size());
     }
     return bytes;
 }

@@ -19,4 +19,11 @@ std::optional<std::string> WithKey(const IniFile& file, std::string_view key,
 /// The bytes of `file` without the lines of `key`.
 std::string WithoutKey(const IniFile& file, std::string_view key);
 
+/// The bytes of `file` with the name `item` for `key` in all of its lines.
+std::string WithRenamedKey(const IniFile& file, std::string_view key, std::string_view item);
+
+/// The bytes of `file` without a section: its header, its keys, and the empty lines behind them.
+/// Comments alone on a line stay.
+std::string WithoutSection(const IniFile& file, std::string_view section);
+
 }  // namespace paramgen::tree

@@ -49,6 +49,11 @@ bool HasModule(const Decompiled& result, const std::string& module) {
     return result.files.front().bytes.find("\n[" + module + "]\n") != std::string::npos;
 }
 
+bool HasFile(const Decompiled& result, const std::string& path) {
+    return std::any_of(result.files.begin(), result.files.end(),
+                       [&](const TreeFile& file) { return file.path == path; });
+}
+
 /// Decompiles `image`, and expects that the resulting tree gives the same image.
 Decompiled Back(const image::Image& image, const Options& options = {}) {
     Decompiled result = Decompile(image, options);
@@ -294,6 +299,73 @@ TEST(Decompile, LikeATreeWithTwoCalibrationsForOneModeMakesTwoForTwo) {
     const TempDir directory;
     like.WriteTo(directory);
     static_cast<void>(Back(image, {.all = false, .like = directory.path().string()}));
+}
+
+/// A product with a calibration for the media mode of number 0, which is also the mode of every
+/// media mode's module that is there and empty.
+ProductTree ProductWithACalibrationForModeZero() {
+    ProductTree tree = SmallestProduct();
+    tree.Set("cam0_mediamode1", "common:mediamode", "QX_PARAM_MEDIAMODE_480P_25");
+    tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_480P_25");
+    tree.Set("cam0_ldccfg_0", "LDCV1Attr:xratio", "7");
+    return tree;
+}
+
+TEST(Decompile, LikeATreeWithAModuleThatIsInTheWayLeavesItOut) {
+    const image::Image image = Compiled(ProductWithACalibrationForModeZero());
+    const TempDir directory;
+    ProductTree like = ProductWithACalibrationForModeZero();
+    like.AddModule("cam0_comm_playback");
+    like.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
+    like.Set("cam0_mediamode2", "common:mediamode", "QX_PARAM_MEDIAMODE_720P_30");
+    like.WriteTo(directory);
+    directory.Write("config_cfgaccess_entry.ini",
+                    "[module]\nmodule_num = 15\nmodule1 = cam0_comm\nmodule2 = cam0_mediamode0\n"
+                    "module3 = cam0_comm_photo\nmodule4 = cam0_comm_playback ; keep\n"
+                    "module5 = cam0_comm_record\nmodule6 = cam0_ldccfg_0\n"
+                    "module7 = cam0_mediamode1\nmodule8 = devmng\nmodule9 = filemng\n"
+                    "module10 = media_common\nmodule11 = valueset\nmodule12 = workmode_common\n"
+                    "module13 = workmode_photo\nmodule14 = workmode_record\n"
+                    "module15 = cam0_mediamode2\n"
+                    "[cam0_comm]\ncfg_filename = cam0_comm.ini\n\n"
+                    "; of the camera\n[cam0_mediamode0]\ncfg_filename = cam0_mediamode0.ini\n\n"
+                    "; of photos\n[cam0_comm_photo]\ncfg_filename = cam0_comm_photo.ini\n"
+                    "[cam0_comm_playback]\ncfg_filename = cam0_comm_playback.ini\n"
+                    "[cam0_comm_record]\ncfg_filename = cam0_comm_record.ini\n"
+                    "[cam0_ldccfg_0]\ncfg_filename = cam0_ldccfg_0.ini\n"
+                    "[cam0_mediamode1]\ncfg_filename = cam0_mediamode1.ini\n"
+                    "[devmng]\ncfg_filename = devmng.ini\n"
+                    "[filemng]\ncfg_filename = filemng.ini\n"
+                    "[media_common]\ncfg_filename = media_common.ini\n"
+                    "[valueset]\ncfg_filename = valueset.ini\n"
+                    "[workmode_common]\ncfg_filename = workmode_common.ini\n"
+                    "[workmode_photo]\ncfg_filename = workmode_photo.ini\n"
+                    "[workmode_record]\ncfg_filename = workmode_record.ini\n"
+                    "[cam0_mediamode2]\ncfg_filename = cam0_mediamode2.ini\n");
+    const Decompiled result = Back(image, {.all = false, .like = directory.path().string()});
+    EXPECT_EQ(result.files.front().bytes,
+              "[module]\nmodule_num = 13\nmodule1 = cam0_comm\nmodule2 = cam0_comm_photo\n"
+              "module3 = cam0_comm_playback ; keep\nmodule4 = cam0_comm_record\n"
+              "module5 = cam0_ldccfg_0\nmodule6 = cam0_mediamode1\n"
+              "module7 = devmng\nmodule8 = filemng\n"
+              "module9 = media_common\nmodule10 = valueset\nmodule11 = workmode_common\n"
+              "module12 = workmode_photo\nmodule13 = workmode_record\n"
+              "[cam0_comm]\ncfg_filename = cam0_comm.ini\n\n"
+              "; of the camera\n"
+              "; of photos\n[cam0_comm_photo]\ncfg_filename = cam0_comm_photo.ini\n"
+              "[cam0_comm_playback]\ncfg_filename = cam0_comm_playback.ini\n"
+              "[cam0_comm_record]\ncfg_filename = cam0_comm_record.ini\n"
+              "[cam0_ldccfg_0]\ncfg_filename = cam0_ldccfg_0.ini\n"
+              "[cam0_mediamode1]\ncfg_filename = cam0_mediamode1.ini\n"
+              "[devmng]\ncfg_filename = devmng.ini\n"
+              "[filemng]\ncfg_filename = filemng.ini\n"
+              "[media_common]\ncfg_filename = media_common.ini\n"
+              "[valueset]\ncfg_filename = valueset.ini\n"
+              "[workmode_common]\ncfg_filename = workmode_common.ini\n"
+              "[workmode_photo]\ncfg_filename = workmode_photo.ini\n"
+              "[workmode_record]\ncfg_filename = workmode_record.ini\n");
+    EXPECT_FALSE(HasFile(result, "cam0_mediamode0.ini"));
+    EXPECT_TRUE(HasFile(result, "cam0_comm_playback.ini"));
 }
 
 TEST(WrittenTree, AnEmptyDirectoryKeepsItsRightsAndALinkToItIsKept) {

@@ -92,5 +92,20 @@ TEST(Edit, EveryLineOfAKeyIsTakenOut) {
     EXPECT_EQ(Without("[a]\nb = 1\n", "a:c"), "[a]\nb = 1\n");
 }
 
+TEST(Edit, AKeyIsRenamedInAllOfItsLines) {
+    EXPECT_EQ(WithRenamedKey(IniFile("[a]\nb = 1 ; c\nx = b\n[A]\r\n\tB=2\r\n"), "a:b", "longer"),
+              "[a]\nlonger = 1 ; c\nx = b\n[A]\r\n\tlonger=2\r\n");
+    EXPECT_EQ(WithRenamedKey(IniFile("[a]\nb = 1\n[c]\nb = 1"), "c:b", "d"),
+              "[a]\nb = 1\n[c]\nd = 1");
+}
+
+TEST(Edit, ASectionIsTakenOutWithItsKeysAndTheEmptyLinesBehindThem) {
+    EXPECT_EQ(WithoutSection(IniFile("[a]\nx = 1\n\n; of b\n[B]\ny = 1 ; c\n\nz = 2\n\r\n\n"
+                                     "; of c\n[c]\n\n[b]\nw=3"),
+                             "b"),
+              "[a]\nx = 1\n\n; of b\n; of c\n[c]\n\n");
+    EXPECT_EQ(WithoutSection(IniFile("[a]\nx = 1\n"), "b"), "[a]\nx = 1\n");
+}
+
 }  // namespace
 }  // namespace paramgen::tree
