@@ -42,6 +42,20 @@ Verdict NoDirectory(const Inspection& inspection) {
     return {.findings = {finding}, .lacking = {}};
 }
 
+/// The files that were read, for the loaders.
+compile::FileTexts TextsOf(const tree::Product& product) {
+    compile::FileTexts texts;
+    const auto add = [&texts](const std::string& path, const tree::FoundFile& file) {
+        texts[path] =
+            file.isReadable ? std::optional<std::string_view>(file.ini->bytes()) : std::nullopt;
+    };
+    add(product.entryFile(), product.entry());
+    for (const auto& file : product.files()) {
+        add(file->path, *file);
+    }
+    return texts;
+}
+
 void CheckAll(compile::Session* session, Inspection* inspection) {
     FindErrors(session, inspection);
     CheckEntry(inspection);
@@ -64,7 +78,7 @@ bool Choice::IsOn(const diagnostics::Rule& rule) const {
 Verdict Check(const std::string& directory, const Choice& choice) {
     Inspection inspection(directory, choice);
     try {
-        compile::Session session(directory);
+        compile::Session session(directory, TextsOf(inspection.product()));
         CheckAll(&session, &inspection);
     } catch (const std::system_error&) {
         return NoDirectory(inspection);

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <deque>
+#include <exception>
 
 #include "compile/recorder.h"
 #include "compile/run.h"
@@ -18,24 +19,23 @@ public:
     Questions(Imagined* product, const Pretence& pretence, Keep keep, Compilation* result)
         : Recorder(pretence, keep, result), product_(product) {}
 
-    ModuleEntry* Module(std::string_view name, ModuleEntry*) noexcept override {
+private:
+    ModuleEntry* FindModule(std::string_view name, ModuleEntry*) override {
         if (name != AskedModule()) {  // mostly it is the same one again
             hasModule_ = product_->HasModule(name);
         }
-        return Recorder::Module(name, hasModule_ ? EmptyModule() : nullptr);
+        return Recorder::FindModule(name, hasModule_ ? EmptyModule() : nullptr);
     }
 
-    const char* Answer(const LockedModule& module, std::string_view key, const char*,
-                       const char* absent) noexcept override {
+    const char* FindText(std::string_view key, const char*, const char* absent) override {
         const std::optional<std::string> text = product_->Text(AskedModule(), key, AskedPlace());
         if (!text) {
-            return Recorder::Answer(module, key, absent, absent);
+            return Recorder::FindText(key, absent, absent);
         }
         texts_.push_back(*text);
-        return Recorder::Answer(module, key, texts_.back().c_str(), absent);
+        return Recorder::FindText(key, texts_.back().c_str(), absent);
     }
 
-private:
     Imagined* product_;
     bool hasModule_ = false;
     std::deque<std::string> texts_;  ///< loaders may look at them until the run is over
@@ -73,6 +73,9 @@ Compilation CompileImagined(Imagined* product, bool keepAnswers) {
     const StandardOutput output(false);
     Questions questions(product, pretence, keep, &result);
     RunAndKeep(questions, keep, &result);
+    if (questions.Failure() != nullptr) {
+        std::rethrow_exception(questions.Failure());
+    }
     return result;
 }
 

@@ -10,7 +10,7 @@
 
 namespace paramgen::compile {
 
-/// A product without files. Its functions must not throw.
+/// A product without files.
 class Imagined {
 public:
     virtual ~Imagined() = default;
@@ -24,7 +24,8 @@ public:
                                             const std::optional<Place>& place) = 0;
 };
 
-/// Compiles such a product. The result has no files and no log.
+/// Compiles such a product. The result has no files and no log. What the product's functions throw
+/// is thrown when the run, which gets no more answers, is over.
 Compilation CompileImagined(Imagined* product, bool keepAnswers);
 
 }  // namespace paramgen::compile

@@ -17,8 +17,6 @@ public:
     SavedErrno(const SavedErrno&) = delete;
     SavedErrno& operator=(const SavedErrno&) = delete;
 
-    bool IsRangeError() const { return value_ == ERANGE; }
-
 private:
     int value_;
 };
@@ -36,8 +34,8 @@ std::optional<Place> PlaceOf(const void* dest, std::size_t size) {
 
 }  // namespace
 
-Recorder::Recorder(const Pretence& pretence, Keep keep, Compilation* result)
-    : pretence_(pretence), keep_(keep), result_(result), empty_{} {
+Recorder::Recorder(const Pretence& pretence, Keep keep, Compilation* result, const FileTexts* texts)
+    : pretence_(pretence), keep_(keep), result_(result), texts_(texts), empty_{} {
     g_watcher = this;
     constexpr std::size_t kUsualAnswers = 4096;  // of a product with a few media modes
     result->answers.reserve(keep.answers ? kUsualAnswers : 0);
@@ -47,14 +45,49 @@ Recorder::~Recorder() {
     g_watcher = nullptr;
 }
 
-void Recorder::FileRead(const ModuleEntry& module) noexcept {
+/// Does `work` unless something has failed before.
+template <typename Work>
+void Recorder::Guarded(const Work& work) noexcept {
+    if (failure_ != nullptr) {
+        return;
+    }
     const SavedErrno saved;
-    result_->files.push_back(
-        {.name = module.name, .path = module.file, .isRead = module.dictionary != nullptr});
+    try {
+        work();
+    } catch (...) {
+        failure_ = std::current_exception();
+    }
+}
+
+std::optional<ReadResult> Recorder::KnownText(const char* path, Text* text) noexcept {
+    if (texts_ == nullptr) {
+        return std::nullopt;
+    }
+    const auto known = texts_->find(std::string_view(path));
+    if (known == texts_->end()) {
+        return std::nullopt;
+    }
+    if (!known->second.has_value()) {
+        return ReadResult::kUnreadable;
+    }
+    *text = {.bytes = known->second->data(), .size = known->second->size()};
+    return ReadResult::kRead;
+}
+
+void Recorder::FileRead(const ModuleEntry& module) noexcept {
+    Guarded([&] {
+        result_->files.push_back(
+            {.name = module.name, .path = module.file, .isRead = module.dictionary != nullptr});
+    });
 }
 
 ModuleEntry* Recorder::Module(std::string_view name, ModuleEntry* found) noexcept {
-    const SavedErrno saved;
+    ModuleEntry* module = found;
+    Guarded([&] { module = FindModule(name, found); });
+    return module;
+}
+
+ModuleEntry* Recorder::FindModule(std::string_view name, ModuleEntry* found) {
     at_ = Stop::At::kModule;
     if (module_ != name) {
         module_ = name;
@@ -80,7 +113,13 @@ void Recorder::Destination(const void* dest, std::size_t size) noexcept {
 
 const char* Recorder::Answer(const LockedModule&, std::string_view key, const char* text,
                              const char* absent) noexcept {
-    const SavedErrno saved;
+    const char* answer = text;
+    Guarded([&] { answer = FindText(key, text, absent); });
+    return answer;
+}
+
+const char* Recorder::FindText(std::string_view key, const char* text, const char* absent) {
+    const bool isAfterRangeError = errno == ERANGE;
     at_ = Stop::At::kKey;
     key_ = key;
     if (!pretence_.texts.empty()) {
@@ -96,7 +135,7 @@ const char* Recorder::Answer(const LockedModule&, std::string_view key, const ch
              .key = key_,
              .text = text == nullptr ? std::nullopt : std::optional<std::string>(text),
              .place = place_,
-             .afterRangeError = saved.IsRangeError()});
+             .afterRangeError = isAfterRangeError});
     }
     place_ = std::nullopt;
     return text;

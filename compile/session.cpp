@@ -1,5 +1,6 @@
 #include "compile/session.h"
 
+#include <exception>
 #include <utility>
 
 #include "compile/recorder.h"
@@ -27,14 +28,14 @@ void PutBack(ConfigEntry* config) {
 
 struct Session::State {
     std::filesystem::path tree;
+    FileTexts texts;
     ConfigEntry* config = nullptr;  ///< what was read; null before the first run that could
     std::vector<ModuleFile> files;  ///< what was read for it
 };
 
-Session::Session(std::filesystem::path tree)
-    : state_(
-          std::make_unique<State>(State{.tree = std::move(tree), .config = nullptr, .files = {}})) {
-}
+Session::Session(std::filesystem::path tree, FileTexts texts)
+    : state_(std::make_unique<State>(State{
+          .tree = std::move(tree), .texts = std::move(texts), .config = nullptr, .files = {}})) {}
 
 Session::~Session() {
     if (state_->config != nullptr) {
@@ -52,14 +53,19 @@ Compilation Session::Run(const Pretence& pretence, Keep keep) {
     if (state_->config != nullptr) {
         PutBack(state_->config);
     }
+    std::exception_ptr failure;
     {
-        const Recorder recorder(pretence, keep, &result);
+        const Recorder recorder(pretence, keep, &result, &state_->texts);
         RunAndKeep(recorder, keep, &result);
+        failure = recorder.Failure();
     }
     state_->config = FindConfig(kProductConfig);
     if (state_->config != nullptr) {
         TakeOut(state_->config);
         state_->files = result.files;
+    }
+    if (failure != nullptr) {
+        std::rethrow_exception(failure);
     }
     if (keep.log) {
         result.log = output.Text();

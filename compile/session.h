@@ -8,8 +8,10 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "compile/compilation.h"
@@ -35,18 +37,24 @@ struct Keep {
     bool log = false;  ///< it takes most of the time
 };
 
+/// Files that have been read, by the paths at which the program opens them; none for those that
+/// could not be read.
+using FileTexts = std::map<std::string, std::optional<std::string_view>, std::less<>>;
+
 /// A tree whose files have been read. They are read in the first run, each once; later runs take a
 /// third of a millisecond.
 class Session {
 public:
     /// The tree in the directory `tree`, which need not have an entry file: a run then fails.
-    explicit Session(std::filesystem::path tree);
+    /// Files among `texts` are not read again; it is only used in the first run.
+    explicit Session(std::filesystem::path tree, FileTexts texts = {});
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
     /// Does what the program does when it is started in the tree's directory, up to writing its
-    /// files. Throws `std::system_error` when that directory cannot be entered.
+    /// files. Throws `std::system_error` when that directory cannot be entered, `std::bad_alloc`
+    /// when memory runs out.
     Compilation Run(const Pretence& pretence = {}, Keep keep = {});
 
 private:

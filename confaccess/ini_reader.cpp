@@ -8,6 +8,7 @@
 #include "confaccess/line_rules.h"
 #include "confaccess/number.h"
 #include "confaccess/text_file.h"
+#include "confaccess/watch.h"
 
 namespace paramgen {
 namespace {
@@ -86,7 +87,7 @@ bool Fill(const char* path, Arena* arena, Dictionary* dictionary) {
     alignas(8) char bytes[kShortText];
     Arena scratch(bytes);
     Text text;
-    const ReadResult result = ReadTextFile(path, &scratch, &text);
+    const ReadResult result = READ_TEXT_FILE(path, &scratch, &text);
     if (result == ReadResult::kUnreadable) {
         return false;
     }

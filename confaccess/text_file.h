@@ -10,7 +10,7 @@ namespace paramgen {
 
 /// A text in memory. No NUL ends it.
 struct Text {
-    char* bytes = nullptr;
+    const char* bytes = nullptr;
     std::size_t size = 0;
 
     std::string_view View() const { return {bytes, size}; }

@@ -5,7 +5,10 @@
 #if defined(PARAMGEN_DESCRIBED)
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
+
+#include "confaccess/text_file.h"
 
 namespace paramgen {
 
@@ -20,6 +23,12 @@ public:
     /// Whether configurations stay registered: registering one again then does nothing, and none is
     /// released.
     virtual bool KeepsConfigs() const noexcept = 0;
+
+    /// The file at `path` is to be read. Returns none, or the result of reading it before. Its
+    /// content, which `text` then gets, has to stay until the run is over.
+    virtual std::optional<ReadResult> KnownText(const char* /*path*/, Text* /*text*/) noexcept {
+        return std::nullopt;
+    }
 
     /// The file of a module was read. When `module` has no dictionary, reading it has failed.
     virtual void FileRead(const ModuleEntry& module) noexcept = 0;
@@ -40,12 +49,20 @@ public:
 /// The watcher of this process; null when there is none.
 inline Watcher* g_watcher = nullptr;
 
+/// Reads a file with `ReadTextFile`, unless the watcher has read it.
+[[nodiscard]] inline ReadResult ReadUnlessKnown(const char* path, Arena* arena, Text* text) {
+    const std::optional<ReadResult> known =
+        g_watcher == nullptr ? std::nullopt : g_watcher->KnownText(path, text);
+    return known.has_value() ? *known : ReadTextFile(path, arena, text);
+}
+
 }  // namespace paramgen
 
 /// Calls a function of the watcher. `otherwise` is the result without a watcher.
 #define WATCH_(call, otherwise) \
     (::paramgen::g_watcher == nullptr ? (otherwise) : ::paramgen::g_watcher->call)
 
+#define READ_TEXT_FILE(path, arena, text) ::paramgen::ReadUnlessKnown(path, arena, text)
 #define WATCH_FILE_READ(module) WATCH_(FileRead(module), static_cast<void>(0))
 #define WATCH_MODULE(name, found) WATCH_(Module(name, found), found)
 #define WATCH_DESTINATION(dest, size) WATCH_(Destination(dest, size), static_cast<void>(0))
@@ -62,6 +79,7 @@ inline Watcher* g_watcher = nullptr;
 #else
 
 #define RETURN_WHERE_CONFIG_STAYS(cfgName, status) static_cast<void>(0)
+#define READ_TEXT_FILE(path, arena, text) ReadTextFile(path, arena, text)
 #define WATCH_FILE_READ(module) static_cast<void>(0)
 #define WATCH_MODULE(name, found) (found)
 #define WATCH_DESTINATION(dest, size) static_cast<void>(0)

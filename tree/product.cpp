@@ -88,13 +88,13 @@ void Product::ReadEntry() {
     entry_->inTree = kEntryName;
     entry_->shown = Shown(kEntryName);
     const std::string path = directory_ + "/" + kEntryName;
-    const std::string resolved = Resolve(path);
+    entryFile_ = Resolve(path);
     std::string bytes;
     entryFate_ = EntryFate::kMissing;
-    if (resolved.empty()) {
+    if (entryFile_.empty()) {
         return;
     }
-    if (resolved.size() > kPathMax) {
+    if (entryFile_.size() > kPathMax) {
         entryFate_ = EntryFate::kPathTooLong;
         return;
     }
@@ -103,7 +103,7 @@ void Product::ReadEntry() {
     if (!ReadFile(path, &bytes)) {
         return;
     }
-    home_ = std::filesystem::path(resolved).parent_path().string();
+    home_ = std::filesystem::path(entryFile_).parent_path().string();
     entry_->isReadable = true;
     entry_->ini = std::make_unique<IniFile>(std::move(bytes));
     entryFate_ = entry_->ini->IsAccepted() ? EntryFate::kRead : EntryFate::kRefused;

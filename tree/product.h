@@ -69,6 +69,9 @@ public:
     /// The entry file. It has no `ini` when it is missing.
     const FoundFile& entry() const { return *entry_; }
 
+    /// Where the entry file lies, links resolved; empty when it is missing.
+    const std::string& entryFile() const { return entryFile_; }
+
     /// In the order in which they are listed, up to the first that ends the run.
     const std::vector<Module>& modules() const { return modules_; }
 
@@ -93,7 +96,8 @@ private:
     const FoundFile* Open(const std::string& path);
 
     std::string directory_;
-    std::string home_;  ///< where the entry file lies, links resolved
+    std::string entryFile_;
+    std::string home_;  ///< the directory of that
     EntryFate entryFate_ = EntryFate::kRead;
     std::unique_ptr<FoundFile> entry_;
     std::int32_t moduleCount_ = 0;

@@ -215,6 +215,22 @@ TEST(Session, FilesAreReadOnce) {
     EXPECT_NE(Compile(directory.path()).image, first);
 }
 
+TEST(Session, TextsThatAreKnownAreNotRead) {
+    ProductTree tree = SmallestProduct();
+    tree.Set("devmng", "gsensor:sensitivity", "7").Set("valueset", "volume:num", "1");
+    const TempDir directory;
+    tree.WriteTo(directory);
+    const std::string devmng = (directory.path() / "devmng.ini").string();
+    FileTexts texts = {{devmng, "[gsensor]\nsensitivity = 9"}};
+    const Compilation result = Session(directory.path(), texts).Run();
+    EXPECT_EQ(AnswersTo(result, "devmng", "gsensor:sensitivity").front().text, "9");
+    EXPECT_EQ(AnswersTo(result, "valueset", "volume:num").front().text, "1");
+    texts[devmng] = std::nullopt;
+    const Compilation without = Session(directory.path(), texts).Run();
+    ASSERT_TRUE(without.stop.has_value());
+    EXPECT_EQ(without.stop->module, "devmng");
+}
+
 TEST(Session, SeveralTreesCanBeAtHand) {
     ProductTree tree = SmallestProduct();
     const TempDir one;
