@@ -1,76 +1,14 @@
-#include "decompile/decompile.h"
+#include "unit/decompile/decompile_fixture.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstring>
-
-#include "compile/session.h"
-#include "decompile/tree_directory.h"
 #include "layout/layout.h"
-#include "support/product_tree.h"
-#include "support/temp_dir.h"
 
 namespace paramgen::decompile {
 namespace {
 
-using paramgen::testing::ProductTree;
-using paramgen::testing::SmallestProduct;
-using paramgen::testing::TempDir;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-
-image::Image Compiled(const ProductTree& tree) {
-    const TempDir directory;
-    tree.WriteTo(directory);
-    const compile::Compilation result = compile::Compile(directory.path());
-    EXPECT_EQ(result.status, kOk);
-    return result.image;
-}
-
-void Put(image::Image* image, std::uint32_t offset, std::uint32_t number) {
-    std::memcpy(&(*image)[offset], &number, sizeof number);
-}
-
-/// The file of a module; empty when it has none.
-std::string FileOf(const Decompiled& result, const std::string& module) {
-    for (const TreeFile& file : result.files) {
-        if (file.path == module + ".ini") {
-            return file.bytes;
-        }
-    }
-    return "";
-}
-
-bool HasModule(const Decompiled& result, const std::string& module) {
-    return result.files.front().bytes.find("\n[" + module + "]\n") != std::string::npos;
-}
-
-bool HasFile(const Decompiled& result, const std::string& path) {
-    return std::any_of(result.files.begin(), result.files.end(),
-                       [&](const TreeFile& file) { return file.path == path; });
-}
-
-/// Decompiles `image`, and expects that the resulting tree gives the same image.
-Decompiled Back(const image::Image& image, const Options& options = {}) {
-    Decompiled result = Decompile(image, options);
-    EXPECT_THAT(result.lost, IsEmpty());
-    const TempDir home;
-    const WrittenTree tree(result.files, (home.path() / "t").string(), Old::kNone);
-    EXPECT_EQ(tree.image(), image);
-    return result;
-}
-
-std::vector<std::uint32_t> LostOffsets(const image::Image& image) {
-    std::vector<std::uint32_t> offsets;
-    for (const Lost& lost : Decompile(image, {}).lost) {
-        offsets.push_back(lost.offset);
-    }
-    return offsets;
-}
 
 TEST(Decompile, AnEmptyProductHasNoKeys) {
     const Decompiled result = Back(Compiled(SmallestProduct()));
@@ -168,7 +106,7 @@ TEST(Decompile, LensModulesAreFoundByTheirMediaModes) {
               "[LDCV1Attr]\nxratio = -7\n");
 }
 
-TEST(Decompile, AThirdCalibrationCannotBe) {
+TEST(Decompile, TwoCalibrationsForOneModeCannotBe) {
     ProductTree tree = SmallestProduct();
     tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
     tree.Set("cam0_ldccfg_0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
