@@ -66,6 +66,7 @@ private:
     bool IndexSections();
     bool IsNamed(std::uint32_t place, std::string_view name) const;
     std::uint32_t FindSection(std::string_view name) const;
+    void FetchSection(std::uint32_t section) const;
     std::uint32_t FindInSection(std::uint32_t section, std::uint32_t end,
                                 std::string_view name) const;
     std::uint32_t FindBySection(std::string_view key) const;

@@ -245,6 +245,34 @@ TEST_F(DictionaryTest, SectionsOfAnySizeHaveTheirKeys) {
     }
 }
 
+// A dictionary that is too large for the cache: a section's records are fetched before they are
+// searched. The last section has fewer bytes than are fetched, some sections have more.
+TEST_F(DictionaryTest, SectionsOfALargeDictionaryHaveTheirKeys) {
+    constexpr int kSections = 3002;
+    const auto name = [](int section) { return "section" + std::to_string(section); };
+    for (int section = 0; section < kSections; ++section) {
+        Section(name(section));
+        for (int key = 0; key < section % 30; ++key) {
+            Value(name(section), "key number " + std::to_string(key), name(section));
+        }
+    }
+    Fill();
+    EXPECT_EQ(Count(), 3002U + 100U * (29 * 30 / 2) + 1U);
+    constexpr int kStep = 1009;  // all over the dictionary
+    for (int number = 0; number < kSections; ++number) {
+        const int section = number * kStep % kSections;
+        const int keys = section % 30;
+        EXPECT_EQ(Get(name(section), "default"), nullptr);
+        const std::string key = name(section) + ":KEY number ";
+        EXPECT_STREQ(Get(key + std::to_string(keys), "absent"), "absent") << section;
+        if (keys != 0) {
+            EXPECT_EQ(Get(key + std::to_string(keys - 1), "absent"), name(section));
+        }
+        EXPECT_STREQ(Get(name(section + kSections) + ":key number 0", "absent"), "absent");
+    }
+    EXPECT_STREQ(Get("section3001:key number 0", nullptr), "section3001");
+}
+
 /// What the last line of each key says, by the key in lower case; nothing for a section.
 using LastLines = std::map<std::string, std::optional<std::string>>;
 
