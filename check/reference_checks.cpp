@@ -42,7 +42,7 @@ private:
     Found Locate(const Given& given) const {
         const tree::Module* module = inspection_.product().FindModule(given.module);
         const tree::Line* line =
-            module == nullptr ? nullptr : module->file->ini->Find(given.FullKey());
+            module == nullptr ? nullptr : module->file->ini->Find(given.fullKey);
         return {.file = module == nullptr ? nullptr : module->file, .line = line};
     }
 
@@ -56,7 +56,7 @@ private:
             found.line->value.Size() == 0 ? found.line->name : found.line->value;
         Finding* finding = inspection_.Warn(id, *found.file, *found.line, part, std::move(message));
         if (finding != nullptr) {
-            finding->module = given.module;
+            finding->module = std::string(given.module);
         }
         return finding;
     }
@@ -144,9 +144,9 @@ private:
                 continue;
             }
             const std::string scope =
-                target.given->module + "/" +
-                (target.row->hasParent ? ParentSection(target.given->section) : "") + "/" +
-                std::to_string(target.handle);
+                std::string(target.given->module) + "/" +
+                std::string(target.row->hasParent ? ParentSection(target.given->section) : "") +
+                "/" + std::to_string(target.handle);
             const auto [place, isNew] = known.try_emplace(scope, &target);
             if (!isNew) {
                 Finding* finding = Warn(RuleId::kHandleRepeated, *target.given,
@@ -169,24 +169,24 @@ private:
         });
     }
 
-    void TellNotServed(const Given& given, const std::map<std::string, const Given*>& served) {
+    void TellNotServed(const Given& given, const std::map<std::string_view, const Given*>& served) {
         std::string modes;
         for (const auto& [mode, module] : served) {
-            modes += (modes.empty() ? "; served are " : ", ") + mode;
+            modes += (modes.empty() ? "; served are " : ", ") + std::string(mode);
         }
         notServed_.insert(&given);
         Warn(RuleId::kModeNotServed, given,
-             "no cam0_mediamode module serves " + given.text + modes);
+             "no cam0_mediamode module serves " + std::string(given.text) + modes);
     }
 
     void CheckModes() {
-        std::map<std::string, const Given*> served;
+        std::map<std::string_view, const Given*> served;
         for (const Given* given : references_.Find(kModeModules, "common", "mediamode")) {
             const auto [place, isNew] = served.try_emplace(given->text, given);
             if (!isNew) {
-                Finding* finding =
-                    Warn(RuleId::kModeRepeated, *given,
-                         place->second->module + " serves " + given->text + " as well");
+                Finding* finding = Warn(RuleId::kModeRepeated, *given,
+                                        std::string(place->second->module) + " serves " +
+                                            std::string(given->text) + " as well");
                 AddNote(finding, *place->second, "here");
             }
         }
@@ -203,7 +203,8 @@ private:
         for (const Given* given : references_.Find(kLensModules, "common", "mediamode")) {
             if (!served.contains(given->text)) {
                 Warn(RuleId::kLdcUnused, *given,
-                     "the calibration is not used: no cam0_mediamode module serves " + given->text);
+                     "the calibration is not used: no cam0_mediamode module serves " +
+                         std::string(given->text));
             }
         }
     }
@@ -247,7 +248,7 @@ private:
         }
         std::string texts;
         for (const Given* value : values) {
-            texts += (texts.empty() ? "" : ", ") + value->text;
+            texts += (texts.empty() ? "" : ", ") + std::string(value->text);
         }
         Warn(RuleId::kNotOffered, given,
              "the menu [" + menu + "] does not offer " + Quoted(given.text) + "; it has " + texts);
@@ -261,7 +262,7 @@ private:
             const Given* mode = references_.Beside(*type, "mediamode");
             for (const Given* offered : modes) {
                 if (mode != nullptr && offered->text == mode->text) {
-                    CheckOffered(*type, "cam.0.burst.type" + offered->key.substr(5));
+                    CheckOffered(*type, "cam.0.burst.type" + std::string(offered->key.substr(5)));
                 }
             }
         }
@@ -275,9 +276,9 @@ private:
                 const auto most =
                     high == nullptr ? std::optional<std::int64_t>() : References::NumberOf(*high);
                 if (least.has_value() && most.has_value() && *least > *most) {
-                    Finding* finding =
-                        Warn(RuleId::kLimitsCrossed, *low,
-                             low->key + " is above " + rule.high + ", which is " + high->text);
+                    Finding* finding = Warn(RuleId::kLimitsCrossed, *low,
+                                            std::string(low->key) + " is above " + rule.high +
+                                                ", which is " + std::string(high->text));
                     AddNote(finding, *high, "here");
                 }
             }

@@ -9,7 +9,7 @@ constexpr char kCalibrated[] = "a calibration is for one media mode";
 constexpr char kBurstKind[] = "what the product starts with is one of the mode's kinds of bursts";
 
 layout::KeyName NameOf(const Given& given) {
-    return {given.module, given.section, given.key};
+    return {std::string(given.module), std::string(given.section), std::string(given.key)};
 }
 
 /// Collects the references of one product.
@@ -98,7 +98,8 @@ private:
             const Given* mode = references_.Beside(*type, "mediamode");
             for (const Given* offered : modes) {
                 if (mode != nullptr && offered->text == mode->text) {
-                    AddOffered(*type, "cam.0.burst.type" + offered->key.substr(5), kBurstKind);
+                    AddOffered(*type, "cam.0.burst.type" + std::string(offered->key.substr(5)),
+                               kBurstKind);
                 }
             }
         }

@@ -10,7 +10,22 @@
 namespace paramgen::check {
 namespace {
 
-using layout::MatchesWildcards;
+/// A pattern that is compared with many texts.
+class Wildcards {
+public:
+    explicit Wildcards(std::string_view pattern)
+        : pattern_(pattern), hasAnyLength_(pattern.find('*') != std::string_view::npos) {}
+
+    bool Match(std::string_view text) const {
+        // Most texts have another length.
+        const bool canMatch = hasAnyLength_ || text.size() == pattern_.size();
+        return canMatch && layout::MatchesWildcards(pattern_, text);
+    }
+
+private:
+    std::string_view pattern_;
+    bool hasAnyLength_;
+};
 
 bool IsTrue(const Given* given) {
     return given != nullptr && !given->text.empty() &&
@@ -18,7 +33,7 @@ bool IsTrue(const Given* given) {
 }
 
 /// A key's name with the last character of another in place of a '?' at its end.
-std::string Numbered(const char* key, const std::string& like) {
+std::string Numbered(const char* key, std::string_view like) {
     std::string name(key);
     if (name.ends_with('?')) {
         name.back() = like.back();
@@ -28,14 +43,15 @@ std::string Numbered(const char* key, const std::string& like) {
 
 }  // namespace
 
-std::string ParentSection(const std::string& section) {
+std::string_view ParentSection(std::string_view section) {
     const std::size_t last = section.rfind('.');
-    const std::size_t before =
-        last == std::string::npos || last == 0 ? std::string::npos : section.rfind('.', last - 1);
-    return before == std::string::npos ? section : section.substr(0, before);
+    const bool isShort = last == std::string_view::npos || last == 0;
+    const std::size_t before = isShort ? std::string_view::npos : section.rfind('.', last - 1);
+    return before == std::string_view::npos ? section : section.substr(0, before);
 }
 
 References::References(const compile::Compilation& run) {
+    given_.reserve(run.answers.size());
     for (const compile::Answer& answer : run.answers) {
         if (answer.text.has_value()) {
             Add(answer);
@@ -52,7 +68,8 @@ void References::Add(const compile::Answer& answer) {
     section.keys.push_back(given_.size());
     given_.push_back({.module = answer.module,
                       .section = section.name,
-                      .key = std::string(key),
+                      .key = key,
+                      .fullKey = answer.key,
                       .text = *answer.text});
 }
 
@@ -63,9 +80,9 @@ References::Section& References::SectionFor(const compile::Answer& answer) {
         return sections_[last_];  // loaders mostly query the keys of a section in a row
     }
     const auto [place, isNew] =
-        sectionNumbers_.try_emplace(answer.module + "/" + std::string(name), sections_.size());
+        sectionNumbers_.try_emplace({answer.module, name}, sections_.size());
     if (isNew) {
-        sections_.push_back({.module = answer.module, .name = std::string(name), .keys = {}});
+        sections_.push_back({.module = answer.module, .name = name, .keys = {}});
     }
     last_ = place->second;
     return sections_[last_];
@@ -73,13 +90,16 @@ References::Section& References::SectionFor(const compile::Answer& answer) {
 
 std::vector<const Given*> References::Find(const char* module, const char* section,
                                            const char* key) const {
+    const Wildcards modules(module);
+    const Wildcards sections(section);
+    const Wildcards keys(key);
     std::vector<std::size_t> numbers;
     for (const Section& each : sections_) {
-        if (!MatchesWildcards(section, each.name) || !MatchesWildcards(module, each.module)) {
+        if (!sections.Match(each.name) || !modules.Match(each.module)) {
             continue;
         }
         std::copy_if(each.keys.begin(), each.keys.end(), std::back_inserter(numbers),
-                     [&](std::size_t number) { return MatchesWildcards(key, given_[number].key); });
+                     [&](std::size_t number) { return keys.Match(given_[number].key); });
     }
     std::sort(numbers.begin(), numbers.end());
     std::vector<const Given*> found;
@@ -90,9 +110,9 @@ std::vector<const Given*> References::Find(const char* module, const char* secti
     return found;
 }
 
-const References::Section* References::FindSection(const std::string& module,
-                                                   const std::string& name) const {
-    const auto place = sectionNumbers_.find(module + "/" + name);
+const References::Section* References::FindSection(std::string_view module,
+                                                   std::string_view name) const {
+    const auto place = sectionNumbers_.find({module, name});
     return place == sectionNumbers_.end() ? nullptr : &sections_[place->second];
 }
 
@@ -105,7 +125,7 @@ const Given* References::KeyOf(const Section* section, std::string_view key) con
     return found == section->keys.end() ? nullptr : &given_[*found];
 }
 
-const Given* References::Beside(const Given& given, const std::string& key) const {
+const Given* References::Beside(const Given& given, std::string_view key) const {
     return KeyOf(FindSection(given.module, given.section), key);
 }
 
@@ -169,7 +189,7 @@ std::vector<const Target*> References::TargetsOf(const HandleRule& rule, const G
     const std::optional<std::int64_t> wanted = parent == nullptr ? std::nullopt : NumberOf(*parent);
     std::vector<const Target*> targets;
     for (const Target& target : Targets(rule.target, rule.targetModule)) {
-        const std::string& section = target.given->section;
+        const std::string_view section = target.given->section;
         const bool isRight =
             isSibling
                 ? ParentSection(section) == ParentSection(given.section) && section != given.section

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -14,14 +13,13 @@
 
 namespace paramgen::check {
 
-/// A key of the tree that is read, and what is written behind it.
+/// A key of the tree that is read, and what is written behind it. The texts are those of a run.
 struct Given {
-    std::string module;
-    std::string section;  ///< as loaders spell it
-    std::string key;
-    std::string text;
-
-    std::string FullKey() const { return section + ":" + key; }
+    std::string_view module;
+    std::string_view section;  ///< as loaders spell it
+    std::string_view key;
+    std::string_view fullKey;  ///< "section:key"
+    std::string_view text;
 };
 
 /// Something that has a handle.
@@ -37,7 +35,7 @@ struct Target {
 /// All keys that are read in a tree, with look-ups by patterns.
 class References {
 public:
-    /// Collects the keys that a run has queried and found.
+    /// Collects the keys that a run has queried and found. `run` has to live as long.
     explicit References(const compile::Compilation& run);
     References(const References&) = delete;
     References& operator=(const References&) = delete;
@@ -46,7 +44,7 @@ public:
     std::vector<const Given*> Find(const char* module, const char* section, const char* key) const;
 
     /// The key of the same section; null when it is not there.
-    const Given* Beside(const Given& given, const std::string& key) const;
+    const Given* Beside(const Given& given, std::string_view key) const;
 
     /// Whether a rule applies to its key: the part is enabled, and bound to the right module.
     bool Counts(const HandleRule& rule, const Given& given) const;
@@ -63,21 +61,22 @@ public:
 private:
     /// The keys of one section of a module, by their numbers in `given_`.
     struct Section {
-        std::string module;
-        std::string name;
+        std::string_view module;
+        std::string_view name;
         std::vector<std::size_t> keys;
     };
 
     void Add(const compile::Answer& answer);
     Section& SectionFor(const compile::Answer& answer);
-    const Section* FindSection(const std::string& module, const std::string& name) const;
+    const Section* FindSection(std::string_view module, std::string_view name) const;
     const Given* KeyOf(const Section* section, std::string_view key) const;
     Target MakeTarget(const TargetRow& row, const Given& given, std::int64_t handle) const;
 
     std::vector<Given> given_;
     std::vector<Section> sections_;
     std::size_t last_ = 0;  ///< number of the section that was asked for last
-    std::unordered_map<std::string, std::size_t> sectionNumbers_;  ///< by "module/section"
+    std::map<std::pair<std::string_view, std::string_view>, std::size_t>
+        sectionNumbers_;  ///< by module and name
     mutable std::map<std::pair<TargetKind, std::string>, std::vector<Target>> targets_;
 };
 
@@ -85,6 +84,6 @@ private:
 bool IsSame(const Given& a, const Given& b);
 
 /// The section two levels up: "vpss.0" of "vpss.0.vport.1".
-std::string ParentSection(const std::string& section);
+std::string_view ParentSection(std::string_view section);
 
 }  // namespace paramgen::check

@@ -167,23 +167,37 @@ private:
         }
     }
 
-    /// Tells of modules that read nothing of the file. Returns false when none of them does.
-    bool CheckEmpty() {
-        bool isRead = false;
+    bool IsAsked(const std::string& module, const Line& line) const {
+        const tree::FullKey name(ini_.SectionOf(line), ini_.TextOf(line.name));
+        return inspection_.FindAsked(module, name.View()) != nullptr;
+    }
+
+    std::vector<std::string> KeysOfAllLines() const {
         std::vector<std::string> keys;
         for (const Line& line : ini_.lines()) {
             if (line.kind == LineKind::kValue) {
                 keys.push_back(ini_.KeyOf(line));
             }
         }
+        return keys;
+    }
+
+    /// Tells of modules that read nothing of the file. Returns false when none of them does.
+    bool CheckEmpty() {
+        bool isRead = false;
         for (const std::string& module : modules_) {
             const bool isReadHere =
-                std::any_of(keys.begin(), keys.end(), [&](const std::string& key) {
-                    return inspection_.FindAsked(module, key) != nullptr;
+                std::any_of(ini_.lines().begin(), ini_.lines().end(), [&](const Line& line) {
+                    return line.kind == LineKind::kValue && IsAsked(module, line);
                 });
-            const bool isMistyped = !isReadHere && IsMistyped(module, keys);
-            isRead = isRead || isReadHere || isMistyped;
-            if (!isReadHere && !isMistyped && !file_.isDirectory) {
+            if (isReadHere) {
+                isRead = true;
+                continue;
+            }
+            const std::vector<std::string> keys = KeysOfAllLines();
+            const bool isMistyped = IsMistyped(module, keys);
+            isRead = isRead || isMistyped;
+            if (!isMistyped && !file_.isDirectory) {
                 TellEmpty(module, keys);
             }
         }
@@ -223,7 +237,7 @@ private:
             if (IsWithoutEffect(module, section)) {
                 return Fate::kSilent;
             }
-            if (inspection_.FindAsked(module, ini_.KeyOf(line)) != nullptr) {
+            if (IsAsked(module, line)) {
                 return Fate::kRead;
             }
             if (layout::FindKey(module, section, key) != nullptr) {

@@ -151,7 +151,8 @@ void CheckModule(const tree::Module& module, Inspection* inspection) {
         if (!counts || inspection->IsBad(line)) {
             continue;
         }
-        const Asked* asked = inspection->FindAsked(module.name, ini.KeyOf(line));
+        const Asked* asked = inspection->FindAsked(
+            module.name, tree::FullKey(ini.SectionOf(line), ini.TextOf(line.name)).View());
         if (asked == nullptr) {
             continue;
         }

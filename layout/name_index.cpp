@@ -1,5 +1,7 @@
 #include "layout/name_index.h"
 
+#include <utility>
+
 #include "confaccess/any_case.h"
 
 namespace paramgen::layout {
@@ -11,8 +13,8 @@ bool IsSameText(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-std::size_t NameIndex::Hash(const KeyView& name) {
-    std::size_t hash = HashInAnyCase(name.module);
+std::uint32_t NameIndex::Hash(const KeyView& name) {
+    std::uint32_t hash = HashInAnyCase(name.module);
     hash = hash * 31 + HashInAnyCase(name.section);
     return hash * 31 + HashInAnyCase(name.key);
 }
@@ -22,12 +24,21 @@ bool NameIndex::IsSame(const KeyView& a, const KeyView& b) {
            IsSameText(a.module, b.module);
 }
 
-void NameIndex::Put(const KeyView& name, std::uint32_t number) {
-    std::size_t at = Hash(name);
-    while (slots_[at % slots_.size()] != kNone) {
+void NameIndex::Put(const Slot& item) {
+    std::size_t at = item.hash;
+    while (slots_[at % slots_.size()].number != kNone) {
         ++at;
     }
-    slots_[at % slots_.size()] = number;
+    slots_[at % slots_.size()] = item;
+}
+
+void NameIndex::Grow() {
+    const std::vector<Slot> before = std::exchange(slots_, std::vector<Slot>(2 * slots_.size()));
+    for (const Slot& slot : before) {
+        if (slot.number != kNone) {
+            Put(slot);
+        }
+    }
 }
 
 }  // namespace paramgen::layout

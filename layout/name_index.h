@@ -15,13 +15,14 @@ public:
     /// The number of the item called `name`; the number of items when there is none.
     template <typename Item>
     std::size_t NumberOf(const KeyView& name, const std::vector<Item>& items) const {
-        for (std::size_t at = Hash(name);; ++at) {
-            const std::uint32_t number = slots_[at % slots_.size()];
-            if (number == kNone) {
+        const std::uint32_t hash = Hash(name);
+        for (std::size_t at = hash;; ++at) {
+            const Slot& slot = slots_[at % slots_.size()];
+            if (slot.number == kNone) {
                 return items.size();
             }
-            if (IsSame(items[number].name, name)) {
-                return number;
+            if (slot.hash == hash && IsSame(items[slot.number].name, name)) {
+                return slot.number;
             }
         }
     }
@@ -30,24 +31,30 @@ public:
     template <typename Item>
     void Add(const std::vector<Item>& items) {
         if (2 * items.size() > slots_.size()) {
-            slots_.assign(2 * slots_.size(), kNone);
-            for (std::uint32_t i = 0; i + 1 < items.size(); ++i) {
-                Put(items[i].name, i);
-            }
+            Grow();
         }
-        Put(items.back().name, static_cast<std::uint32_t>(items.size() - 1));
+        Put({.hash = Hash(items.back().name),
+             .number = static_cast<std::uint32_t>(items.size() - 1)});
     }
 
 private:
     static constexpr std::uint32_t kNone = UINT32_MAX;
 
-    static std::size_t Hash(const KeyView& name);
+    /// An item, and the hash of its name.
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t number = kNone;
+    };
+
+    static std::uint32_t Hash(const KeyView& name);
     static bool IsSame(const KeyView& a, const KeyView& b);
 
-    /// Puts a number at the next free place of its name.
-    void Put(const KeyView& name, std::uint32_t number);
+    /// Puts an item at the next free place of its name.
+    void Put(const Slot& item);
 
-    std::vector<std::uint32_t> slots_ = std::vector<std::uint32_t>(1024, kNone);
+    void Grow();
+
+    std::vector<Slot> slots_ = std::vector<Slot>(1024);
 };
 
 }  // namespace paramgen::layout

@@ -1,7 +1,9 @@
 #include "tree/ini_file.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "confaccess/any_case.h"
 #include "confaccess/ini_line.h"
 #include "confaccess/line_reader.h"
 #include "confaccess/line_rules.h"
@@ -148,17 +150,17 @@ bool HasDirective(std::string_view comment) {
     return comment.find(kDirective) != std::string_view::npos;
 }
 
-void MakeLower(std::string* text) {
-    for (char& c : *text) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
+bool IsSameName(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && SameInAnyCase(a.data(), b.data(), a.size());
 }
 
 }  // namespace
 
 std::string LowerCase(std::string_view text) {
     std::string lower(text);
-    MakeLower(&lower);
+    for (char& c : lower) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
     return lower;
 }
 
@@ -193,7 +195,8 @@ void IniFile::TakeLines() {
         Keep(line);
     }
     if (!isAccepted_) {
-        last_.clear();
+        slots_.assign(1, {});
+        keyCount_ = 0;
     }
 }
 
@@ -216,11 +219,44 @@ void IniFile::Keep(const Line& line) {
 
 void IniFile::SetKey(Line* line) {
     const auto number = static_cast<std::uint32_t>(lines_.size() - 1);
-    const auto [place, isNew] = last_.try_emplace(KeyOf(*line), number);
-    if (!isNew) {
-        line->former = place->second;
+    const FullKey name = NameOf(*line);
+    const std::uint32_t hash = HashInAnyCase(name.View());
+    Slot& slot = slots_[SlotOf(hash, name.View())];
+    if (slot.line != kNoLine) {
+        line->former = std::exchange(slot.line, number);
         lines_[line->former].isReplaced = true;
-        place->second = number;
+        return;
+    }
+    slot = {.hash = hash, .line = number};
+    ++keyCount_;
+    if (2 * keyCount_ > slots_.size()) {
+        GrowSlots();
+    }
+}
+
+/// The place of a key, or the free one where it belongs.
+std::size_t IniFile::SlotOf(std::uint32_t hash, std::string_view name) const {
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
+        const Slot& slot = slots_[at];
+        if (slot.line == kNoLine) {
+            return at;
+        }
+        if (slot.hash == hash && IsSameName(NameOf(lines_[slot.line]).View(), name)) {
+            return at;
+        }
+    }
+}
+
+void IniFile::GrowSlots() {
+    const std::vector<Slot> before = std::exchange(slots_, std::vector<Slot>(2 * slots_.size()));
+    const std::size_t mask = slots_.size() - 1;
+    for (const Slot& slot : before) {
+        std::size_t at = slot.hash & mask;
+        while (slot.line != kNoLine && slots_[at].line != kNoLine) {
+            at = (at + 1) & mask;
+        }
+        slots_[at] = slot.line != kNoLine ? slot : slots_[at];
     }
 }
 
@@ -228,24 +264,20 @@ std::string_view IniFile::SectionOf(const Line& line) const {
     return line.section == kNoLine ? std::string_view() : TextOf(lines_[line.section].name);
 }
 
-std::string IniFile::KeyOf(const Line& line) const {
+FullKey IniFile::NameOf(const Line& line) const {
     if (line.kind == LineKind::kSection) {
-        return LowerCase(line.isBare ? SectionOf(line) : TextOf(line.name));
+        return FullKey(line.isBare ? SectionOf(line) : TextOf(line.name));
     }
-    const std::string_view section = SectionOf(line);
-    const std::string_view name = TextOf(line.name);
-    std::string key;
-    key.reserve(section.size() + 1 + name.size());
-    key += section;
-    key += ':';
-    key += name;
-    MakeLower(&key);
-    return key;
+    return {SectionOf(line), TextOf(line.name)};
+}
+
+std::string IniFile::KeyOf(const Line& line) const {
+    return LowerCase(NameOf(line).View());
 }
 
 const Line* IniFile::Find(std::string_view key) const {
-    const auto place = last_.find(LowerCase(key));
-    return place == last_.end() ? nullptr : &lines_[place->second];
+    const Slot& slot = slots_[SlotOf(HashInAnyCase(key), key)];
+    return slot.line == kNoLine ? nullptr : &lines_[slot.line];
 }
 
 }  // namespace paramgen::tree

@@ -8,8 +8,9 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
+
+#include "tree/full_key.h"
 
 namespace paramgen::tree {
 
@@ -88,17 +89,27 @@ public:
     const Line* Find(std::string_view key) const;
 
     /// The number of different keys, sections included, as the program counts them.
-    std::size_t KeyCount() const { return isAccepted_ ? last_.size() : 0; }
+    std::size_t KeyCount() const { return keyCount_; }
 
 private:
+    /// A key: the line that counts, and a hash of its name in any case.
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t line = kNoLine;
+    };
+
     void TakeLines();
     void Keep(const Line& line);
     void SetKey(Line* line);
+    FullKey NameOf(const Line& line) const;
+    std::size_t SlotOf(std::uint32_t hash, std::string_view name) const;
+    void GrowSlots();
 
     std::string bytes_;
     std::vector<Line> lines_;
     bool isAccepted_ = true;
-    std::unordered_map<std::string, std::uint32_t> last_;  ///< of each key the line that counts
+    std::vector<Slot> slots_ = std::vector<Slot>(64);  ///< of all keys; half of them are free
+    std::size_t keyCount_ = 0;
 };
 
 /// A text in lower case, as the program compares sections and keys. Only ASCII letters change.
