@@ -3,6 +3,7 @@
 #include "check/inspection.h"
 #include "check/known_names.h"
 #include "check/number_text.h"
+#include "check/scaled_number.h"
 #include "check/value_text.h"
 
 namespace paramgen::check {
@@ -16,8 +17,11 @@ using tree::Line;
 struct ReadValue {
     const tree::FoundFile& file;
     const Line& line;
-    FieldKind kind;
+    const layout::Value* stored;  ///< the first value that the key gives; null: none
     std::string text;
+
+    FieldKind Kind() const { return stored == nullptr ? FieldKind::kBytes : stored->Kind(); }
+    std::string Unit() const { return stored == nullptr ? "" : stored->Unit(); }
 };
 
 class ValueChecker {
@@ -26,7 +30,7 @@ public:
 
     void Check(const ReadValue& value) {
         CheckText(&inspection_, value.file, value.line);
-        switch (value.kind) {
+        switch (value.Kind()) {
             case FieldKind::kBool:
                 CheckBoolean(value);
                 break;
@@ -77,7 +81,12 @@ private:
         } else if (!number.isExact) {
             Warn(value, RuleId::kFloatRange, Quoted(value.text) + " is more than a float can hold");
         } else if (number.end != value.text.size()) {
-            TellTrailing(value, number.end);
+            Finding* finding = TellTrailing(value, number.end);
+            const bool hasComma = value.text[number.end] == ',';
+            if (finding != nullptr && hasComma) {
+                finding->suggestion = value.text;
+                finding->suggestion[number.end] = '.';
+            }
         }
     }
 
@@ -87,10 +96,19 @@ private:
                  " is no number, and is stored as 0");
     }
 
-    void TellTrailing(const ReadValue& value, std::size_t end) {
-        Warn(value, RuleId::kTrailingText,
-             Quoted(value.text.substr(end)) + " behind the number is dropped; " +
-                 value.text.substr(0, end) + " is left");
+    Finding* TellTrailing(const ReadValue& value, std::size_t end) {
+        return Warn(value, RuleId::kTrailingText,
+                    Quoted(value.text.substr(end)) + " behind the number is dropped; " +
+                        value.text.substr(0, end) + " is left");
+    }
+
+    void TellSuffix(const ReadValue& value, const NumberText& number) {
+        Finding* finding = TellTrailing(value, number.end);
+        const std::optional<std::int64_t> meant =
+            ScaledNumber(number.value, value.text.substr(number.end), value.Unit());
+        if (finding != nullptr && meant.has_value()) {
+            finding->suggestion = std::to_string(*meant);
+        }
     }
 
     void CheckNumber(const ReadValue& value) {
@@ -108,7 +126,7 @@ private:
                  Quoted(value.text) + " does not fit 32 bits; " + std::to_string(number.value) +
                      " is stored");
         } else if (number.end != value.text.size()) {
-            TellTrailing(value, number.end);
+            TellSuffix(value, number);
         } else {
             CheckWidth(value, number.value);
         }
@@ -119,7 +137,7 @@ private:
     }
 
     void CheckWidth(const ReadValue& value, std::int64_t number) {
-        if (value.kind == FieldKind::kUint8 && (number < 0 || number > 255)) {
+        if (value.Kind() == FieldKind::kUint8 && (number < 0 || number > 255)) {
             Warn(value, RuleId::kNumberTruncated,
                  Quoted(value.text) + " does not fit 8 bits; " +
                      std::to_string(static_cast<std::uint8_t>(number)) + " is stored");
@@ -128,11 +146,11 @@ private:
         if (number >= 0) {
             return;
         }
-        if (value.kind == FieldKind::kUint32) {
+        if (value.Kind() == FieldKind::kUint32) {
             Warn(value, RuleId::kNumberNegative,
                  Quoted(value.text) + " is stored unsigned, as " +
                      std::to_string(static_cast<std::uint32_t>(number)));
-        } else if (value.kind == FieldKind::kUint64) {
+        } else if (value.Kind() == FieldKind::kUint64) {
             Warn(value, RuleId::kNumberNegative,
                  Quoted(value.text) + " is stored unsigned, as " +
                      std::to_string(static_cast<std::uint64_t>(number)));
@@ -156,12 +174,10 @@ void CheckModule(const tree::Module& module, Inspection* inspection) {
         if (asked == nullptr) {
             continue;
         }
-        const FieldKind kind = asked->key == nullptr || asked->key->values.empty()
-                                   ? FieldKind::kBytes
-                                   : asked->key->values.front()->Kind();
+        const bool isStored = asked->key != nullptr && !asked->key->values.empty();
         checker.Check({.file = *module.file,
                        .line = line,
-                       .kind = kind,
+                       .stored = isStored ? asked->key->values.front() : nullptr,
                        .text = std::string(ini.TextOf(line.value))});
     }
 }

@@ -99,7 +99,7 @@ TEST(Mistakes, ADirectoryInPlaceOfAFile) {
 TEST(Mistakes, NumbersWrittenInOtherWays) {
     const std::string sensitivity = "[gsensor]\nsensitivity = ";
     EXPECT_EQ(MessagesOf("devmng.ini", sensitivity + "12M\n"),
-              Messages{"'M' behind the number is dropped; 12 is left"});
+              Messages{"'M' behind the number is dropped; 12 is left; did you mean '12000000'?"});
     EXPECT_EQ(MessagesOf("devmng.ini", sensitivity + "29,97\n"),
               Messages{"',97' behind the number is dropped; 29 is left"});
     EXPECT_EQ(MessagesOf("devmng.ini", sensitivity + "0x2\n"),
@@ -107,6 +107,32 @@ TEST(Mistakes, NumbersWrittenInOtherWays) {
     EXPECT_EQ(MessagesOf("devmng.ini", "[keytone]\nenable = on\n"),
               Messages{"'on' is neither true nor false, and counts as not given; did you mean "
                        "'yes'?"});
+}
+
+TEST(Mistakes, NumbersWithLettersBehindThem) {
+    const auto valueOf = [](const std::string& section, const std::string& line) {
+        const auto change = [&](Files& files) {
+            testing::AddModule("cam0_mediamode0",
+                               "[common]\nmediamode = QX_PARAM_MEDIAMODE_1080P_30\n[" + section +
+                                   "]\n" + line + "\n",
+                               &files);
+        };
+        const Messages messages = MessagesOf(change);
+        return messages.empty() ? "" : messages.front();
+    };
+    // In kbit/s.
+    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 12M"),
+              "'M' behind the number is dropped; 12 is left; did you mean '12000'?");
+    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 12Mbit/s"),
+              "'Mbit/s' behind the number is dropped; 12 is left; did you mean '12000'?");
+    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 800k"),
+              "'k' behind the number is dropped; 800 is left; did you mean '800'?");
+    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 12m"),
+              "'m' behind the number is dropped; 12 is left");
+    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 9000G"),
+              "'G' behind the number is dropped; 9000 is left");
+    EXPECT_EQ(valueOf("vcap.pipe.0", "isp_framerate = 29,97"),
+              "',97' behind the number is dropped; 29 is left; did you mean '29.97'?");
 }
 
 TEST(Mistakes, ATypoInTheOnlyKeyOfAFile) {

@@ -51,6 +51,43 @@ TEST(IniFile, ASectionHidesTheKeyOfItsName) {
     EXPECT_EQ(file.lines()[line->former].number, 2U);
 }
 
+TEST(IniFile, NamesAreComparedWithTheirSectionsAsOnePiece) {
+    const IniFile file("[a]\nb:c = 1\n[a:B]\nC = 2\n");
+    EXPECT_EQ(file.KeyCount(), 3U) << "two sections and one key";
+    ASSERT_NE(file.Find("A:b:c"), nullptr);
+    EXPECT_EQ(file.TextOf(file.Find("A:b:c")->value), "2");
+    EXPECT_TRUE(file.lines()[1].isReplaced);
+    EXPECT_EQ(file.lines()[3].former, 1U);
+}
+
+TEST(IniFile, LongNames) {
+    const std::string section(900, 's');
+    const std::string key(900, 'k');
+    const std::string end(255, 'k');  // with the colon it fills what short names have
+    const IniFile file("[" + section + "]\n" + key + " = 1\n" + key + "x = 2\n[]\n[" +
+                       std::string(1, 'e') + "]\n" + end + " = 3\n" + end.substr(1) + " = 4\n");
+    ASSERT_NE(file.Find(section + ":" + key), nullptr);
+    EXPECT_EQ(file.TextOf(file.Find(section + ":" + key)->value), "1");
+    EXPECT_EQ(file.TextOf(file.Find(section + ":" + key + "X")->value), "2");
+    EXPECT_EQ(file.TextOf(file.Find("e:" + end)->value), "3");
+    EXPECT_EQ(file.TextOf(file.Find("e:" + end.substr(1))->value), "4");
+    EXPECT_EQ(file.Find("e:" + end + "k"), nullptr);
+}
+
+TEST(IniFile, ManyKeys) {
+    std::string text = "[s]\n";
+    for (int i = 0; i < 10'000; ++i) {
+        text += "key" + std::to_string(i) + " = " + std::to_string(i) + "\n";
+    }
+    const IniFile file(text);
+    EXPECT_EQ(file.KeyCount(), 10'001U);
+    for (const int i : {0, 31, 32, 33, 4095, 9999}) {
+        ASSERT_NE(file.Find("S:KEY" + std::to_string(i)), nullptr) << i;
+        EXPECT_EQ(file.TextOf(file.Find("s:key" + std::to_string(i))->value), std::to_string(i));
+    }
+    EXPECT_EQ(file.Find("s:key10000"), nullptr);
+}
+
 TEST(IniFile, BareBracketsLeaveTheSection) {
     const IniFile file("[a]\n[]\nk=1\n[ ]\nk=2\n");
     EXPECT_TRUE(file.lines()[1].isBare);
