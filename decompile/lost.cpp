@@ -44,7 +44,7 @@ std::string Reason(const image::Image& image, const layout::Value& value) {
         case FieldSource::kConstant:
             return "it is always " + std::to_string(value.Default());
         case FieldSource::kCopy:
-            return "it is a copy of " + layout::ValueAt(value.origin)->member;
+            return "it is a copy of " + layout::ValueAt(value.origin)->Member();
         default:
             return value.HasKey() ? KeyReason(image, value)
                                   : "it is worked out from other values, and not to this";
@@ -64,7 +64,7 @@ std::vector<Lost> Explain(const image::Image& image, const std::vector<std::uint
         }
         lost.push_back({.offset = offset,
                         .size = 1,
-                        .member = value->member,
+                        .member = value->Member(),
                         .reason = Reason(image, *value)});
         last = value;
     }

@@ -119,7 +119,7 @@ output::Json JsonDiff(const Input& before, const Input& after,
         json["places"] = output::Json::array();
         for (const layout::Value* place : difference.places) {
             json["places"].push_back(
-                {{"offset", place->offset}, {"size", place->size}, {"member", place->member}});
+                {{"offset", place->offset}, {"size", place->size}, {"member", place->Member()}});
         }
         list.push_back(std::move(json));
     }

@@ -39,7 +39,7 @@ std::string SideRemark(const Side& side, const PlaceOfKey& placeOf) {
 
 std::string Name(const Difference& difference) {
     const layout::Value& value = *difference.places.front();
-    return value.HasKey() ? KeyOf(value) : value.member;
+    return value.HasKey() ? KeyOf(value) : value.Member();
 }
 
 std::string PlacesText(const Difference& difference, bool offsets) {

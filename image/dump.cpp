@@ -53,7 +53,7 @@ output::Json JsonEntry(const Image& image, const Entry& entry) {
     const layout::Value& value = *entry.value;
     output::Json json = {{"offset", value.offset},
                          {"size", value.size},
-                         {"member", value.member},
+                         {"member", value.Member()},
                          {"source", layout::SourceName(value.Source())}};
     if (value.HasKey()) {
         json["module"] = value.module;
@@ -98,7 +98,7 @@ std::string TextDump(const std::vector<Entry>& entries) {
         shown += flags.empty() ? "" : " [" + flags + "]";
         table.Add({std::to_string(value.offset), std::to_string(value.size), ShortRaw(entry.raw),
                    layout::KindName(value.Kind()), shown, value.HasKey() ? KeyOf(value) : "-",
-                   value.member});
+                   value.Member()});
     }
     return table.Text();
 }
@@ -108,7 +108,7 @@ std::string CsvDump(const std::vector<Entry>& entries) {
                                 "type", "raw", "value", "name", "flags"});
     for (const Entry& entry : entries) {
         const layout::Value& value = *entry.value;
-        text += CsvLine({std::to_string(value.offset), std::to_string(value.size), value.member,
+        text += CsvLine({std::to_string(value.offset), std::to_string(value.size), value.Member(),
                          layout::SourceName(value.Source()), value.module, value.section, value.key,
                          layout::KindName(value.Kind()), entry.raw, output::ValidUtf8(entry.text),
                          entry.name, JoinedFlags(entry)});

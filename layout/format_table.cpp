@@ -29,17 +29,17 @@ std::vector<Line> LinesOf(std::string_view part) {
     std::vector<Line> lines;
     std::map<LineKey, std::size_t> numbers;
     for (const Value& value : Values()) {
-        if (!IsIn(part, value.member)) {
+        if (!IsIn(part, value.Member())) {
             continue;
         }
         const auto [number, isNew] = numbers.try_emplace(
-            {value.field, value.pattern.section, value.pattern.key}, lines.size());
+            {value.field, PatternOf(value).section, PatternOf(value).key}, lines.size());
         if (isNew) {
             lines.emplace_back();
         }
         Line& line = lines[number->second];
         line.values.push_back(&value);
-        const std::string& module = value.pattern.module;
+        const std::string& module = PatternOf(value).module;
         if (value.HasKey() &&
             std::find(line.modules.begin(), line.modules.end(), module) == line.modules.end()) {
             line.modules.push_back(module);
@@ -73,7 +73,7 @@ std::string When(const Value& value) {
          ++condition) {
         const Value* count = condition->places == 0 ? nullptr : ValueAt(condition->count);
         if (condition->kind == ConditionKind::kCounted) {
-            return "; as many as " + Code(count->pattern.section + ":" + count->pattern.key);
+            return "; as many as " + Code(PatternOf(*count).section + ":" + PatternOf(*count).key);
         }
         if (condition->kind == ConditionKind::kLeading) {
             return "; while those before have their key";
@@ -99,7 +99,7 @@ std::string Row(const Line& line) {
     const std::string count =
         line.values.size() == 1 ? "" : std::to_string(line.values.size()) + " × ";
     const std::string key =
-        value.HasKey() ? Code(value.pattern.section + ":" + value.pattern.key) : "";
+        value.HasKey() ? Code(PatternOf(value).section + ":" + PatternOf(value).key) : "";
     return "| " + std::to_string(value.offset) + " | " + count + std::to_string(value.size) +
            " | " + KindName(value.Kind()) + " | " + key + " | " + Modules(line) + " | " +
            Default(value) + " | " + Content(value) + When(value) + " |\n";

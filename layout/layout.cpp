@@ -11,22 +11,6 @@
 namespace paramgen::layout {
 namespace {
 
-/// The same values by offset. They cover `size` bytes exactly once.
-std::vector<Value> ByOffset(const std::vector<Value>& values, std::uint32_t size) {
-    std::vector<const Value*> owners(size);
-    for (const Value& value : values) {
-        owners[value.offset] = &value;
-    }
-    std::vector<Value> sorted;
-    sorted.reserve(values.size());
-    for (const Value* value : owners) {
-        if (value != nullptr) {
-            sorted.push_back(*value);
-        }
-    }
-    return sorted;
-}
-
 /// All values of searches: one for each.
 std::vector<const Value*> Searched() {
     std::vector<const Value*> searched;
@@ -57,6 +41,15 @@ KeyView SearchKey(const Value& value, Name module) {
     return {};
 }
 
+/// The patterns of all values, in their order.
+std::vector<KeyView> ListPatternsOfValues() {
+    std::vector<KeyView> patterns;
+    for (const Value& value : WalkSections(kImageTable, Indices::kLetters)) {
+        patterns.push_back({value.module, value.section, value.key});
+    }
+    return patterns;
+}
+
 std::vector<Pattern> ListPatterns() {
     std::vector<Pattern> patterns;
     NameIndex index;
@@ -64,9 +57,10 @@ std::vector<Pattern> ListPatterns() {
         if (!value.HasKey()) {
             continue;
         }
-        const std::size_t number = index.NumberOf(value.pattern, patterns);
+        const KeyView& name = PatternOf(value);
+        const std::size_t number = index.NumberOf(name, patterns);
         if (number == patterns.size()) {
-            patterns.push_back({KeyRole::kValue, value.pattern, {}});
+            patterns.push_back({KeyRole::kValue, name, {}});
             index.Add(patterns);
         }
         patterns[number].values.push_back(&value);
@@ -186,7 +180,7 @@ std::vector<std::string> ListModules() {
 std::string NameAt(std::uint32_t offset) {
     const Value* value = ValueAt(offset);
     if (value == nullptr || !value->HasKey()) {
-        return value == nullptr ? "" : std::string(value->member);
+        return value == nullptr ? "" : value->Member();
     }
     return value->section + ":" + value->key;
 }
@@ -197,7 +191,7 @@ std::string NameAt(std::uint32_t offset) {
 
 std::span<const Value> Values() {
     static const auto* const values =
-        new std::vector<Value>(ByOffset(WalkSections(kImageTable), kImageTable.size));
+        new std::vector<Value>(WalkSections(kImageTable, Indices::kNumbers));
     return *values;
 }
 
@@ -216,6 +210,11 @@ const Value* ValueAt(std::uint32_t offset) {
     }
     const Value& value = *(next - 1);
     return offset - value.offset < value.size ? &value : nullptr;
+}
+
+const KeyView& PatternOf(const Value& value) {
+    static const auto* const patterns = new std::vector<KeyView>(ListPatternsOfValues());
+    return (*patterns)[static_cast<std::size_t>(ValueAt(value.offset) - Values().data())];
 }
 
 std::span<const Pattern> Patterns() {

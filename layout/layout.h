@@ -26,6 +26,10 @@ const Value* ValueAt(std::uint32_t offset);
 /// own no bytes: they are stored in the bytes of other values.
 std::span<const Value> SpilledValues();
 
+/// The key of a value that owns bytes, with letters for the indices of elements: "venc.N:venchdl".
+/// Its names are empty when the value has no key.
+const KeyView& PatternOf(const Value& value);
+
 /// What a key is for.
 enum class KeyRole : std::uint8_t {
     kValue,   ///< it gives values of the image

@@ -17,6 +17,18 @@ std::string Text(const KeyName& name) {
     return name.module + "/" + name.section + ":" + name.key;
 }
 
+std::string Value::Member() const {
+    std::string path(record);
+    if (!path.empty()) {
+        path += '.';
+    }
+    path += field->notes.member;
+    if (field->isArray) {
+        path += '[' + std::to_string(number) + ']';
+    }
+    return path;
+}
+
 bool Value::HasDefault() const {
     return Source() == FieldSource::kConstant ||
            (HasKey() && Kind() != FieldKind::kText && Kind() != FieldKind::kName);

@@ -75,19 +75,22 @@ struct Value {
     const Field* field;    ///< kind, source, names, description, unit
     std::uint32_t offset;  ///< in the image, in bytes
     std::uint32_t size;    ///< in bytes
-    Name member;           ///< member path from the image: "devMng.gsensor.sensitivity"
+    Name record;           ///< member path of its record from the image: "devMng.gsensor"
+    std::uint32_t number;  ///< of the element, in an array
 
     // With a key only; empty without.
     Name module;                    ///< "devmng"; "cam0_ldccfg_*" when a search finds it
     Name section;                   ///< "gsensor"
     Name key;                       ///< "sensitivity"
     std::span<const Name> modules;  ///< its module, or all that the search goes through
-    KeyView pattern;  ///< the same key with letters for indices of elements: "venc.N" "venchdl"
 
     std::span<const Condition> conditions;  ///< all of them must hold; the outermost first
     Name context;          ///< `About` of the innermost record around it that has one: "Volume"
     std::uint32_t origin;  ///< of a copy: the offset of the original; else its own offset
     std::uint32_t times;   ///< factor of the key's number when it is stored, mostly 1
+
+    /// Its member path from the image: "devMng.gsensor.sensitivity".
+    std::string Member() const;
 
     FieldKind Kind() const { return field->kind; }
     FieldSource Source() const { return field->source; }

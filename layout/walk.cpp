@@ -10,36 +10,30 @@
 namespace paramgen::layout {
 namespace {
 
-/// Index of an array element: as it stands in a name, and the letter for it in the name's pattern.
-struct Number {
-    Name real;
-    Name letter;
-};
-
-/// The indices of the array elements around a value, the innermost last.
+/// The indices of the array elements around a value as they stand in names, the innermost last.
 class Numbers {
 public:
-    void Add(Number number) { numbers_.at(count_++) = number; }
-    std::size_t size() const { return count_; }
-    const Number* begin() const { return numbers_.data(); }
-    const Number* end() const { return numbers_.data() + count_; }
+    void Add(Name number) { numbers_.at(count_++) = number; }
+
+    /// Adds a letter in place of an index: N, M, K, L.
+    void AddLetter() {
+        constexpr std::string_view kLetters = "NMKL";
+        Add(kLetters.substr(letters_++, 1));
+    }
+
+    const Name* end() const { return numbers_.data() + count_; }
 
 private:
-    std::array<Number, 8> numbers_;
+    std::array<Name, 8> numbers_;
     std::size_t count_ = 0;
-};
-
-/// A name, and its pattern.
-struct Named {
-    Name real;
-    Name pattern;
+    std::size_t letters_ = 0;
 };
 
 /// The record or value that the walk has come to.
 struct Place {
-    Named module;
+    Name module;
     std::span<const Name> modules;
-    Named prefix;
+    Name prefix;
     Numbers numbers;
     std::uint32_t offset = 0;
     std::uint32_t end = 0;  ///< offset up to which elements may spill
@@ -64,11 +58,11 @@ Name Digits(std::uint32_t number) {
 }
 
 /// Fills in a template: "%s" with `text`, and its "%d" and "%u" with the last of `numbers`, in
-/// order: with what `part` of them says.
-Name Fill(std::string_view pattern, Name text, const Numbers& numbers, Name Number::*part) {
+/// order.
+Name Fill(std::string_view pattern, Name text, const Numbers& numbers) {
     const auto placeholders = static_cast<std::size_t>(
         std::count(pattern.begin(), pattern.end(), '%') - (pattern.find("%s") != pattern.npos));
-    const Number* next = numbers.end() - placeholders;
+    const Name* next = numbers.end() - placeholders;
     std::array<std::string_view, 12> pieces;
     std::size_t count = 0;
     while (!pattern.empty()) {
@@ -76,28 +70,15 @@ Name Fill(std::string_view pattern, Name text, const Numbers& numbers, Name Numb
         pieces.at(count++) = pattern.substr(0, length);
         pattern.remove_prefix(length);
         if (!pattern.empty()) {
-            pieces.at(count++) = pattern[1] == 's' ? text : (next++)->*part;
+            pieces.at(count++) = pattern[1] == 's' ? text : *next++;
             pattern.remove_prefix(2);
         }
     }
     return Store::Get().Join({pieces.data(), count});
 }
 
-Named Expand(std::string_view pattern, const Named& text, const Numbers& numbers) {
-    if (pattern.find('%') == pattern.npos) {
-        return {pattern, pattern};
-    }
-    return {Fill(pattern, text.real, numbers, &Number::real),
-            Fill(pattern, text.pattern, numbers, &Number::letter)};
-}
-
-/// The letter for the next index: N, M, K, L. Indices of arrays with one element get none.
-Name NextLetter(const Numbers& numbers) {
-    constexpr std::string_view kLetters = "NMKL";
-    const auto used = std::count_if(numbers.begin(), numbers.end(), [](const Number& number) {
-        return number.letter != number.real;
-    });
-    return kLetters.substr(static_cast<std::size_t>(used), 1);
+Name Expand(std::string_view pattern, Name text, const Numbers& numbers) {
+    return pattern.find('%') == pattern.npos ? pattern : Fill(pattern, text, numbers);
 }
 
 void AddCondition(const Condition& condition, Place* place) {
@@ -106,15 +87,13 @@ void AddCondition(const Condition& condition, Place* place) {
 
 /// Makes a module that a search finds the module of `place`.
 void EnterSearched(const ModuleSearch& search, Place* place) {
-    const Number camera = {Digits(search.camera), ""};
     const auto expand = [&](Name number) {
         Numbers numbers;
-        numbers.Add(camera);
-        numbers.Add({number, ""});
-        return Fill(search.modules, "", numbers, &Number::real);
+        numbers.Add(Digits(search.camera));
+        numbers.Add(number);
+        return Fill(search.modules, "", numbers);
     };
-    const Name any = expand("*");
-    place->module = {any, any};
+    place->module = expand("*");
     const std::span<Name> modules = Store::Get().List<Name>(search.count);
     for (std::uint32_t i = 0; i < search.count; ++i) {
         modules[i] = expand(Digits(i));
@@ -127,9 +106,9 @@ void EnterSearched(const ModuleSearch& search, Place* place) {
     AddCondition(condition, place);
 }
 
-void EnterNamed(const Named& module, Place* place) {
+void EnterNamed(Name module, Place* place) {
     place->module = module;
-    place->modules = Store::Get().With(std::span<const Name>(), module.real);
+    place->modules = Store::Get().With(std::span<const Name>(), module);
 }
 
 /// Makes the module of a row, when it has one of its own, the module of `place`.
@@ -137,22 +116,22 @@ void EnterModule(const Field& field, Place* place) {
     if (field.extra == FieldExtra::kSearchedModule) {
         EnterSearched(*field.notes.search, place);
     } else if (field.extra == FieldExtra::kModule) {
-        EnterNamed(Expand(field.module, Named(), place->numbers), place);
+        EnterNamed(Expand(field.module, Name(), place->numbers), place);
         if (field.notes.optionalModule) {
             Condition condition;
             condition.kind = ConditionKind::kOptionalModule;
-            condition.module = place->module.real;
+            condition.module = place->module;
             AddCondition(condition, place);
         }
     }
 }
 
 /// The node that `field` is read under: its own, or `node`.
-Named NodeOf(const Field& field, const Named& node, const Numbers& numbers) {
+Name NodeOf(const Field& field, Name node, const Numbers& numbers) {
     if (field.node == nullptr) {
         return node;
     }
-    return field.ownNode ? Named{field.node, field.node} : Expand(field.node, node, numbers);
+    return field.ownNode ? Name(field.node) : Expand(field.node, node, numbers);
 }
 
 /// The largest count of a row's elements that is not an error.
@@ -170,16 +149,15 @@ std::uint32_t LargestCount(const Field& field, const Place& record) {
 
 /// The keys that must exist for the elements of a row to be read: that of element N for those
 /// behind it.
-std::span<const KeyView> LeadingKeys(const Field& field, const Named& node, const Place& record) {
+std::span<const KeyView> LeadingKeys(const Field& field, Name node, const Place& record) {
     if (field.notes.whileKey == nullptr) {
         return {};
     }
     const std::span<KeyView> keys = Store::Get().List<KeyView>(field.count);
     for (std::uint32_t i = 0; i < field.count; ++i) {
         Numbers numbers = record.numbers;
-        numbers.Add({Digits(i), ""});
-        keys[i] = {record.module.real, Expand(field.table->node, node, numbers).real,
-                   field.notes.whileKey};
+        numbers.Add(Digits(i));
+        keys[i] = {record.module, Expand(field.table->node, node, numbers), field.notes.whileKey};
     }
     return keys;
 }
@@ -187,7 +165,7 @@ std::span<const KeyView> LeadingKeys(const Field& field, const Named& node, cons
 /// A row of a record.
 struct Row {
     const Field& field;
-    Named node;                            ///< of the record
+    Name node;                             ///< of the record
     const Place& record;                   ///< where it is
     std::span<const KeyView> leadingKeys;  ///< see `LeadingKeys`
 };
@@ -212,20 +190,23 @@ void AddElementCondition(const Row& row, std::uint32_t number, Place* place) {
     AddCondition(condition, place);
 }
 
-/// The lists that a walk adds values to; null when they are not asked for.
+/// What a walk does: the lists that it adds values to, null when they are not asked for, and how.
 struct Found {
     std::vector<Value>* values;
     std::vector<Value>* spilled;
+    bool byOffset = false;
+    Indices indices = Indices::kNumbers;
 };
 
 /// Makes the value of a row at `place`, which is read under `node`.
-Value MakeValue(const Row& row, const Named& node, const Place& place) {
+Value MakeValue(const Row& row, std::uint32_t number, Name node, const Place& place) {
     const Field& field = row.field;
     Value value = {};
     value.field = &field;
     value.offset = place.offset;
     value.size = field.size;
-    value.member = place.member;
+    value.record = row.record.member;
+    value.number = number;
     value.conditions = place.conditions;
     value.context = place.context;
     value.origin = field.source == FieldSource::kCopy
@@ -235,38 +216,40 @@ Value MakeValue(const Row& row, const Named& node, const Place& place) {
     if (field.key == nullptr) {
         return value;
     }
-    const Named item = Expand(field.KeyView(), Named(), place.numbers);
-    value.module = place.module.real;
+    value.module = place.module;
     value.modules = place.modules;
-    value.section = node.real;
-    value.key = item.real;
-    value.pattern = {place.module.pattern, node.pattern, item.pattern};
+    value.section = node;
+    value.key = Expand(field.KeyView(), Name(), place.numbers);
     return value;
 }
 
-/// The member path of an element; `index` is empty when the row is no array.
-Name MemberPath(const Row& row, std::string_view index) {
+/// The member path of a nested record.
+Name MemberPath(const Row& row, std::uint32_t number) {
     const Name outer = row.record.member;
     const bool isArray = row.field.isArray;
-    const std::array<std::string_view, 6> parts = {
-        outer, outer.empty() ? "" : ".", row.field.notes.member, isArray ? "[" : "",
-        index, isArray ? "]" : ""};
+    const std::array<std::string_view, 6> parts = {outer,
+                                                   outer.empty() ? "" : ".",
+                                                   row.field.notes.member,
+                                                   isArray ? "[" : "",
+                                                   isArray ? Digits(number) : Name(),
+                                                   isArray ? "]" : ""};
     return Store::Get().Join(parts);
 }
 
 /// The place of element `number` of a row.
-Place PlaceOf(const Row& row, std::uint32_t number) {
+Place PlaceOf(const Row& row, std::uint32_t number, Indices indices) {
     const Field& field = row.field;
     Place place = row.record;
     AddElementCondition(row, number, &place);
     place.offset += field.offset + number * field.size;
-    Name index;
     if (field.isArray) {
-        index = Digits(number);
-        place.numbers.Add({index, field.count > 1 ? NextLetter(place.numbers) : index});
+        if (field.count > 1 && indices == Indices::kLetters) {
+            place.numbers.AddLetter();
+        } else {
+            place.numbers.Add(Digits(number));
+        }
         place.times = place.elementTimes;
     }
-    place.member = MemberPath(row, index);
     if (field.source == FieldSource::kTable && field.notes.about != nullptr) {
         place.context = field.notes.about;
     }
@@ -280,6 +263,25 @@ Place PlaceOf(const Row& row, std::uint32_t number) {
     return place;
 }
 
+/// Calls `visit` for each row of a table, `byOffset` or in reading order.
+template <typename Visit>
+void ForEachRow(const RecordTable& table, bool byOffset, const Visit& visit) {
+    const auto before = [](const Field& a, const Field& b) { return a.offset < b.offset; };
+    if (!byOffset || std::is_sorted(table.fields.begin(), table.fields.end(), before)) {
+        std::for_each(table.fields.begin(), table.fields.end(), visit);
+        return;
+    }
+    std::vector<const Field*> rows;
+    for (const Field& field : table.fields) {
+        rows.push_back(&field);
+    }
+    std::sort(rows.begin(), rows.end(),
+              [&](const Field* a, const Field* b) { return before(*a, *b); });
+    for (const Field* row : rows) {
+        visit(*row);
+    }
+}
+
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found);
 
 // Tables are nested a few records deep.
@@ -288,15 +290,16 @@ void WalkTable(const RecordTable& table, const Place& outer, bool sections, cons
 /// Walks element `number` of a row.
 void WalkElement(const Row& row, std::uint32_t number, bool section, const Found& found) {
     const Field& field = row.field;
-    Place element = PlaceOf(row, number);
-    const Named under = NodeOf(field, row.node, element.numbers);
+    Place element = PlaceOf(row, number, found.indices);
+    const Name under = NodeOf(field, row.node, element.numbers);
     if (field.source != FieldSource::kTable) {
         if (found.values != nullptr) {
-            found.values->push_back(MakeValue(row, under, element));
+            found.values->push_back(MakeValue(row, number, under, element));
         }
         return;
     }
     element.prefix = under;
+    element.member = MemberPath(row, number);
     if (section) {
         element.end = element.offset + field.size;
     }
@@ -307,16 +310,16 @@ void WalkElement(const Row& row, std::uint32_t number, bool section, const Found
 void WalkTable(const RecordTable& table, const Place& outer, bool sections, const Found& found) {
     Place record = outer;
     if (table.ownModule != nullptr) {
-        EnterNamed({table.ownModule, table.ownModule}, &record);
+        EnterNamed(table.ownModule, &record);
     }
-    const Named node =
+    const Name node =
         table.node == nullptr ? outer.prefix : Expand(table.node, outer.prefix, outer.numbers);
     for (const Field& field : table.fields) {
         if (field.notes.wanted != nullptr) {
             record.wanted = record.offset + field.offset;
         }
     }
-    for (const Field& field : table.fields) {
+    ForEachRow(table, found.byOffset, [&](const Field& field) {
         const Row row = {field, node, record, LeadingKeys(field, node, record)};
         for (std::uint32_t i = 0; i < field.count; ++i) {
             WalkElement(row, i, sections, found);
@@ -327,7 +330,7 @@ void WalkTable(const RecordTable& table, const Place& outer, bool sections, cons
                 WalkElement(row, i, sections, {found.spilled, found.spilled});
             }
         }
-    }
+    });
 }
 
 // NOLINTEND(misc-no-recursion)
@@ -340,13 +343,10 @@ constexpr std::size_t kValuesMax = 6144;
 std::vector<Value> Walk(const RecordTable& table, const WalkStart& start) {
     const auto kept = [](std::string_view text) { return Store::Get().Join({&text, 1}); };
     Place place;
-    const Name module = kept(start.module);
-    EnterNamed({module, module}, &place);
-    const Name prefix = kept(start.prefix);
-    place.prefix = {prefix, prefix};
+    EnterNamed(kept(start.module), &place);
+    place.prefix = kept(start.prefix);
     for (const std::uint32_t number : start.numbers) {
-        const Name digits = Digits(number);
-        place.numbers.Add({digits, digits});
+        place.numbers.Add(Digits(number));
     }
     place.end = table.size;
     std::vector<Value> values;
@@ -354,10 +354,10 @@ std::vector<Value> Walk(const RecordTable& table, const WalkStart& start) {
     return values;
 }
 
-std::vector<Value> WalkSections(const RecordTable& table) {
+std::vector<Value> WalkSections(const RecordTable& table, Indices indices) {
     std::vector<Value> values;
     values.reserve(kValuesMax);
-    WalkTable(table, Place(), true, {&values, nullptr});
+    WalkTable(table, Place(), true, {&values, nullptr, true, indices});
     return values;
 }
 

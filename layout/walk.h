@@ -21,8 +21,14 @@ struct WalkStart {
 /// member paths begin at the record.
 std::vector<Value> Walk(const RecordTable& table, const WalkStart& start = {});
 
-/// The same for a table whose members are sections.
-std::vector<Value> WalkSections(const RecordTable& table);
+/// How names spell the indices of array elements.
+enum class Indices : std::uint8_t {
+    kNumbers,  ///< as they are read: "venc.1"
+    kLetters,  ///< with a letter for each that has several values: "venc.N"
+};
+
+/// The values of a table whose members are sections, in the order of their offsets.
+std::vector<Value> WalkSections(const RecordTable& table, Indices indices);
 
 /// The values of elements beyond their arrays, for a table whose members are sections: elements
 /// spill up to the end of their section.

@@ -29,7 +29,7 @@ std::string ConditionOf(const Value& value) {
 Json JsonOf(const Value& value) {
     Json object = {{"offset", value.offset},
                    {"size", value.size},
-                   {"member", value.member},
+                   {"member", value.Member()},
                    {"type", layout::KindName(value.Kind())},
                    {"source", layout::SourceName(value.Source())}};
     Add(&object, "module", value.module);
@@ -107,7 +107,7 @@ std::string LayoutCsv() {
         const std::array<std::string, 10> cells = {
             std::to_string(value.offset),
             std::to_string(value.size),
-            value.member,
+            value.Member(),
             std::string(layout::KindName(value.Kind())),
             value.module,
             value.section,

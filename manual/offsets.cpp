@@ -106,7 +106,7 @@ std::string OffsetsOf(const layout::Pattern& pattern) {
     for (const Value* value : pattern.values) {
         const std::string name =
             layout::Text(layout::KeyName{value->module, value->section, value->key});
-        const std::string member = MemberPattern(value->member);
+        const std::string member = MemberPattern(value->Member());
         if (places[member].empty()) {
             order.push_back(member);
         }

@@ -41,7 +41,7 @@ std::string TypeOf(const Value& value) {
 std::string ConditionOf(const Condition& condition) {
     switch (condition.kind) {
         case ConditionKind::kCounted: {
-            const layout::KeyName& count = layout::ValueAt(condition.count)->pattern;
+            const layout::KeyName& count = layout::PatternOf(*layout::ValueAt(condition.count));
             return count.key.empty() ? std::string("as many as are counted")
                                      : "as many as " + count.section + ":" + count.key + " says";
         }

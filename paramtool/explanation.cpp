@@ -25,7 +25,7 @@ std::string Stored(const Value& value) {
     char offset[32];
     std::snprintf(offset, sizeof offset, "%u (0x%x)", value.offset, value.offset);
     return std::string(layout::KindName(value.Kind())) + ", " + std::to_string(value.size) +
-           (value.size == 1 ? " byte at " : " bytes at ") + offset + ", " + value.member;
+           (value.size == 1 ? " byte at " : " bytes at ") + offset + ", " + value.Member();
 }
 
 std::string DefaultOf(const Value& value) {
@@ -251,7 +251,7 @@ Json PlacesJson(const Explanation& explanation) {
     Json places = Json::array();
     for (const Value* value : explanation.values) {
         places.push_back(
-            {{"offset", value->offset}, {"size", value->size}, {"member", value->member}});
+            {{"offset", value->offset}, {"size", value->size}, {"member", value->Member()}});
     }
     return places;
 }

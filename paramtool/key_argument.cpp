@@ -23,7 +23,7 @@ layout::KeyPattern ParseKey(const std::string& argument) {
 }
 
 std::string NameOf(const layout::Value& value) {
-    return value.HasKey() ? image::KeyOf(value) : value.member;
+    return value.HasKey() ? image::KeyOf(value) : value.Member();
 }
 
 KeyFilter::KeyFilter(const std::vector<std::string>& arguments) : arguments_(arguments) {

@@ -69,8 +69,8 @@ public:
         report::Value made;
         made.offset = value.offset;
         made.size = value.size;
-        made.part = PartOf(value.member);
-        made.member = value.member;
+        made.part = PartOf(value.Member());
+        made.member = value.Member();
         made.module = value.module;
         made.section = value.section;
         made.key = value.key;

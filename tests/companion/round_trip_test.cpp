@@ -75,7 +75,7 @@ void ExpectBack(const image::Image& image, const Options& options) {
     tree.Appear();
     for (std::size_t at = 0; at < image.size(); ++at) {
         ASSERT_EQ((*tree.image())[at], image[at])
-            << at << " " << layout::ValueAt(static_cast<std::uint32_t>(at))->member;
+            << at << " " << layout::ValueAt(static_cast<std::uint32_t>(at))->Member();
     }
     EXPECT_EQ(paramgen::testing::RunProgram(directory).exitStatus, 0);
     EXPECT_TRUE(ReadFile(std::filesystem::path(directory) / "param.bin") == Bytes(image));

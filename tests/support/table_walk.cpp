@@ -12,7 +12,7 @@ std::vector<WalkedField> WalkTable(const RecordTable& table, const std::string& 
         const std::string key = value.HasKey() ? value.section + ":" + value.key : "";
         const std::string from = value.HasKey() ? value.modules.front() : module;
         found.push_back(
-            {value.field, from, key, value.Label(), offset + value.offset, value.member});
+            {value.field, from, key, value.Label(), offset + value.offset, value.Member()});
     }
     return found;
 }

@@ -51,7 +51,7 @@ TEST(Entries, CoverTheImageExactlyOnce) {
 
 TEST(Entries, OfTheExampleHaveNoFlags) {
     for (const Entry& entry : Entries(Example())) {
-        EXPECT_THAT(entry.flags, IsEmpty()) << entry.value->member;
+        EXPECT_THAT(entry.flags, IsEmpty()) << entry.value->Member();
     }
 }
 

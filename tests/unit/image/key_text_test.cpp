@@ -23,7 +23,7 @@ template <typename Number>
 Text TextOf(const layout::Value& value, Number number) {
     std::vector<std::byte> bytes(sizeof number);
     std::memcpy(bytes.data(), &number, sizeof number);
-    EXPECT_EQ(bytes.size(), value.size) << value.member;
+    EXPECT_EQ(bytes.size(), value.size) << value.Member();
     return KeyText(value, bytes);
 }
 

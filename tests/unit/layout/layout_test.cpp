@@ -24,7 +24,7 @@ std::vector<std::string> FoundMembers(const std::string& text) {
     std::string error;
     std::vector<std::string> members;
     for (const Value* value : Find(*KeyPattern::Parse(text, &error))) {
-        members.push_back(value->member);
+        members.push_back(value->Member());
     }
     return members;
 }
@@ -32,7 +32,7 @@ std::vector<std::string> FoundMembers(const std::string& text) {
 TEST(Layout, ValuesCoverTheImageExactlyOnce) {
     std::uint32_t next = 0;
     for (const Value& value : Values()) {
-        ASSERT_EQ(value.offset, next) << value.member;
+        ASSERT_EQ(value.offset, next) << value.Member();
         next = value.offset + value.size;
     }
     EXPECT_EQ(next, kImageSize);
@@ -41,13 +41,13 @@ TEST(Layout, ValuesCoverTheImageExactlyOnce) {
 TEST(Layout, EveryMemberHasANameOfItsOwn) {
     std::set<std::string> members;
     for (const Value& value : Values()) {
-        EXPECT_TRUE(members.insert(value.member).second) << value.member;
+        EXPECT_TRUE(members.insert(value.Member()).second) << value.Member();
     }
 }
 
 TEST(Layout, AValueKnowsWhereItStandsAndWhereItComesFrom) {
     const Value& value = At(24316);
-    EXPECT_EQ(value.member, "devMng.gsensor.sensitivity");
+    EXPECT_EQ(value.Member(), "devMng.gsensor.sensitivity");
     EXPECT_EQ(value.module, "devmng");
     EXPECT_EQ(value.section, "gsensor");
     EXPECT_EQ(value.key, "sensitivity");
@@ -63,32 +63,32 @@ TEST(Layout, AValueKnowsWhereItStandsAndWhereItComesFrom) {
 }
 
 TEST(Layout, AnyByteOfAValueLeadsToIt) {
-    EXPECT_EQ(At(24316 + 3).member, "devMng.gsensor.sensitivity");
-    EXPECT_EQ(At(24316 + 4).member, "devMng.gsensor.parkingSensitivity");
-    EXPECT_EQ(At(0).member, "header.magic");
-    EXPECT_EQ(At(29927).member, "tail.zero");
+    EXPECT_EQ(At(24316 + 3).Member(), "devMng.gsensor.sensitivity");
+    EXPECT_EQ(At(24316 + 4).Member(), "devMng.gsensor.parkingSensitivity");
+    EXPECT_EQ(At(0).Member(), "header.magic");
+    EXPECT_EQ(At(29927).Member(), "tail.zero");
     EXPECT_EQ(ValueAt(29928), nullptr);
 }
 
 TEST(Layout, ElementsOfArraysAreNumbered) {
     // Media mode 3 begins at 9648 + 3512 + 3 * 1864; its encoder 1 at 1680 + 36.
     const Value& value = At(9648 + 3512 + 3 * 1864 + 1680 + 36 + 12);
-    EXPECT_EQ(value.member, "cam[0].mediaModes[3].venc.vencs[1].gop");
+    EXPECT_EQ(value.Member(), "cam[0].mediaModes[3].venc.vencs[1].gop");
     EXPECT_EQ(value.module, "cam0_mediamode3");
     EXPECT_EQ(value.section, "venc.1");
     EXPECT_EQ(value.key, "gop");
-    EXPECT_EQ(Text(value.pattern), "cam0_mediamodeN/venc.M:gop");
+    EXPECT_EQ(Text(PatternOf(value)), "cam0_mediamodeN/venc.M:gop");
 }
 
 TEST(Layout, AValueOfASearchedModuleNamesAllOfThem) {
     const Value& value = At(9648 + 3512 + 1532);
-    EXPECT_EQ(value.member, "cam[0].mediaModes[0].vpss[0].ldc.v1Enable");
+    EXPECT_EQ(value.Member(), "cam[0].mediaModes[0].vpss[0].ldc.v1Enable");
     EXPECT_EQ(value.module, "cam0_ldccfg_*");
     EXPECT_THAT(value.modules, ElementsAre("cam0_ldccfg_0", "cam0_ldccfg_1"));
     ASSERT_THAT(value.conditions, SizeIs(2));
     EXPECT_EQ(value.conditions[0].kind, ConditionKind::kOptionalModule);
     EXPECT_EQ(value.conditions[1].kind, ConditionKind::kSearchedModule);
-    EXPECT_EQ(At(value.conditions[1].wanted).member, "cam[0].mediaModes[0].mediaMode");
+    EXPECT_EQ(At(value.conditions[1].wanted).Member(), "cam[0].mediaModes[0].mediaMode");
     EXPECT_STREQ(value.conditions[1].search->key, "common:mediamode");
 }
 
@@ -99,7 +99,7 @@ TEST(Layout, SearchedModulesAreThoseOfTheLoadersSearch) {
         for (const Condition& condition : value.conditions) {
             if (condition.kind == ConditionKind::kSearchedModule) {
                 ++searched;
-                ASSERT_EQ(condition.search, &kLdcSearch) << value.member;
+                ASSERT_EQ(condition.search, &kLdcSearch) << value.Member();
             }
         }
     }
@@ -108,23 +108,23 @@ TEST(Layout, SearchedModulesAreThoseOfTheLoadersSearch) {
 
 TEST(Layout, CountedElementsSayWhatCountsThem) {
     const Value& value = At(16 + 8 + 20 + 3 * 268);
-    EXPECT_EQ(value.member, "workMode.record.osd.entries[3].displayCount");
+    EXPECT_EQ(value.Member(), "workMode.record.osd.entries[3].displayCount");
     ASSERT_THAT(value.conditions, SizeIs(1));
     EXPECT_EQ(value.conditions[0].kind, ConditionKind::kCounted);
     EXPECT_EQ(value.conditions[0].beyond, CountBeyond::kClamped);
     EXPECT_EQ(value.conditions[0].number, 3U);
     EXPECT_EQ(value.conditions[0].places, 16U);
-    EXPECT_EQ(At(value.conditions[0].count).member, "workMode.record.osd.count");
+    EXPECT_EQ(At(value.conditions[0].count).Member(), "workMode.record.osd.count");
     EXPECT_EQ(Words(value.conditions[0]), "while osd:osdcnt is above 3");
 }
 
 TEST(Layout, LeadingElementsSayWhichKeysMustBeThere) {
     const Value& value = At(9648 + 16 + 748 + 2 * 80);
-    EXPECT_EQ(value.member, "cam[0].record.venc.vencs[2].enable");
+    EXPECT_EQ(value.Member(), "cam[0].record.venc.vencs[2].enable");
     ASSERT_THAT(value.conditions, SizeIs(1));
     const Condition& condition = value.conditions[0];
     EXPECT_EQ(condition.kind, ConditionKind::kLeading);
-    EXPECT_EQ(At(condition.count).member, "cam[0].record.venc.count");
+    EXPECT_EQ(At(condition.count).Member(), "cam[0].record.venc.count");
     EXPECT_THAT(condition.keys, ElementsAre(KeyName{"cam0_comm_record", "venc.0", "enable"},
                                             KeyName{"cam0_comm_record", "venc.1", "enable"}));
     EXPECT_EQ(Words(condition), "when venc.0:enable to venc.1:enable are there");
@@ -132,36 +132,36 @@ TEST(Layout, LeadingElementsSayWhichKeysMustBeThere) {
 
 TEST(Layout, ACopyNamesItsOrigin) {
     const Value& value = At(8928 + 656 + 32);
-    EXPECT_EQ(value.member, "mediaComm.ao[0].attr.inSampleRate");
-    EXPECT_EQ(At(value.origin).member, "mediaComm.ao[0].attr.sampleRate");
+    EXPECT_EQ(value.Member(), "mediaComm.ao[0].attr.inSampleRate");
+    EXPECT_EQ(At(value.origin).Member(), "mediaComm.ao[0].attr.sampleRate");
 }
 
 TEST(Layout, DormantTimesAreMultipliedAndTheirCountIsNot) {
     const std::uint32_t set = 24344 + 164;
-    EXPECT_EQ(At(set).member, "valueSet.dormant.count");
+    EXPECT_EQ(At(set).Member(), "valueSet.dormant.count");
     EXPECT_EQ(At(set).times, 1U);
     EXPECT_EQ(At(set + 4).times, 1U);
-    EXPECT_EQ(At(set + 4 + 12).member, "valueSet.dormant.items[0].value");
+    EXPECT_EQ(At(set + 4 + 12).Member(), "valueSet.dormant.items[0].value");
     EXPECT_EQ(At(set + 4 + 12).times, 1000U);
 }
 
 TEST(Layout, EveryValueIsDescribedInOneLine) {
     for (const Value& value : Values()) {
         const std::string about = value.About();
-        EXPECT_NE(about, "") << value.member;
-        EXPECT_LE(about.size(), 80U) << value.member;
-        EXPECT_EQ(about.find('\n'), std::string::npos) << value.member;
-        EXPECT_TRUE(about.empty() || about.back() != '.') << value.member;
+        EXPECT_NE(about, "") << value.Member();
+        EXPECT_LE(about.size(), 80U) << value.Member();
+        EXPECT_EQ(about.find('\n'), std::string::npos) << value.Member();
+        EXPECT_TRUE(about.empty() || about.back() != '.') << value.Member();
     }
 }
 
 TEST(Layout, AValueHasItsUnitAndTheMeaningOfItsNumbers) {
     const Value& time = At(16 + 8 + 4368 + 24);
-    EXPECT_EQ(time.member, "workMode.record.normal[0].preRecordTime");
+    EXPECT_EQ(time.Member(), "workMode.record.normal[0].preRecordTime");
     EXPECT_EQ(time.Unit(), "ms");
     EXPECT_EQ(time.Numbers(), "");
     const Value& format = At(9648 + 16 + 440 + 48 + 32);
-    EXPECT_EQ(format.member, "cam[0].record.vproc[0].vports[0].videoFormat");
+    EXPECT_EQ(format.Member(), "cam[0].record.vproc[0].vports[0].videoFormat");
     EXPECT_EQ(format.Unit(), "");
     EXPECT_EQ(format.Numbers(), "0 linear, 1 tile, 2 tile64");
     EXPECT_EQ(At(24344 + 164 * 5).context, "Volume of the loudspeaker");

@@ -273,7 +273,7 @@ TEST(Queries, OfCountsAroundEachLimitAreThoseOfTheLayout) {
             const TempDir directory;
             tree.WriteTo(directory);
             Compare(directory.path(), number > largest ? kFailed : kOk);
-            ASSERT_FALSE(HasFailure()) << count->member << " = " << number;
+            ASSERT_FALSE(HasFailure()) << count->Member() << " = " << number;
         }
     }
 }
