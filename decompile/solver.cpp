@@ -76,16 +76,45 @@ void Prove(const image::Image& image, Solution* solution) {
     }
 }
 
-/// Increases a count that is overwritten anyway, so that its elements reach a lost byte. Returns
-/// whether there is such a count.
-bool GrowCount(std::uint32_t lost, Decisions* decisions) {
+/// The smallest number from `count` on that has `byte` at `place`, from the lowest byte on.
+std::uint64_t WithByte(std::uint64_t count, std::uint32_t place, std::byte byte) {
+    const std::uint64_t unit = std::uint64_t{1} << (8 * place);
+    const std::uint64_t above = count / (256 * unit) * (256 * unit);
+    const std::uint64_t wanted = std::to_integer<std::uint64_t>(byte) * unit;
+    const std::uint64_t current = (count - above) / unit * unit;
+    if (wanted == current) {
+        return count;
+    }
+    return above + wanted + (wanted < current ? 256 * unit : 0);
+}
+
+/// The smallest number from `count` on that reaches an element with a byte at `offset`, or 0.
+std::uint64_t Reaching(const std::vector<CountedElement>& elements, std::uint32_t offset,
+                       std::uint32_t count) {
+    for (const CountedElement& element : elements) {
+        if (element.offset <= offset && offset < element.offset + element.size &&
+            element.number >= count) {
+            return std::uint64_t{element.number} + 1;
+        }
+    }
+    return 0;
+}
+
+/// Increases a count that is overwritten, so that its elements reach a lost byte, or that a lost
+/// byte of its own is right: it may be overwritten in part. Returns whether there is such a count.
+bool GrowCount(const image::Image& image, std::uint32_t lost, Decisions* decisions) {
     for (auto& [at, count] : decisions->counts) {
-        for (const CountedElement& element : CountedElements().at(at)) {
-            if (element.offset <= lost && lost < element.offset + element.size &&
-                element.number >= count) {
-                count = element.number + 1;
-                return true;
-            }
+        const std::vector<CountedElement>& elements = CountedElements().at(at);
+        const bool isOwn = at <= lost && lost < at + sizeof count;
+        const std::uint64_t number =
+            isOwn ? WithByte(count, lost - at, image[lost]) : Reaching(elements, lost, count);
+        const bool isPossible =
+            std::any_of(elements.begin(), elements.end(), [&](const CountedElement& element) {
+                return element.number + std::uint64_t{1} >= number;
+            });
+        if (number > count && isPossible) {
+            count = static_cast<std::uint32_t>(number);
+            return true;
         }
     }
     return false;
@@ -96,7 +125,7 @@ void Improve(const image::Image& image, const Wish& wish, Decisions decisions, S
     for (int round = 0; round < kRoundsMax && !best->lost.empty(); ++round) {
         const bool grown =
             std::any_of(best->lost.rbegin(), best->lost.rend(),
-                        [&](std::uint32_t lost) { return GrowCount(lost, &decisions); });
+                        [&](std::uint32_t lost) { return GrowCount(image, lost, &decisions); });
         if (!grown) {
             return;
         }

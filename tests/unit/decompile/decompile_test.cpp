@@ -174,6 +174,21 @@ TEST(Decompile, ChoicesBeyondASetComeBack) {
     static_cast<void>(Back(Compiled(tree), {.all = true, .like = std::nullopt}));
 }
 
+// The number of record media modes lies where the eleventh choice of brightness has its
+// description: an empty one overwrites the lowest byte of 307, which is 51, and leaves 256.
+TEST(Decompile, ACountThatIsOverwrittenInPartComesBack) {
+    ProductTree tree = SmallestProduct();
+    tree.Set("valueset", "cam.0.mediamode.record:num", "307");
+    tree.Set("valueset", "cam.0.mediamode.record:description248", "modes");
+    tree.Set("valueset", "screen.brightness:num", "11");
+    tree.Set("valueset", "screen.brightness:description10", "");
+    const image::Image image = Compiled(tree);
+    EXPECT_EQ(image[24836], std::byte{0});
+    EXPECT_EQ(image[24837], std::byte{1});
+    static_cast<void>(Back(image));
+    static_cast<void>(Back(image, {.all = true, .like = std::nullopt}));
+}
+
 TEST(Decompile, HandlesBeyondTheirArrayComeBack) {
     // Handles 4 and 5 yield to the sizes of buffers, where files are counted; 12 and more lie in
     // the photo section, where they overwrite its number of overlays.
