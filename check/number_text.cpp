@@ -13,12 +13,12 @@
 namespace paramgen::check {
 namespace {
 
-bool IsDigit(char c) {
+bool IsDecimalDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
 bool IsHexDigit(char c) {
-    return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    return IsDecimalDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 }  // namespace
@@ -31,7 +31,7 @@ NumberText ReadNumber(std::string_view text) {
     }
     at += at < text.size() && (text[at] == '-' || text[at] == '+') ? 1 : 0;
     number.end = at;
-    while (number.end < text.size() && IsDigit(text[number.end])) {
+    while (number.end < text.size() && IsDecimalDigit(text[number.end])) {
         ++number.end;
     }
     number.isNumber = number.end > at;

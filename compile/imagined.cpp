@@ -3,6 +3,7 @@
 #include <cstring>
 #include <deque>
 #include <exception>
+#include <new>
 
 #include "compile/recorder.h"
 #include "compile/run.h"
@@ -45,6 +46,9 @@ private:
 class EmptyConfig {
 public:
     EmptyConfig() : config_(NewEntry<ConfigEntry>()) {
+        if (config_ == nullptr) {
+            throw std::bad_alloc();
+        }
         std::memcpy(config_->cfgName, kProductConfig, sizeof kProductConfig);
         ListReset(&config_->modules);
         pthread_mutex_init(&config_->lock, nullptr);

@@ -96,7 +96,7 @@ ModuleEntry* Recorder::FindModule(std::string_view name, ModuleEntry* found) {
             result_->modules.emplace_back(name);
         }
     }
-    const bool isPretended = found == nullptr && pretence_.emptyModules.count(module_) != 0;
+    const bool isPretended = found == nullptr && pretence_.emptyModules.contains(module_);
     return isPretended ? EmptyModule() : found;
 }
 
@@ -126,7 +126,7 @@ const char* Recorder::FindText(std::string_view key, const char* text, const cha
         const auto other = pretence_.texts.find({module_, key_});
         text = other == pretence_.texts.end() ? text : other->second.c_str();
     }
-    if (!pretence_.absentKeys.empty() && pretence_.absentKeys.count({module_, key_}) != 0) {
+    if (!pretence_.absentKeys.empty() && pretence_.absentKeys.contains({module_, key_})) {
         text = absent;
     }
     if (keep_.answers) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -120,17 +121,17 @@ TEST(Mistakes, NumbersWithLettersBehindThem) {
         const Messages messages = MessagesOf(change);
         return messages.empty() ? "" : messages.front();
     };
-    // In kbit/s.
-    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 12M"),
-              "'M' behind the number is dropped; 12 is left; did you mean '12000'?");
-    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 12Mbit/s"),
-              "'Mbit/s' behind the number is dropped; 12 is left; did you mean '12000'?");
-    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 800k"),
-              "'k' behind the number is dropped; 800 is left; did you mean '800'?");
-    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 12m"),
-              "'m' behind the number is dropped; 12 is left");
-    EXPECT_EQ(valueOf("venc.0", "h265bitrate = 9000G"),
-              "'G' behind the number is dropped; 9000 is left");
+    const std::map<std::string, std::string> kBitRates = {
+        // in kbit/s
+        {"12M", "'M' behind the number is dropped; 12 is left; did you mean '12000'?"},
+        {"12Mbit/s", "'Mbit/s' behind the number is dropped; 12 is left; did you mean '12000'?"},
+        {"800k", "'k' behind the number is dropped; 800 is left; did you mean '800'?"},
+        {"12m", "'m' behind the number is dropped; 12 is left"},
+        {"9000G", "'G' behind the number is dropped; 9000 is left"},
+    };
+    for (const auto& [text, message] : kBitRates) {
+        EXPECT_EQ(valueOf("venc.0", "h265bitrate = " + text), message);
+    }
     EXPECT_EQ(valueOf("vcap.pipe.0", "isp_framerate = 29,97"),
               "',97' behind the number is dropped; 29 is left; did you mean '29.97'?");
 }
