@@ -5,6 +5,7 @@
 #include "generator/image.h"
 #include "layout/layout.h"
 #include "manual/name_lists.h"
+#include "report/sha256.h"
 
 namespace paramgen::manual {
 namespace {
@@ -88,6 +89,10 @@ std::string LayoutText() {
     std::string text = json.dump();
     text.pop_back();
     return text + ",\"values\":[\n" + values + "\n]}\n";
+}
+
+std::string LayoutId() {
+    return report::Hexadecimal(report::Sha256(LayoutText())).substr(0, 16);
 }
 
 std::string CsvCell(const std::string& text) {

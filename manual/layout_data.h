@@ -13,6 +13,10 @@ output::Json LayoutJson();
 /// The same as a text with one value a line, so that two of them can be compared by lines.
 std::string LayoutText();
 
+/// An id of the layout: a hash of that text. Programs with the same one agree on where everything
+/// lies and what it means.
+std::string LayoutId();
+
 /// The values' places as a table for spreadsheets: a row of titles, then one for each value.
 std::string LayoutCsv();
 

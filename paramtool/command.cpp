@@ -8,9 +8,8 @@
 #include <map>
 
 #include "diagnostics/suggestion.h"
-#include "manual/layout_data.h"
 #include "output/shown_text.h"
-#include "report/sha256.h"
+#include "paramtool/layout_id.h"
 
 namespace paramgen::paramtool {
 
@@ -64,11 +63,8 @@ int TellParseResult(const CLI::App& app, const CLI::ParseError& error) {
     return kWrongUse;
 }
 
-/// The program's version, and an id of the image's layout: programs with the same one agree on
-/// where everything lies and what it means.
 std::string VersionText() {
-    const std::string digest = report::Hexadecimal(report::Sha256(manual::LayoutText()));
-    return "paramtool " PARAMGEN_VERSION "\nlayout " + digest.substr(0, 16);
+    return std::string("paramtool " PARAMGEN_VERSION "\nlayout ") + kLayoutId;
 }
 
 /// Whether the first argument is meant as a command, and no command has that name; says so.
