@@ -16,6 +16,16 @@ elseif(PARAMGEN_TOOL STREQUAL "AUTO")
   message(STATUS "paramtool is not built: CLI11 or nlohmann-json is missing")
 endif()
 
+# Whether the C++ runtime can be linked into a program; not every toolchain has it as an archive.
+set(PARAMGEN_STATIC_CXX_OPTIONS -static-libstdc++ -static-libgcc -Wl,--gc-sections)
+if(PARAMGEN_COMPANION)
+  include(CheckCXXSourceCompiles)
+  set(CMAKE_REQUIRED_LINK_OPTIONS ${PARAMGEN_STATIC_CXX_OPTIONS})
+  check_cxx_source_compiles("#include <iostream>\nint main() { std::cout << 1; }"
+    PARAMGEN_HAS_STATIC_CXX)
+  unset(CMAKE_REQUIRED_LINK_OPTIONS)
+endif()
+
 # paramgen_embed(<room> <header> <namespace> <string>=<file>[,<file>...]...)
 # Defines strings that <header> declares with the texts of files from the directory `page` of a room.
 function(paramgen_embed room header namespace)

@@ -15,11 +15,13 @@ constexpr int kRoundsMax = 200;
 /// Decides about a count that later values overwrite, or no longer overwrite. Returns whether there
 /// was one: other keys may then be queried.
 bool DecideCount(const std::vector<std::uint32_t>& overwritten, Decisions* decisions) {
-    for (auto count = decisions->counts.begin(); count != decisions->counts.end(); ++count) {
-        if (std::find(overwritten.begin(), overwritten.end(), count->first) == overwritten.end()) {
-            decisions->counts.erase(count);
-            return true;
-        }
+    const auto isNoLonger = [&](const auto& count) {
+        return std::find(overwritten.begin(), overwritten.end(), count.first) == overwritten.end();
+    };
+    const auto count = std::find_if(decisions->counts.begin(), decisions->counts.end(), isNoLonger);
+    if (count != decisions->counts.end()) {
+        decisions->counts.erase(count);
+        return true;
     }
     const auto open = std::find_if(overwritten.rbegin(), overwritten.rend(), [&](std::uint32_t at) {
         return decisions->counts.count(at) == 0;

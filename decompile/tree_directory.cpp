@@ -64,6 +64,7 @@ mode_t CurrentMask() {
 std::vector<fs::path> MakeDirectories(const fs::path& directory,
                                       const std::vector<TreeFile>& files) {
     std::vector<fs::path> made;
+    made.reserve(files.size());
     for (const TreeFile& file : files) {
         fs::path path = directory;
         for (const fs::path& name : fs::path(file.path).parent_path()) {

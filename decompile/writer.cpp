@@ -54,7 +54,8 @@ std::string EntryText(const std::vector<std::string>& modules) {
         text += "module" + std::to_string(i + 1) + " = " + modules[i] + "\n";
     }
     for (const std::string& module : modules) {
-        text += "\n[" + module + "]\npath = ./\ncfg_filename = " + module + ".ini\n";
+        text.append("\n[").append(module).append("]\npath = ./\ncfg_filename = ");
+        text.append(module).append(".ini\n");
     }
     return text;
 }

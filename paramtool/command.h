@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "output/result.h"
@@ -18,8 +19,15 @@ inline constexpr int kWrongUse = 2;  ///< also what cannot be read or written
 /// Adds a command to `app`; it stores its exit status in `status`, which lives as long as `app`.
 using AddCommand = void (*)(CLI::App& app, int* status);
 
+/// A command of the program.
+struct Command {
+    std::string_view name;
+    AddCommand add;
+    bool needsOthers = false;  ///< it looks at all commands
+};
+
 /// All commands, in the order in which --help lists them.
-const std::vector<AddCommand>& Commands();
+const std::vector<Command>& Commands();
 
 void AddCheck(CLI::App& app, int* status);
 void AddReference(CLI::App& app, int* status);

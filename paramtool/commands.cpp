@@ -2,11 +2,24 @@
 
 namespace paramgen::paramtool {
 
-const std::vector<AddCommand>& Commands() {
-    static const std::vector<AddCommand> kCommands = {
-        AddCheck,  AddExplain,    AddDump,     AddDiff,   AddIdentify,  AddDecompile,
-        AddGet,    AddSet,        AddInit,     AddDeps,   AddReference, AddLayout,
-        AddReport, AddCompletion, AddComplete, AddManual,
+const std::vector<Command>& Commands() {
+    static const std::vector<Command> kCommands = {
+        {"check", AddCheck},
+        {"explain", AddExplain},
+        {"dump", AddDump},
+        {"diff", AddDiff},
+        {"identify", AddIdentify},
+        {"decompile", AddDecompile},
+        {"get", AddGet},
+        {"set", AddSet},
+        {"init", AddInit},
+        {"deps", AddDeps},
+        {"reference", AddReference},
+        {"layout", AddLayout},
+        {"report", AddReport},
+        {"completion", AddCompletion},
+        {"complete", AddComplete, true},
+        {"manual", AddManual, true},
     };
     return kCommands;
 }

@@ -139,6 +139,15 @@ private:
     std::vector<layout::KeyName> keys_;
 };
 
+/// Shows what a change has made of the image. When that fails, the change is done all the same.
+void ShowDone(const std::string& difference) {
+    try {
+        output::WriteResult("", difference);
+    } catch (const output::UserError& error) {
+        throw output::UserError(std::string(error.what()) + "; the tree is changed");
+    }
+}
+
 int RunSet(const SetOptions& options) {
     try {
         Change change(options.tree);
@@ -148,10 +157,12 @@ int RunSet(const SetOptions& options) {
         change.Check();
         // Writing comes last of what may fail.
         const std::string difference = change.Difference(options.tree);
-        if (!options.dryRun) {
+        if (options.dryRun) {
+            output::WriteResult("", difference);
+        } else {
             change.Write();
+            ShowDone(difference);
         }
-        output::WriteResult("", difference);
         return kAllWell;
     } catch (const Refused& refused) {
         Tell(std::string("paramtool: ") + refused.what() + "; nothing is changed");

@@ -45,6 +45,19 @@ def check_init():
     run("init", "fresh", expect=2)
 
 
+def check_set_without_output():
+    """A result that cannot be written is a failure, of which the user must know that the change was made."""
+    for options, told, value in ((["--dry-run"], "", "1"), ([], "; the tree is changed", "0")):
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            done = subprocess.run([PARAMTOOL, "set", *options, "product", "gsensor:sensitivity=0"], stdout=full,
+                                  stderr=subprocess.PIPE, text=True, check=False)
+        require(done.returncode == 2, "a result that cannot be written is a failure")
+        require(done.stderr == "paramtool: cannot write to standard output: No space left on device" + told + "\n",
+                done.stderr)
+        require(run("get", "gsensor:sensitivity", "product")[0] == value + "\n", "what was told is true")
+    run("set", "product", "gsensor:sensitivity=1")
+
+
 def check_set():
     before = text_of("product/devmng.ini")
     out, _ = run("set", "--dry-run", "product", "gsensor:sensitivity=1")
@@ -57,6 +70,7 @@ def check_set():
     require(run("get", "gsensor:sensitivity", "product")[0] == "1\n", "get reads what was set")
     for bad in ["gsensor:sensitivity=99999999999", "gsensor:sensitivty=1", "devinfo:model=a;b"]:
         run("set", "product", "keytone:enable=0", bad, expect=1)
+    check_set_without_output()
     run("set", "product", "sensitivity=1", expect=2)
     run("set", "product", "gsensor:sensitivity", expect=2)
     require(text_of("product/devmng.ini") == after, "what is refused changes nothing")

@@ -64,6 +64,11 @@ TEST(Reach, WhatALaterSetOverwritesIsFree) {
     PutText(&image, kRecordModes - 4, "wxyzabcd");
     EXPECT_EQ(FileOf(Back(image), "valueset"),
               "[screen.dormant]\nnum = 21\ndescription20 = wxyzabcd\n");
+    // But one that reaches far enough when a mode is to be seen.
+    Put(&image, kRecordModes + 32, 30);
+    EXPECT_EQ(FileOf(Back(image), "valueset"),
+              "[cam.0.mediamode.record]\nnum = 2\nvalue1 = QX_PARAM_MEDIAMODE_2160P_30\n\n"
+              "[screen.dormant]\nnum = 21\ndescription20 = wxyzabcd\n");
 }
 
 TEST(Reach, SleepTimesAreMultiplesOf8) {

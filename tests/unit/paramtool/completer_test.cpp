@@ -136,8 +136,8 @@ TEST_F(CompleterTest, NoWordsNoCandidates) {
 TEST(RealCommands, EveryCommandAndOptionIsOffered) {
     CLI::App app("", "paramtool");
     int status = 0;
-    for (const AddCommand add : Commands()) {
-        add(app, &status);
+    for (const Command& command : Commands()) {
+        command.add(app, &status);
     }
     const auto offered = [&app](const std::vector<std::string>& words) {
         std::vector<std::string> texts;
@@ -154,6 +154,19 @@ TEST(RealCommands, EveryCommandAndOptionIsOffered) {
                 EXPECT_THAT(offered({command->get_name(), "--"}), Contains("--" + name));
             }
         }
+    }
+}
+
+TEST(RealCommands, EachHasTheNameThatItIsListedUnder) {
+    EXPECT_GE(Commands().size(), 16U);
+    for (const Command& command : Commands()) {
+        CLI::App app("", "paramtool");
+        int status = 0;
+        command.add(app, &status);
+        const std::vector<CLI::App*> added =
+            app.get_subcommands([](const CLI::App*) { return true; });
+        ASSERT_EQ(added.size(), 1U);
+        EXPECT_EQ(added.front()->get_name(), command.name);
     }
 }
 
