@@ -168,14 +168,14 @@ bool Assignment::MayBeAbsent(const Target& target) const {
 }
 
 Text Assignment::Choose(const Target& target) const {
-    const auto present = isPresent_.find(target.id);
-    if (barred_.count(target.id) != 0 || (present != isPresent_.end() && !present->second)) {
-        return std::nullopt;
-    }
     const auto count = counts_.find(target.offset);
     if (count != counts_.end() && IsCount(target.id, target.offset)) {
         return count->second == 0 && !wish_.all ? std::nullopt
                                                 : Text(std::to_string(count->second));
+    }
+    const auto present = isPresent_.find(target.id);
+    if (barred_.count(target.id) != 0 || (present != isPresent_.end() && !present->second)) {
+        return std::nullopt;
     }
     if (KeptServes(target)) {
         const auto kept = wish_.kept->texts.find(target.id);

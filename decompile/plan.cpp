@@ -101,7 +101,10 @@ public:
 private:
     std::optional<std::string> TextOf(KeyId id, std::string_view module,
                                       const std::optional<compile::Place>& place) override {
-        if (decisions_.barred.count(id) != 0) {
+        // A count that is overwritten is not what stopped a run: it is not the one in the image.
+        const bool isDecided =
+            place && decisions_.counts.contains(place->offset) && IsCount(id, place->offset);
+        if (!isDecided && decisions_.barred.contains(id)) {
             return std::nullopt;
         }
         return place ? TextAt(id, place->offset) : TextWithoutPlace(module, id);
