@@ -95,6 +95,11 @@ bool IsSet(const char* name) {
     return value != nullptr && *value != '\0';
 }
 
+bool Is(const char* name, const char* expected) {
+    const char* value = std::getenv(name);
+    return value != nullptr && std::strcmp(value, expected) == 0;
+}
+
 }  // namespace
 
 void WriteResult(const std::string& file, std::string_view text) {
@@ -132,13 +137,10 @@ bool UsesColor(ColorChoice choice, int descriptor) {
     if (IsSet("NO_COLOR")) {
         return false;
     }
-    const char* force = std::getenv("CLICOLOR_FORCE");
-    if (force != nullptr && *force != '\0' && std::strcmp(force, "0") != 0) {
+    if (IsSet("CLICOLOR_FORCE") && !Is("CLICOLOR_FORCE", "0")) {
         return true;
     }
-    const char* terminal = std::getenv("TERM");
-    const bool isDumb = terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
-    return isatty(descriptor) == 1 && !isDumb;
+    return isatty(descriptor) == 1 && !Is("CLICOLOR", "0") && !Is("TERM", "dumb");
 }
 
 }  // namespace paramgen::output

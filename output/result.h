@@ -26,7 +26,7 @@ void WriteWholeFile(const std::string& path, std::string_view bytes);
 enum class ColorChoice { kAuto, kAlways, kNever };
 
 /// Whether texts that go to `descriptor` are coloured: as chosen; else by NO_COLOR and
-/// CLICOLOR_FORCE; else when it is a terminal that is not dumb.
+/// CLICOLOR_FORCE; else when it is a terminal that is not dumb, and CLICOLOR is not 0.
 bool UsesColor(ColorChoice choice, int descriptor);
 
 }  // namespace paramgen::output

@@ -1,7 +1,9 @@
 #include "output/result.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -60,6 +62,26 @@ TEST(UsesColor, FollowsChoiceThenVariables) {
     EXPECT_TRUE(UsesColor(ColorChoice::kAuto, 1));
     EXPECT_FALSE(UsesColor(ColorChoice::kNever, 1));
     unsetenv("CLICOLOR_FORCE");
+}
+
+TEST(UsesColor, OnATerminalUnlessItIsDumbOrColourIsOff) {
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_NE(terminal, -1);
+    setenv("TERM", "xterm", 1);
+    EXPECT_TRUE(UsesColor(ColorChoice::kAuto, terminal));
+    setenv("CLICOLOR", "0", 1);
+    EXPECT_FALSE(UsesColor(ColorChoice::kAuto, terminal));
+    setenv("CLICOLOR_FORCE", "1", 1);
+    EXPECT_TRUE(UsesColor(ColorChoice::kAuto, terminal));
+    setenv("CLICOLOR_FORCE", "0", 1);
+    EXPECT_FALSE(UsesColor(ColorChoice::kAuto, terminal));
+    unsetenv("CLICOLOR_FORCE");
+    setenv("CLICOLOR", "1", 1);
+    EXPECT_TRUE(UsesColor(ColorChoice::kAuto, terminal));
+    unsetenv("CLICOLOR");
+    setenv("TERM", "dumb", 1);
+    EXPECT_FALSE(UsesColor(ColorChoice::kAuto, terminal));
+    close(terminal);
 }
 
 TEST(Table, AlignsColumns) {
