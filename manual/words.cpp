@@ -9,7 +9,7 @@ bool IsCapital(char c) {
 bool IsSmall(char c) {
     return c >= 'a' && c <= 'z';
 }
-bool IsDigit(char c) {
+bool IsDecimalDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
@@ -19,7 +19,7 @@ std::string SnakeCase(std::string_view name) {
     std::string words;
     for (std::size_t i = 0; i < name.size(); ++i) {
         const char c = name[i];
-        const bool isWord = IsCapital(c) || IsSmall(c) || IsDigit(c);
+        const bool isWord = IsCapital(c) || IsSmall(c) || IsDecimalDigit(c);
         // A word begins with a capital behind a small letter, or before one.
         const bool isAfterWord = i > 0 && IsSmall(name[i - 1]);
         const bool isBeforeWord = i + 1 < name.size() && IsSmall(name[i + 1]);

@@ -166,7 +166,7 @@ std::string CommandEntry(const CLI::App& command, const std::string& name) {
     return entry;
 }
 
-std::string FirstLine(const std::string& text) {
+std::string HeadingLine(const std::string& text) {
     return text.substr(0, text.find('\n'));
 }
 
@@ -184,7 +184,7 @@ std::string Summary(std::string text) {
 }  // namespace
 
 std::string ManualPage(const CLI::App& app) {
-    std::string page = ".TH PARAMTOOL 1 \"\" \"" + Escaped(FirstLine(app.version())) +
+    std::string page = ".TH PARAMTOOL 1 \"\" \"" + Escaped(HeadingLine(app.version())) +
                        "\" \"paramgen\"\n.SH NAME\nparamtool \\- " +
                        Escaped(Summary(app.get_description())) +
                        "\n.SH SYNOPSIS\n.B paramtool\n[\\fIOPTION\\fR...] \\fICOMMAND\\fR "
