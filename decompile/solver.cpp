@@ -24,7 +24,7 @@ bool DecideCount(const std::vector<std::uint32_t>& overwritten, Decisions* decis
         return true;
     }
     const auto open = std::find_if(overwritten.rbegin(), overwritten.rend(), [&](std::uint32_t at) {
-        return decisions->counts.count(at) == 0;
+        return !decisions->counts.contains(at);
     });
     if (open == overwritten.rend()) {
         return false;
