@@ -26,9 +26,7 @@ public:
 
     /// The file at `path` is to be read. Returns none, or the result of reading it before. Its
     /// content, which `text` then gets, has to stay until the run is over.
-    virtual std::optional<ReadResult> KnownText(const char* /*path*/, Text* /*text*/) noexcept {
-        return std::nullopt;
-    }
+    virtual std::optional<ReadResult> KnownText(const char* path, Text* text) noexcept = 0;
 
     /// The file of a module was read. When `module` has no dictionary, reading it has failed.
     virtual void FileRead(const ModuleEntry& module) noexcept = 0;

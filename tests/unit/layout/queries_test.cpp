@@ -38,6 +38,9 @@ public:
     ~Notes() override { g_watcher = nullptr; }
 
     bool KeepsConfigs() const noexcept override { return false; }
+    std::optional<ReadResult> KnownText(const char*, paramgen::Text*) noexcept override {
+        return std::nullopt;
+    }
     void FileRead(const ModuleEntry&) noexcept override {}
     ModuleEntry* Module(std::string_view name, ModuleEntry* found) noexcept override {
         if (found != nullptr) {
