@@ -190,7 +190,9 @@ Text Assignment::Choose(const Target& target) const {
     if (!wish_.all && !hasKept && MayBeAbsent(target) && DefaultServes(target)) {
         return std::nullopt;
     }
-    return IsText(*target.value) ? ChooseText(target) : ChooseNumber(target);
+    const Text text = IsText(*target.value) ? ChooseText(target) : ChooseNumber(target);
+    // A key that counts by being there has to be there even when it cannot say what is wanted.
+    return text || MayBeAbsent(target) ? text : DefaultText(*target.value);
 }
 
 /// A number, or a name, that gives the wanted bytes, and 0 for the other bytes.

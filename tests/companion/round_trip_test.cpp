@@ -22,6 +22,7 @@
 #include "properties/hostile.h"
 #include "support/program.h"
 #include "support/temp_dir.h"
+#include "tree/spelling.h"
 
 namespace paramgen::decompile {
 namespace {
@@ -303,6 +304,9 @@ void ExpectNothingBetter(const image::Image& wanted, const Decompiled& result,
         const std::optional<std::string> text =
             value.HasKey() ? image::KeyText(value, image::BytesOf(wanted, value)) : std::nullopt;
         for (const std::string& candidate : {text.value_or("0"), std::string("1"), std::string()}) {
+            if (!tree::Spelled(candidate)) {
+                continue;  // no line can say it
+            }
             compile::Pretence pretence;
             for (const auto& module : value.modules) {
                 const std::string key = std::string(value.section) + ":" + std::string(value.key);

@@ -151,6 +151,15 @@ TEST(Reach, TheLastEncoderIsThereWithoutItsKeyAndWithIt) {
     EXPECT_THAT(LostOffsets(image), ElementsAre(kEncoders));
 }
 
+// Its key counts the encoder by being there, whatever it says.
+TEST(Reach, AnEncoderIsCountedThoughNoLineSaysItsSwitch) {
+    constexpr std::uint32_t kEncoders = 10408;
+    image::Image image = Smallest();
+    Put(&image, kEncoders, 2);
+    Put(&image, kEncoders + 4 + 80, 2);  // the switch of encoder 1: neither 0 nor 1
+    EXPECT_THAT(LostOffsets(image), ElementsAre(kEncoders + 4 + 80));
+}
+
 TEST(Reach, AModuleThatHoldsOnlyZerosComesBackWithoutIt) {
     ProductTree tree = SmallestProduct();
     for (const char* pipe : {"0", "1", "2", "3"}) {
