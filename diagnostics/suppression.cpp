@@ -1,11 +1,14 @@
 #include "diagnostics/suppression.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include "diagnostics/places.h"
+#include "diagnostics/suggestion.h"
 
 namespace paramgen::diagnostics {
 namespace {
@@ -37,12 +40,26 @@ public:
         return word;
     }
 
-    /// Whether what is left is a text in parentheses.
-    bool HasReason() const {
-        const std::size_t end = rest_.find(')');
-        return rest_.starts_with('(') && end != std::string_view::npos &&
-               rest_.substr(1, end - 1).find_first_not_of(kSpace) != std::string_view::npos;
+    /// What stands before the parenthesis, as a file's name may have spaces.
+    std::string NextPath() {
+        const std::string_view words = rest_.substr(0, rest_.find('('));
+        std::string path(words.substr(0, words.find_last_not_of(kSpace) + 1));
+        rest_.remove_prefix(words.size());
+        return path.starts_with("./") ? path.substr(2) : path;
     }
+
+    /// Takes a text in parentheses off, and returns whether there is one.
+    bool NextReason() {
+        const std::size_t end = rest_.find(')');
+        if (!rest_.starts_with('(') || end == std::string_view::npos) {
+            return false;
+        }
+        const std::string_view reason = rest_.substr(1, end - 1);
+        rest_.remove_prefix(end + 1);
+        return reason.find_first_not_of(kSpace) != std::string_view::npos;
+    }
+
+    std::string_view rest() const { return rest_; }
 
 private:
     void SkipSpace() {
@@ -52,28 +69,39 @@ private:
     std::string_view rest_;
 };
 
-/// Reads the directive of a line's comment. Returns false when it has none.
-bool ReadDirective(const tree::FoundFile& file, const tree::Line& line, Suppression* suppression) {
+/// Reads a suppression behind its directive. Only one in an entry file names a path. Returns the
+/// text behind it.
+std::string_view ReadSuppression(std::string_view text, bool isEntry, Suppression* suppression) {
+    Words words(text);
+    if (words.Next() == "ignore") {
+        suppression->id = words.Next();
+        suppression->path = isEntry ? words.NextPath() : "";
+        suppression->hasReason = words.NextReason();
+    }
+    return words.rest();
+}
+
+/// The suppressions of a line's comment; it may have several.
+std::vector<Suppression> ReadComment(const tree::FoundFile& file, bool isEntry,
+                                     const tree::Line& line) {
     const std::string_view comment = file.ini->TextOf({line.comment, line.text.end});
-    const std::size_t at = comment.find(tree::kDirective);
-    if (at == std::string_view::npos) {
-        return false;
+    std::vector<Suppression> suppressions;
+    std::size_t at = comment.find(tree::kDirective);
+    while (at != std::string_view::npos) {
+        Suppression suppression;
+        const std::string_view rest =
+            ReadSuppression(comment.substr(at + tree::kDirective.size()), isEntry, &suppression);
+        const std::size_t next = comment.find(tree::kDirective, comment.size() - rest.size());
+        const std::string_view whole = comment.substr(at, next - at);
+        const auto begin = static_cast<std::uint32_t>(line.comment + at);
+        const auto length = static_cast<std::uint32_t>(whole.find_last_not_of(kSpace) + 1);
+        suppression.file = &file;
+        suppression.place = PlaceOf(file, line, {begin, begin + length});
+        suppression.first = suppression.last = line.number;
+        suppressions.push_back(suppression);
+        at = next;
     }
-    const auto begin = static_cast<std::uint32_t>(line.comment + at);
-    suppression->file = &file;
-    suppression->place = PlaceOf(file, line, {begin, line.text.end});
-    suppression->first = suppression->last = line.number;
-    Words words(comment.substr(at + tree::kDirective.size()));
-    if (words.Next() != "ignore") {
-        return true;
-    }
-    suppression->id = words.Next();
-    suppression->path = words.Next();
-    if (suppression->path.starts_with("./")) {
-        suppression->path.erase(0, 2);
-    }
-    suppression->hasReason = words.HasReason();
-    return true;
+    return suppressions;
 }
 
 /// The lines of one file that suppressions are for.
@@ -105,7 +133,7 @@ public:
 private:
     std::uint32_t EndOfSection(std::size_t header) const {
         for (std::size_t i = header + 1; i < lines_.size(); ++i) {
-            if (lines_[i].kind == tree::LineKind::kSection) {
+            if (lines_[i].kind == tree::LineKind::kSection && !lines_[i].isBare) {
                 return lines_[i].number - 1;
             }
         }
@@ -115,21 +143,20 @@ private:
     std::span<const tree::Line> lines_;
 };
 
-void Collect(const tree::FoundFile& file, std::vector<Suppression>* suppressions) {
+void Collect(const tree::FoundFile& file, bool isEntry, std::vector<Suppression>* suppressions) {
     if (file.ini == nullptr) {
         return;
     }
     const Scopes scopes(*file.ini);
     const std::span<const tree::Line> lines = file.ini->lines();
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        Suppression suppression;
-        if (ReadDirective(file, lines[i], &suppression)) {
+        for (Suppression& suppression : ReadComment(file, isEntry, lines[i])) {
             if (suppression.path.empty()) {
                 scopes.Widen(i, &suppression);
             } else {
                 suppression.first = suppression.last = 0;
             }
-            suppressions->push_back(suppression);
+            suppressions->push_back(std::move(suppression));
         }
     }
 }
@@ -229,14 +256,40 @@ Finding Complaint(RuleId id, const Suppression& suppression, std::string message
     return finding;
 }
 
+/// A complaint about an id that is none.
+Finding UnknownId(const Suppression& suppression) {
+    const std::string& id = suppression.id;
+    if (id.empty()) {
+        return Complaint(RuleId::kUnneededSuppression, suppression,
+                         "not understood; expected 'paramtool: ignore ID (reason)'");
+    }
+    if (IsGroup(id)) {
+        return Complaint(RuleId::kUnneededSuppression, suppression,
+                         "'" + id + "' is a group of findings; name the one to ignore");
+    }
+    std::vector<std::string> names;
+    for (const Rule& rule : Rules()) {
+        names.emplace_back(rule.name);
+    }
+    Finding finding =
+        Complaint(RuleId::kUnneededSuppression, suppression, "there is no finding '" + id + "'");
+    finding.suggestion = Nearest(id, names);
+    return finding;
+}
+
+/// Whether a suppression that has silenced nothing is to be told: not when its check was not made,
+/// nor when it is for warnings about suppressions, which may depend on the choice of checks.
+bool IsUnneeded(const Suppression& suppression, const Rule& rule, const WasMade& wasMade) {
+    const bool isLostFile = !suppression.file->ini->IsAccepted();
+    const bool isOfItsKind = rule.group == RuleOf(RuleId::kUnneededSuppression).group;
+    return !suppression.isNeeded && !isLostFile && !isOfItsKind && wasMade(rule);
+}
+
 /// What is wrong with a suppression, once it is known whether it is needed.
 void Judge(const Suppression& suppression, const WasMade& wasMade, std::vector<Finding>* findings) {
     const Rule* rule = FindRule(suppression.id);
     if (rule == nullptr) {
-        findings->push_back(Complaint(
-            RuleId::kUnneededSuppression, suppression,
-            suppression.id.empty() ? "not understood; expected 'paramtool: ignore ID (reason)'"
-                                   : "there is no finding '" + suppression.id + "'"));
+        findings->push_back(UnknownId(suppression));
         return;
     }
     if (!suppression.hasReason) {
@@ -244,11 +297,28 @@ void Judge(const Suppression& suppression, const WasMade& wasMade, std::vector<F
             RuleId::kSuppressionWithoutReason, suppression,
             "'" + suppression.id + "' is ignored without a reason; add one in parentheses"));
     }
-    const bool isLostFile = !suppression.file->ini->IsAccepted();
-    if (!suppression.isNeeded && !isLostFile && wasMade(*rule)) {
-        findings->push_back(Complaint(RuleId::kUnneededSuppression, suppression,
-                                      "there is no warning '" + suppression.id + "' to ignore"));
+    if (IsUnneeded(suppression, *rule, wasMade)) {
+        const std::string about =
+            suppression.path.empty() ? "" : " about the whole of '" + suppression.path + "'";
+        findings->push_back(
+            Complaint(RuleId::kUnneededSuppression, suppression,
+                      "there is no warning '" + suppression.id + "'" + about + " to ignore"));
     }
+}
+
+/// All that is wrong with suppressions.
+std::vector<Finding> Complaints(const tree::Product& product,
+                                const std::vector<Suppression>& suppressions,
+                                const WasMade& wasMade) {
+    std::vector<Finding> complaints;
+    for (const Suppression& suppression : suppressions) {
+        const std::size_t before = complaints.size();
+        Judge(suppression, wasMade, &complaints);
+        for (std::size_t i = before; i < complaints.size(); ++i) {
+            complaints[i].fileOrder = OrderOf(product, *suppression.file);
+        }
+    }
+    return complaints;
 }
 
 }  // namespace
@@ -256,22 +326,19 @@ void Judge(const Suppression& suppression, const WasMade& wasMade, std::vector<F
 void ApplySuppressions(const tree::Product& product, const WasMade& wasMade,
                        std::vector<Finding>* findings) {
     std::vector<Suppression> suppressions;
-    Collect(product.entry(), &suppressions);
+    Collect(product.entry(), true, &suppressions);
     for (const auto& file : product.files()) {
-        Collect(*file, &suppressions);
+        Collect(*file, false, &suppressions);
     }
     Groups groups(&suppressions);
-    std::erase_if(*findings, [&](const Finding& finding) {
+    const auto isSilenced = [&groups](const Finding& finding) {
         return finding.severity != Severity::kError && groups.Silence(finding);
-    });
+    };
+    std::erase_if(*findings, isSilenced);
     groups.Mark();
-    for (const Suppression& suppression : suppressions) {
-        const std::size_t before = findings->size();
-        Judge(suppression, wasMade, findings);
-        for (std::size_t i = before; i < findings->size(); ++i) {
-            (*findings)[i].fileOrder = OrderOf(product, *suppression.file);
-        }
-    }
+    std::vector<Finding> complaints = Complaints(product, suppressions, wasMade);
+    std::erase_if(complaints, isSilenced);
+    std::move(complaints.begin(), complaints.end(), std::back_inserter(*findings));
 }
 
 }  // namespace paramgen::diagnostics

@@ -85,5 +85,73 @@ TEST(Suppressions, ThatAreNotUnderstoodAreTold) {
               std::string::npos);
 }
 
+TEST(Suppressions, EndWithASectionThatIsLeftAsItWas) {
+    EXPECT_EQ(ReportOfDevmng("[keytone] " + std::string(kIgnore) + "[]\nenable = on\n"), "");
+}
+
+TEST(Suppressions, SeveralMayStandInOneComment) {
+    EXPECT_EQ(ReportOfDevmng("[gsensor]\nsensitivity = 0x2;x paramtool: ignore hexadecimal (a) "
+                             "paramtool: ignore value-cut (see paramtool: help)\n"),
+              "");
+    const std::string report = ReportOfDevmng(
+        "[keytone]\nenable = on ; paramtool: ignore not-a-boolean (a) paramtool: "
+        "ignore octal (b)  \r\n");
+    EXPECT_EQ(report,
+              "devmng.ini:2:51: warning: there is no warning 'octal' to ignore "
+              "[unneeded-suppression]\n"
+              "    2 | enable = on ; paramtool: ignore not-a-boolean (a) paramtool: ignore octal "
+              "(b)\n"
+              "      |                                                   "
+              "^~~~~~~~~~~~~~~~~~~~~~~~~~~\n");
+}
+
+TEST(Suppressions, OutsideTheEntryFileNameNoPath) {
+    const std::string report =
+        ReportOfDevmng("[keytone]\nenable = on ; paramtool: ignore not-a-boolean as it is\n");
+    EXPECT_EQ(report.find("[not-a-boolean]"), std::string::npos) << report;
+    EXPECT_EQ(report.find("[unneeded-suppression]"), std::string::npos) << report;
+    EXPECT_NE(report.find("devmng.ini:2:15: warning: 'not-a-boolean' is ignored without a reason"),
+              std::string::npos)
+        << report;
+}
+
+TEST(Suppressions, MayNameAFileWithSpaces) {
+    testing::Files files = testing::SmallProduct();
+    std::string& entry = files["config_cfgaccess_entry.ini"];
+    entry.replace(entry.find("= devmng.ini"), 12, "= dev mng.ini");
+    files["dev mng.ini"] = "";
+    files.erase("devmng.ini");
+    entry += "; paramtool: ignore empty-module ./dev mng.ini (later)\n";
+    EXPECT_EQ(ReportOf(files), "");
+}
+
+TEST(Suppressions, OfAWholeFileThatHasNoSuchWarningTellOfWhichFile) {
+    testing::Files files = testing::SmallProduct();
+    files["config_cfgaccess_entry.ini"] += "; paramtool: ignore not-a-boolean devmng.ini (w)\n";
+    EXPECT_NE(ReportOf(files).find("there is no warning 'not-a-boolean' about the whole of "
+                                   "'devmng.ini' to ignore"),
+              std::string::npos);
+}
+
+TEST(Suppressions, SilenceWarningsAboutSuppressionsToo) {
+    const std::string unneeded = "; paramtool: ignore unneeded-suppression (shared file)\n";
+    EXPECT_EQ(ReportOfDevmng("[keytone]\n" + unneeded + "enable = 1 " + kIgnore), "");
+    EXPECT_EQ(ReportOfDevmng(unneeded + "[keytone]\nenable = 1 " + kIgnore), "");
+    EXPECT_EQ(ReportOfDevmng("; paramtool: ignore suppression-without-reason (old file)\n"
+                             "[keytone]\nenable = on ; paramtool: ignore not-a-boolean\n"),
+              "");
+}
+
+TEST(Suppressions, OfWhatIsNoFindingTellWhatIsMeant) {
+    const auto report = [](const std::string& id) {
+        return ReportOfDevmng("[keytone]\nenable = 1 ; paramtool: ignore " + id + " (x)\n");
+    };
+    EXPECT_NE(report("not-a-boolen").find("'not-a-boolen'; did you mean 'not-a-boolean'? ["),
+              std::string::npos);
+    EXPECT_NE(report("octal,").find("'octal,'; did you mean 'octal'? ["), std::string::npos);
+    EXPECT_NE(report("values").find("'values' is a group of findings; name the one to ignore ["),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace paramgen::check
