@@ -51,6 +51,7 @@ void Assignment::Assign(const Asked& asked) {
     for (std::size_t i = 0; i < answers.size(); ++i) {
         const compile::Answer& answer = answers[i];
         NotePresence(ids[i], answer);
+        open_[ids[i]] += answer.place ? 1 : 0;
         for (std::uint32_t at = 0; answer.place && at < answer.place->size; ++at) {
             ++writers_[answer.place->offset + at];
         }
@@ -75,6 +76,7 @@ void Assignment::NotePresence(KeyId id, const compile::Answer& answer) {
 
 void Assignment::AssignOne(KeyId id, const compile::Answer& answer) {
     const std::uint32_t offset = answer.place->offset;
+    const bool isOnlyOneLeft = --open_[id] == 0;
     const layout::Value* value = ValueOf(id, offset);
     if (value == nullptr) {
         return;
@@ -88,7 +90,7 @@ void Assignment::AssignOne(KeyId id, const compile::Answer& answer) {
     if (IsCount(id, offset) && !IsWhole(target)) {
         overwritten_.push_back(offset);
     }
-    if (!text && absent_.count(id) == 0) {
+    if (!text && absent_.count(id) == 0 && (isOnlyOneLeft || !IsSilent(target))) {
         text = Choose(target);
         if (text) {
             texts_[id] = *text;
@@ -156,6 +158,33 @@ bool Assignment::KeptServes(const Target& target) const {
     for (std::uint32_t i = 0; i < target.size; ++i) {
         const std::uint32_t at = target.offset + i;
         if (IsWanted(at) && wish_.kept->image[at] != image_[at]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Whether another place of its key is to decide about the key: this one is overwritten, or no
+/// value makes it what is wanted.
+bool Assignment::IsSilent(const Target& target) const {
+    if (IsCount(target.id, target.offset)) {
+        return false;
+    }
+    return IsFree(target) || (!KeptServes(target) && !DefaultServes(target) && !CanBeWhole(target));
+}
+
+/// Whether some value gives all of the wanted bytes, or leaves them to earlier values.
+bool Assignment::CanBeWhole(const Target& target) const {
+    if (!IsText(*target.value)) {
+        return ChooseNumber(target).has_value();
+    }
+    const Text text = ChooseText(target);
+    if (!text) {
+        return false;
+    }
+    for (std::size_t i = StoredSize(*text); i < target.size; ++i) {
+        const std::size_t at = target.offset + i;
+        if (!claimed_[at] && image_[at] != std::byte{0} && writers_[at] == 0) {
             return false;
         }
     }

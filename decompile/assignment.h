@@ -46,6 +46,8 @@ private:
     std::optional<std::string> ChooseText(const Target& target) const;
     std::optional<std::string> ChooseNumber(const Target& target) const;
     bool KeptServes(const Target& target) const;
+    bool IsSilent(const Target& target) const;
+    bool CanBeWhole(const Target& target) const;
     bool IsWanted(std::uint32_t offset) const { return !claimed_[offset]; }
     bool IsFree(const Target& target) const;
     bool IsWhole(const Target& target) const;
@@ -60,6 +62,7 @@ private:
     std::unordered_map<KeyId, bool> isPresent_;  ///< of keys that count by being there
     std::bitset<kSize> claimed_;                 ///< bytes that a later value stores
     std::vector<std::uint16_t> writers_;  ///< values still to be assigned that may store a byte
+    std::unordered_map<KeyId, std::size_t> open_;  ///< places of a key still to be assigned
     KeyTexts texts_;
     std::unordered_set<KeyId> absent_;
     std::vector<std::uint32_t> overwritten_;

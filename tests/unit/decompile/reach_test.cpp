@@ -285,5 +285,31 @@ TEST(Reach, ADirectoryIsNotCalledTwoQuotes) {
     EXPECT_THAT(LostOffsets(image), ElementsAre(kDirectory));
 }
 
+TEST(Reach, APlaceThatNoValueMakesLeavesTheKeyToItsOtherPlaces) {
+    ProductTree tree = SmallestProduct();
+    tree.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
+    image::Image image = Compiled(tree);
+    // The switch of the four pipes' lenses, and of the processing group.
+    for (const std::uint32_t at : {13480U, 13720U, 13960U, 14200U, 14692U}) {
+        Put(&image, at, 1);
+    }
+    static_cast<void>(Back(image));
+    for (const std::uint32_t at : {13480U, 13720U, 13960U, 14200U, 14692U}) {
+        image::Image disturbed = image;
+        Put(&disturbed, at, 2);
+        EXPECT_THAT(LostOffsets(disturbed), ElementsAre(at));
+    }
+}
+
+TEST(Reach, ATextWithBytesBehindItsEndLeavesTheKeyToItsOtherPlace) {
+    for (const std::uint32_t disturbed : {22480U, 24052U}) {
+        const std::uint32_t other = 22480 + 24052 - disturbed;
+        image::Image image = Smallest();
+        PutText(&image, disturbed, std::string_view("/a\0x", 4));
+        PutText(&image, other, "/b");
+        EXPECT_THAT(LostOffsets(image), ElementsAre(disturbed + 1));
+    }
+}
+
 }  // namespace
 }  // namespace paramgen::decompile
