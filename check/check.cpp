@@ -50,8 +50,8 @@ compile::FileTexts TextsOf(const tree::Product& product) {
             file.isReadable ? std::optional<std::string_view>(file.ini->bytes()) : std::nullopt;
     };
     add(product.entryFile(), product.entry());
-    for (const auto& file : product.files()) {
-        add(file->path, *file);
+    for (const auto& [path, file] : product.opened()) {
+        add(path, *file);
     }
     return texts;
 }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <memory>
 
@@ -41,6 +42,13 @@ Assignment ParseAssignment(const std::string& argument) {
     return {.name = OneKey(argument.substr(0, equals)), .value = argument.substr(equals + 1)};
 }
 
+/// Where a file lies, links resolved: several modules may have it under different names.
+std::string RealPath(const tree::FoundFile& file) {
+    std::error_code error;
+    const std::filesystem::path real = std::filesystem::canonical(file.shown, error);
+    return error ? file.shown : real.string();
+}
+
 /// The files of a tree while they are changed.
 class Change {
 public:
@@ -65,9 +73,9 @@ public:
             throw Refused(layout::Text(name) + ": no line of an INI file can say '" +
                           output::Shown(assignment.value) + "'");
         }
-        files_[module->file] = std::make_unique<tree::IniFile>(*bytes);
+        files_[RealPath(*module->file)] = {module->file, std::make_unique<tree::IniFile>(*bytes)};
         for (const tree::Module& other : product_.modules()) {
-            if (other.file == module->file) {
+            if (other.file != nullptr && RealPath(*other.file) == RealPath(*module->file)) {
                 pretence_.texts[{other.name, key}] = assignment.value;
             }
         }
@@ -116,18 +124,23 @@ public:
 
     void Write() const {
         std::vector<output::NewContent> contents;
-        for (const auto& [file, changed] : files_) {
-            if (changed->bytes() != file->ini->bytes()) {
-                contents.push_back({.path = file->shown, .bytes = changed->bytes()});
+        for (const auto& [path, changed] : files_) {
+            if (changed.ini->bytes() != changed.file->ini->bytes()) {
+                contents.push_back({.path = changed.file->shown, .bytes = changed.ini->bytes()});
             }
         }
         output::WriteWholeFiles(contents);
     }
 
 private:
+    struct Changed {
+        const tree::FoundFile* file = nullptr;
+        std::unique_ptr<tree::IniFile> ini;
+    };
+
     const tree::IniFile& FileOf(const tree::Module& module) const {
-        const auto changed = files_.find(module.file);
-        return changed == files_.end() ? *module.file->ini : *changed->second;
+        const auto changed = files_.find(RealPath(*module.file));
+        return changed == files_.end() ? *module.file->ini : *changed->second.ini;
     }
 
     tree::Product product_;
@@ -135,7 +148,7 @@ private:
     std::vector<compile::Stop> stops_;  ///< errors that the tree has already
     compile::Compilation before_ = {};
     compile::Pretence pretence_;
-    std::map<const tree::FoundFile*, std::unique_ptr<tree::IniFile>> files_;
+    std::map<std::string, Changed> files_;  ///< by their real paths
     std::vector<layout::KeyName> keys_;
 };
 

@@ -104,6 +104,7 @@ void Product::ReadEntry() {
         return;
     }
     home_ = std::filesystem::path(entryFile_).parent_path().string();
+    realDirectory_ = Resolve(directory_);
     entry_->isReadable = true;
     entry_->ini = std::make_unique<IniFile>(std::move(bytes));
     entryFate_ = entry_->ini->IsAccepted() ? EntryFate::kRead : EntryFate::kRefused;
@@ -179,17 +180,38 @@ ModuleFate Product::FindPath(const std::string& name, std::string* path) const {
     return path->size() > kPathMax ? ModuleFate::kPathTooLong : ModuleFate::kRead;
 }
 
-const FoundFile* Product::Open(const std::string& path) {
-    const auto known = byPath_.find(path);
-    if (known != byPath_.end()) {
-        return known->second;
+/// An absolute path without detours, equal for paths that lead to one file. One with ".." stays as
+/// it is: where that leads depends on links.
+std::string Product::NormalPath(const std::string& path) const {
+    const std::filesystem::path given(path);
+    if (std::find(given.begin(), given.end(), "..") != given.end()) {
+        return path;
     }
+    return (std::filesystem::path(realDirectory_) / given).lexically_normal().string();
+}
+
+const FoundFile* Product::Open(const std::string& path) {
+    const auto [opened, isNewPath] = opened_.try_emplace(path);
+    if (isNewPath) {
+        const auto [known, isNewFile] = known_.try_emplace(NormalPath(path));
+        if (isNewFile) {
+            known->second = Read(path);
+        }
+        opened->second = known->second;
+    }
+    return opened->second;
+}
+
+const FoundFile* Product::Read(const std::string& path) {
     auto file = std::make_unique<FoundFile>();
     file->path = path;
     const std::string prefix = home_ + "/";
     const bool isAtHome = path.starts_with(prefix);
     file->inTree = isAtHome ? path.substr(prefix.size()) : path;
-    file->shown = Shown(file->inTree);
+    const bool isElsewhere = isAtHome && home_ != realDirectory_;  // the entry file is a link
+    file->shown =
+        Shown(isElsewhere ? std::filesystem::path(path).lexically_relative(realDirectory_).string()
+                          : file->inTree);
     const std::string opened = path.starts_with('/') ? path : directory_ + "/" + path;
     std::error_code ignored;
     file->isDirectory = std::filesystem::is_directory(opened, ignored);
@@ -199,7 +221,7 @@ const FoundFile* Product::Open(const std::string& path) {
         file->ini = std::make_unique<IniFile>(std::move(bytes));
     }
     files_.push_back(std::move(file));
-    return byPath_[path] = files_.back().get();
+    return files_.back().get();
 }
 
 const Module* Product::FindModule(std::string_view name) const {

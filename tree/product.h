@@ -75,8 +75,11 @@ public:
     /// In the order in which they are listed, up to the first that ends the run.
     const std::vector<Module>& modules() const { return modules_; }
 
-    /// The files of modules, each once.
+    /// The files of modules, each once, however modules write its path.
     const std::vector<std::unique_ptr<FoundFile>>& files() const { return files_; }
+
+    /// These files by all paths under which modules open them.
+    const std::map<std::string, const FoundFile*>& opened() const { return opened_; }
 
     /// The number of modules that the entry file counts.
     std::int32_t moduleCount() const { return moduleCount_; }
@@ -94,8 +97,11 @@ private:
     Module ReadModule(std::int32_t number);
     ModuleFate FindPath(const std::string& name, std::string* path) const;
     const FoundFile* Open(const std::string& path);
+    const FoundFile* Read(const std::string& path);
+    std::string NormalPath(const std::string& path) const;
 
     std::string directory_;
+    std::string realDirectory_;  ///< the same, links resolved; empty when there is none
     std::string entryFile_;
     std::string home_;  ///< the directory of that
     EntryFate entryFate_ = EntryFate::kRead;
@@ -103,7 +109,8 @@ private:
     std::int32_t moduleCount_ = 0;
     std::vector<Module> modules_;
     std::vector<std::unique_ptr<FoundFile>> files_;
-    std::map<std::string, const FoundFile*> byPath_;
+    std::map<std::string, const FoundFile*> opened_;
+    std::map<std::string, const FoundFile*> known_;  ///< by their normal paths
 };
 
 /// Whether the run ends at a module of this fate.

@@ -76,6 +76,35 @@ def check_set():
     require(text_of("product/devmng.ini") == after, "what is refused changes nothing")
 
 
+def check_set_in_shared_file():
+    """Two modules have one file, under two paths or two names: both changes are there afterwards."""
+    for name, way in (("spelled", "path = ./\ncfg_filename = devmng.ini"), ("linked", "cfg_filename = link.ini")):
+        shutil.copytree(EXAMPLE, name)
+        entry = text_of(f"{name}/config_cfgaccess_entry.ini").replace("cfg_filename = filemng.ini", way)
+        both = text_of(f"{name}/devmng.ini") + text_of(f"{name}/filemng.ini")
+        os.symlink("devmng.ini", f"{name}/link.ini")
+        for file, text in (("config_cfgaccess_entry.ini", entry), ("devmng.ini", both)):
+            with open(f"{name}/{file}", "w", encoding="utf-8", newline="") as output:
+                output.write(text)
+        run("set", name, "gsensor:sensitivity=1", "common.repair:enable=no")
+        for key, value in (("gsensor:sensitivity", "1"), ("filemng/common.repair:enable", "0")):
+            require(run("get", key, name)[0] == value + "\n", f"{name}: {key} is set")
+
+
+def check_set_beside_linked_entry():
+    """The modules of an entry file that is a link lie beside what it leads to."""
+    os.mkdir("beside")
+    for name in ("camera", "media", "workmode"):
+        shutil.copytree(f"{EXAMPLE}/{name}", f"beside/{name}")
+    shutil.copytree(EXAMPLE, "behind")
+    os.symlink("../behind/config_cfgaccess_entry.ini", "beside/config_cfgaccess_entry.ini")
+    run("set", "beside", "gsensor:sensitivity=1")
+    require("\nsensitivity = 1\n" in text_of("behind/devmng.ini"), "the file that was read is changed")
+    require(not os.path.exists("beside/devmng.ini"), "no other file is written")
+    out, _ = run("deps", "beside")
+    require(" beside/../behind/devmng.ini " in out, out)
+
+
 def check_decompile():
     image = image_of("product")
     run("decompile", "product/param.bin", "-o", "back")
@@ -139,6 +168,8 @@ with tempfile.TemporaryDirectory() as home:
     shutil.copytree(EXAMPLE, "product")
     check_init()
     check_set()
+    check_set_in_shared_file()
+    check_set_beside_linked_entry()
     check_decompile()
     nearest = run("identify", "product/param.bin", "fresh", "product")[0].splitlines()[3]
     require(nearest.split() == ["equal", "product"], "the nearest tree comes first: " + nearest)

@@ -113,6 +113,16 @@ TEST(Styles, OneFileForAllModules) {
     EXPECT_EQ(ReportOf(files), "");
 }
 
+TEST(Styles, OneFileForTwoModulesThatWriteItsPathInTwoWays) {
+    Files files = testing::SmallProduct();
+    std::string& entry = files["config_cfgaccess_entry.ini"];
+    const std::string before = "cfg_filename = filemng.ini";
+    entry.replace(entry.find(before), before.size(), "path = ./\ncfg_filename = devmng.ini");
+    files["devmng.ini"] += files["filemng.ini"];
+    files.erase("filemng.ini");
+    EXPECT_EQ(ReportOf(files), "");
+}
+
 TEST(Styles, OneMediaModeAndNoPlaybackOrLens) {
     const std::string mode = "QX_PARAM_MEDIAMODE_1080P_30";
     const std::string start = "[common.mediamode.config.0]\ncamid = 0\nmediamode = " + mode + "\n";

@@ -47,6 +47,45 @@ TEST(Product, ReadsTheModulesThatAreListed) {
     EXPECT_EQ(product.FindModule("C"), nullptr);
 }
 
+TEST(Product, ReadsAFileOnceHoweverItsPathIsWritten) {
+    const TempDir directory;
+    std::filesystem::create_directory(directory.path() / "sub");
+    directory.Write("a.ini", "[s]\nk=1\n");
+    WriteEntry(directory,
+               "[module]\nmodule_num=4\nmodule1=a\nmodule2=b\nmodule3=c\nmodule4=d\n"
+               "[a]\ncfg_filename=a.ini\n[b]\npath=./\ncfg_filename=a.ini\n"
+               "[c]\npath=" +
+                   directory.path().string() +
+                   "//./\ncfg_filename=a.ini\n"
+                   "[d]\npath=./sub/..\ncfg_filename=a.ini\n");
+    const Product product(directory.path().string());
+    ASSERT_EQ(Fates(product), (std::vector<ModuleFate>(4, ModuleFate::kRead)));
+    EXPECT_EQ(product.modules()[1].file, product.modules()[0].file);
+    EXPECT_EQ(product.modules()[2].file, product.modules()[0].file);
+    EXPECT_NE(product.modules()[3].file, product.modules()[0].file)
+        << "where '..' leads depends on links";
+    EXPECT_EQ(product.files().size(), 2U);
+    EXPECT_EQ(product.opened().size(), 4U);
+    EXPECT_EQ(product.opened().at("./a.ini"), product.modules()[0].file);
+}
+
+TEST(Product, AnEntryFileThatIsALinkHasItsModulesBesideWhatItLeadsTo) {
+    const TempDir directory;
+    std::filesystem::create_directory(directory.path() / "real");
+    std::filesystem::create_directory(directory.path() / "link");
+    directory.Write("real/config_cfgaccess_entry.ini",
+                    "[module]\nmodule_num=1\nmodule1=a\n[a]\ncfg_filename=a.ini\n");
+    directory.Write("real/a.ini", "[s]\nk=1\n");
+    directory.Write("link/a.ini", "[s]\nk=2\n");
+    std::filesystem::create_symlink("../real/config_cfgaccess_entry.ini",
+                                    directory.path() / "link/config_cfgaccess_entry.ini");
+    const Product product((directory.path() / "link").string());
+    ASSERT_EQ(Fates(product), (std::vector<ModuleFate>(1, ModuleFate::kRead)));
+    EXPECT_EQ(product.modules()[0].file->shown, directory.path().string() + "/link/../real/a.ini");
+    const testing::WorkingDirectory inside(directory.path() / "link");
+    EXPECT_EQ(Product(".").modules()[0].file->shown, "../real/a.ini");
+}
+
 TEST(Product, TellsWhatBecameOfAModule) {
     const TempDir directory;
     directory.Write("bad.ini", "nonsense\n");
