@@ -29,8 +29,17 @@ void Check(const fs::path& directory, Old old) {
     if (!fs::is_directory(directory, error)) {
         Fail(directory, "is there and no directory");
     }
-    if (old == Old::kNone && !fs::is_empty(directory, error)) {
-        Fail(directory, "is not empty (--force replaces the files of a tree there)");
+    if (old == Old::kReplaced) {
+        return;
+    }
+    const bool isEmpty = fs::is_empty(directory, error);
+    if (error) {
+        Fail(directory, "cannot be read: " + error.message());
+    }
+    if (!isEmpty) {
+        Fail(directory, old == Old::kNone
+                            ? "is not empty"
+                            : "is not empty (--force replaces the files of a tree there)");
     }
 }
 
@@ -42,14 +51,18 @@ fs::path Absolute(const fs::path& directory) {
     return error ? fs::absolute(directory) : resolved;
 }
 
-/// A new directory beside `directory`, which the user has given as `given`.
-fs::path NewDirectoryBeside(const fs::path& directory, const fs::path& given) {
-    std::string name = (directory.has_filename() ? directory : directory.parent_path()).string();
-    name += ".XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) {
-        Fail(given, std::string("cannot be written: ") + std::strerror(errno));
+/// A new directory beside `directory`, which the user has given as `given`, or within it where
+/// nothing may be made beside it.
+fs::path NewDirectoryFor(const fs::path& directory, const fs::path& given) {
+    const fs::path plain = directory.has_filename() ? directory : directory.parent_path();
+    int error = 0;
+    for (std::string name : {plain.string() + ".XXXXXX", (plain / "tree.XXXXXX").string()}) {
+        if (mkdtemp(name.data()) != nullptr) {
+            return name;
+        }
+        error = error == 0 ? errno : error;
     }
-    return name;
+    Fail(given, std::string("cannot be written: ") + std::strerror(error));
 }
 
 /// The rights that new files do not get.
@@ -102,7 +115,7 @@ void WriteFiles(const fs::path& directory, const std::vector<TreeFile>& files) {
 WrittenTree::WrittenTree(const std::vector<TreeFile>& files, const std::string& directory, Old old)
     : files_(files), given_(directory), directory_(Absolute(directory)) {
     Check(given_, old);
-    temporary_ = NewDirectoryBeside(directory_, given_);
+    temporary_ = NewDirectoryFor(directory_, given_);
     try {
         WriteFiles(temporary_, files);
         const compile::Compilation result =
@@ -126,20 +139,13 @@ WrittenTree::~WrittenTree() {
 
 void WrittenTree::Appear() {
     std::error_code error;
-    const bool isThere = fs::exists(directory_, error);
-    const bool isEmpty = isThere && !error && fs::is_empty(directory_, error);
-    if (error) {
-        Fail(given_, "cannot be written: " + error.message());
-    }
-    if (isThere && !isEmpty) {
+    // A directory that is there stays the same one: it may be somebody's working directory.
+    if (fs::exists(directory_, error)) {
         WriteFiles(directory_, files_);
         return;
     }
-    // An empty directory is replaced by the new one in a single step.
-    const fs::perms rights = isThere ? fs::status(directory_, error).permissions()
-                                     : fs::perms::all & ~fs::perms(CurrentMask());
     if (!error) {
-        fs::permissions(temporary_, rights, error);
+        fs::permissions(temporary_, fs::perms::all & ~fs::perms(CurrentMask()), error);
     }
     if (!error) {
         fs::rename(temporary_, directory_, error);

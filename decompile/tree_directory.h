@@ -10,9 +10,14 @@
 namespace paramgen::decompile {
 
 /// What becomes of files that are in the directory already.
-enum class Old { kNone, kReplaced };
+enum class Old {
+    kNone,              ///< there must be none
+    kNoneUnlessForced,  ///< the same, and the user is told of --force
+    kReplaced,
+};
 
 /// A tree that has been written down, beside the directory that it is meant for, and compiled.
+/// Where nothing can be made beside that, it is written within.
 class WrittenTree {
 public:
     /// Writes `files`. `directory` need not be there. Throws `output::UserError` when it is no
@@ -25,7 +30,8 @@ public:
     /// What the program makes of it; no image when it refuses it.
     const std::optional<image::Image>& image() const { return image_; }
 
-    /// Lets it appear in its directory.
+    /// Lets it appear in its directory: all files, or none. A directory that is there stays the
+    /// same one, with its owner and rights.
     void Appear();
 
 private:

@@ -48,8 +48,9 @@ int RunDecompile(const DecompileOptions& options) {
         .all = options.all,
         .like = options.like.empty() ? std::nullopt : std::optional(options.like)};
     const decompile::Decompiled result = decompile::Decompile(input.image, wish);
-    decompile::WrittenTree tree(result.files, options.directory,
-                                options.force ? decompile::Old::kReplaced : decompile::Old::kNone);
+    decompile::WrittenTree tree(
+        result.files, options.directory,
+        options.force ? decompile::Old::kReplaced : decompile::Old::kNoneUnlessForced);
     if (!tree.image()) {
         throw output::UserError(output::Shown(options.input) +
                                 ": no tree could be found that paramgen takes");

@@ -42,7 +42,10 @@ def check_init():
     out, err = run("check", "--strict", "fresh")
     require(out == "" and err == "", "a fresh product has no findings")
     image_of("fresh")
-    run("init", "fresh", expect=2)
+    _, err = run("init", "fresh", expect=2)
+    require(err == "paramtool: fresh: is not empty\n", err)
+    os.mkdir("here")
+    subprocess.run(["sh", "-c", '"$0" init . && test -e devmng.ini', PARAMTOOL], cwd="here", check=True)
 
 
 def check_set_without_output():

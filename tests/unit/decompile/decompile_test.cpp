@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "unit/decompile/decompile_fixture.h"
 
 #include "layout/layout.h"
@@ -264,6 +266,21 @@ ProductTree ProductWithACalibrationForModeZero() {
     return tree;
 }
 
+/// Where the modules lie that two entry files have in common.
+constexpr char kCommonModules[] =
+    "; of photos\n[cam0_comm_photo]\ncfg_filename = cam0_comm_photo.ini\n"
+    "[cam0_comm_playback]\ncfg_filename = cam0_comm_playback.ini\n"
+    "[cam0_comm_record]\ncfg_filename = cam0_comm_record.ini\n"
+    "[cam0_ldccfg_0]\ncfg_filename = cam0_ldccfg_0.ini\n"
+    "[cam0_mediamode1]\ncfg_filename = cam0_mediamode1.ini\n"
+    "[devmng]\ncfg_filename = devmng.ini\n"
+    "[filemng]\ncfg_filename = filemng.ini\n"
+    "[media_common]\ncfg_filename = media_common.ini\n"
+    "[valueset]\ncfg_filename = valueset.ini\n"
+    "[workmode_common]\ncfg_filename = workmode_common.ini\n"
+    "[workmode_photo]\ncfg_filename = workmode_photo.ini\n"
+    "[workmode_record]\ncfg_filename = workmode_record.ini\n";
+
 TEST(Decompile, LikeATreeWithAModuleThatIsInTheWayLeavesItOut) {
     const image::Image image = Compiled(ProductWithACalibrationForModeZero());
     const TempDir directory;
@@ -281,20 +298,9 @@ TEST(Decompile, LikeATreeWithAModuleThatIsInTheWayLeavesItOut) {
                     "module13 = workmode_photo\nmodule14 = workmode_record\n"
                     "module15 = cam0_mediamode2\n"
                     "[cam0_comm]\ncfg_filename = cam0_comm.ini\n\n"
-                    "; of the camera\n[cam0_mediamode0]\ncfg_filename = cam0_mediamode0.ini\n\n"
-                    "; of photos\n[cam0_comm_photo]\ncfg_filename = cam0_comm_photo.ini\n"
-                    "[cam0_comm_playback]\ncfg_filename = cam0_comm_playback.ini\n"
-                    "[cam0_comm_record]\ncfg_filename = cam0_comm_record.ini\n"
-                    "[cam0_ldccfg_0]\ncfg_filename = cam0_ldccfg_0.ini\n"
-                    "[cam0_mediamode1]\ncfg_filename = cam0_mediamode1.ini\n"
-                    "[devmng]\ncfg_filename = devmng.ini\n"
-                    "[filemng]\ncfg_filename = filemng.ini\n"
-                    "[media_common]\ncfg_filename = media_common.ini\n"
-                    "[valueset]\ncfg_filename = valueset.ini\n"
-                    "[workmode_common]\ncfg_filename = workmode_common.ini\n"
-                    "[workmode_photo]\ncfg_filename = workmode_photo.ini\n"
-                    "[workmode_record]\ncfg_filename = workmode_record.ini\n"
-                    "[cam0_mediamode2]\ncfg_filename = cam0_mediamode2.ini\n");
+                    "; of the camera\n[cam0_mediamode0]\ncfg_filename = cam0_mediamode0.ini\n\n" +
+                        std::string(kCommonModules) +
+                        "[cam0_mediamode2]\ncfg_filename = cam0_mediamode2.ini\n");
     const Decompiled result = Back(image, {.all = false, .like = directory.path().string()});
     EXPECT_EQ(result.files.front().bytes,
               "[module]\nmodule_num = 13\nmodule1 = cam0_comm\nmodule2 = cam0_comm_photo\n"
@@ -304,19 +310,8 @@ TEST(Decompile, LikeATreeWithAModuleThatIsInTheWayLeavesItOut) {
               "module9 = media_common\nmodule10 = valueset\nmodule11 = workmode_common\n"
               "module12 = workmode_photo\nmodule13 = workmode_record\n"
               "[cam0_comm]\ncfg_filename = cam0_comm.ini\n\n"
-              "; of the camera\n"
-              "; of photos\n[cam0_comm_photo]\ncfg_filename = cam0_comm_photo.ini\n"
-              "[cam0_comm_playback]\ncfg_filename = cam0_comm_playback.ini\n"
-              "[cam0_comm_record]\ncfg_filename = cam0_comm_record.ini\n"
-              "[cam0_ldccfg_0]\ncfg_filename = cam0_ldccfg_0.ini\n"
-              "[cam0_mediamode1]\ncfg_filename = cam0_mediamode1.ini\n"
-              "[devmng]\ncfg_filename = devmng.ini\n"
-              "[filemng]\ncfg_filename = filemng.ini\n"
-              "[media_common]\ncfg_filename = media_common.ini\n"
-              "[valueset]\ncfg_filename = valueset.ini\n"
-              "[workmode_common]\ncfg_filename = workmode_common.ini\n"
-              "[workmode_photo]\ncfg_filename = workmode_photo.ini\n"
-              "[workmode_record]\ncfg_filename = workmode_record.ini\n");
+              "; of the camera\n" +
+                  std::string(kCommonModules));
     EXPECT_FALSE(HasFile(result, "cam0_mediamode0.ini"));
     EXPECT_TRUE(HasFile(result, "cam0_comm_playback.ini"));
 }
@@ -332,6 +327,30 @@ TEST(WrittenTree, AnEmptyDirectoryKeepsItsRightsAndALinkToItIsKept) {
     EXPECT_TRUE(std::filesystem::exists(directory / "devmng.ini"));
     EXPECT_EQ(std::filesystem::status(directory).permissions(), std::filesystem::perms(0750));
     EXPECT_TRUE(std::filesystem::is_symlink(home.path() / "link"));
+}
+
+TEST(WrittenTree, AnEmptyDirectoryStaysTheSameOne) {
+    const Decompiled result = Decompile(Compiled(SmallestProduct()), {});
+    const TempDir home;
+    struct stat before = {};
+    struct stat after = {};
+    ASSERT_EQ(stat(home.path().c_str(), &before), 0);
+    WrittenTree(result.files, home.path().string(), Old::kNone).Appear();
+    ASSERT_EQ(stat(home.path().c_str(), &after), 0);
+    EXPECT_EQ(after.st_ino, before.st_ino);
+    EXPECT_TRUE(std::filesystem::exists(home.path() / "devmng.ini"));
+}
+
+TEST(WrittenTree, WhereNothingCanBeMadeBesideItsDirectoryItIsWrittenWithin) {
+    const Decompiled result = Decompile(Compiled(SmallestProduct()), {});
+    const TempDir home;
+    const std::filesystem::path directory = home.path() / std::string(255, 'x');
+    std::filesystem::create_directory(directory);  // a longer name cannot be
+    WrittenTree(result.files, directory.string(), Old::kNone).Appear();
+    EXPECT_TRUE(std::filesystem::exists(directory / "devmng.ini"));
+    const std::filesystem::directory_iterator entries(directory);
+    EXPECT_EQ(std::distance(begin(entries), end(entries)),
+              static_cast<std::ptrdiff_t>(result.files.size()));
 }
 
 TEST(WrittenTree, DoesNotTouchWhatIsThere) {
