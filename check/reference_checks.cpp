@@ -157,15 +157,15 @@ private:
         }
     }
 
-    /// Whether the mode of a module that serves one is known to be wrong: it may be any of those
-    /// that are asked for.
+    /// Whether a module that serves a mode does not say which, or says a wrong one: it may be meant
+    /// to be any of those that are asked for.
     bool HasBadMode() const {
         const auto& listed = inspection_.product().modules();
         return std::any_of(listed.begin(), listed.end(), [&](const tree::Module& module) {
             const bool serves = module.fate == tree::ModuleFate::kRead &&
                                 layout::MatchesWildcards(kModeModules, module.name);
             const tree::Line* line = serves ? module.file->ini->Find(kServedMode) : nullptr;
-            return line != nullptr && inspection_.IsBad(*line);
+            return serves && (line == nullptr || inspection_.IsBad(*line));
         });
     }
 

@@ -38,6 +38,24 @@ TEST(MediaModeRules, AModeThatIsNoNameIsOneFinding) {
     }
 }
 
+TEST(MediaModeRules, AModuleThatLacksItsModeIsOneFinding) {
+    const std::string mode = "QX_PARAM_MEDIAMODE_1080P_30";
+    const Change uses = Both(
+        Append("workmode_photo.ini", "[common.mediamode.config.0]\nmediamode = " + mode + "\n"),
+        Append("valueset.ini", "[cam.0.mediamode.photo]\nnum = 1\nvalue0 = " + mode + "\n"));
+    const std::string other = "[vb]\nmax_poolcnt = 0\n";
+    for (const auto& [text, id] :
+         {std::pair(other + "[common]\nmediamod = " + mode + "\n", "unknown-key"),
+          std::pair(other + "[comon]\nmediamode = " + mode + "\n", "unknown-section"),
+          std::pair(std::string(), "empty-module")}) {
+        const TempDir directory;
+        const Verdict verdict = CheckOf(Both(uses, Add("cam0_mediamode0", text)), directory, "");
+        const std::string report = diagnostics::TextReport(verdict.findings, false);
+        ASSERT_EQ(verdict.findings.size(), 1U) << report;
+        EXPECT_EQ(RuleOf(verdict.findings[0].id).name, id) << report;
+    }
+}
+
 TEST(MediaModeRules, AModeThatIsNotServedIsOneFinding) {
     const TempDir directory;
     const Change menu = Append(
