@@ -54,6 +54,9 @@ void CheckFile(const tree::FoundFile& file, Inspection* inspection) {
         inspection->Warn(RuleId::kEncoding, file, first, BeginningOf(first), encoding);
         inspection->MarkBad(first);
     }
+    if (IsUtf16(file.ini->bytes())) {
+        return;  // its lines are none
+    }
     bool isMisplaced = false;  // behind a section that is none
     for (const Line& line : file.ini->lines()) {
         isMisplaced = isMisplaced && line.kind != LineKind::kSection;

@@ -120,14 +120,18 @@ bool IsFault(const Line& line) {
 
 }  // namespace
 
+bool IsUtf16(std::string_view bytes) {
+    const bool isMarked = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+    const bool looksWide = bytes.size() >= 4 && ((bytes[0] == '\0' && bytes[2] == '\0') ||
+                                                 (bytes[1] == '\0' && bytes[3] == '\0'));
+    return isMarked || looksWide;
+}
+
 std::string EncodingOf(std::string_view bytes) {
     if (bytes.starts_with("\xEF\xBB\xBF")) {
         return "the file begins with a byte order mark; save it as UTF-8 without one";
     }
-    const bool isMarked = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-    const bool looksWide = bytes.size() >= 4 && ((bytes[0] == '\0' && bytes[2] == '\0') ||
-                                                 (bytes[1] == '\0' && bytes[3] == '\0'));
-    return isMarked || looksWide ? "the file is UTF-16; save it as UTF-8" : "";
+    return IsUtf16(bytes) ? "the file is UTF-16; save it as UTF-8" : "";
 }
 
 void TellRefusedFile(Inspection* inspection, const tree::FoundFile& file, const std::string& module,

@@ -18,6 +18,9 @@ void TellLostModule(Inspection* inspection, const std::string& name,
 void TellRefusedFile(Inspection* inspection, const tree::FoundFile& file, const std::string& module,
                      diagnostics::Severity severity);
 
+/// Whether a file is UTF-16, in which nothing is read as it is meant.
+bool IsUtf16(std::string_view bytes);
+
 /// A sentence about the encoding of a file when it is unusual; else empty.
 std::string EncodingOf(std::string_view bytes);
 

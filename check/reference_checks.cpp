@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
+#include <span>
 
 #include "check/inspection.h"
+#include "check/number_text.h"
 #include "check/references.h"
 #include "diagnostics/places.h"
 #include "layout/key_pattern.h"
@@ -93,11 +96,19 @@ private:
         if (all.empty() && !IsThere(rule.targetModule)) {
             return;  // a lost module is told elsewhere
         }
+        const Given* parent = references_.ParentOf(rule, given);
+        if (parent != nullptr && unknown_.contains(parent)) {
+            return;  // the parent has been told
+        }
         const std::vector<const Target*> targets = references_.TargetsOf(rule, given);
         const auto has = [&](const Target* target) { return target->handle == *handle; };
         if (std::any_of(targets.begin(), targets.end(),
                         [&](const Target* target) { return has(target) && target->isEnabled; })) {
             return;
+        }
+        unknown_.insert(&given);
+        if (IsOnUnreadLine(rule, *handle)) {
+            return;  // that line is told
         }
         const std::string handles = HandlesOf(targets);
         Finding* finding =
@@ -109,6 +120,53 @@ private:
         if (disabled != targets.end()) {
             AddNote(finding, *(*disabled)->given, "this one has it, and is not enabled");
         }
+    }
+
+    /// Whether a handle is that of a target which is written down, in a line that is not read.
+    bool IsOnUnreadLine(const HandleRule& rule, std::int64_t handle) {
+        const auto& modules = inspection_.product().modules();
+        return std::any_of(modules.begin(), modules.end(), [&](const tree::Module& module) {
+            return module.fate == tree::ModuleFate::kRead &&
+                   layout::MatchesWildcards(rule.targetModule, module.name) &&
+                   HandlesOnUnreadLines(rule.target, module).contains(handle);
+        });
+    }
+
+    const std::set<std::int64_t>& HandlesOnUnreadLines(TargetKind kind,
+                                                       const tree::Module& module) {
+        const auto [place, isNew] = unread_.try_emplace({kind, module.name});
+        if (isNew) {
+            for (const tree::Line& line : module.file->ini->lines()) {
+                const tree::IniFile& ini = *module.file->ini;
+                const bool isUnread =
+                    line.kind == tree::LineKind::kValue &&
+                    IsHandleOf(kind, ini.SectionOf(line), ini.TextOf(line.name)) &&
+                    IsToldAsUnread(module, line);
+                const NumberText number =
+                    isUnread ? ReadNumber(ini.TextOf(line.value)) : NumberText();
+                if (number.isNumber) {
+                    place->second.insert(number.value);
+                }
+            }
+        }
+        return place->second;
+    }
+
+    /// Whether a line does not count for a module, because it comes again or is not asked for, and
+    /// whether such lines are told.
+    bool IsToldAsUnread(const tree::Module& module, const tree::Line& line) const {
+        const std::string key = module.file->ini->KeyOf(line);
+        const bool isUnread = inspection_.FindAsked(module.name, key) == nullptr;
+        return (line.isReplaced && inspection_.IsOn(RuleId::kDuplicateKey)) ||
+               (isUnread && inspection_.IsOn(RuleId::kUnreadKey));
+    }
+
+    static bool IsHandleOf(TargetKind kind, std::string_view section, std::string_view key) {
+        const std::span<const TargetRow> rows = TargetRows();
+        return std::any_of(rows.begin(), rows.end(), [&](const TargetRow& row) {
+            return row.kind == kind && layout::MatchesWildcards(row.key, key) &&
+                   layout::MatchesWildcards(row.section, section);
+        });
     }
 
     bool IsThere(const char* modules) const {
@@ -287,6 +345,9 @@ private:
 
     Inspection& inspection_;
     References references_;
+    std::set<const Given*> unknown_;  ///< handles that no target has
+    std::map<std::pair<TargetKind, std::string>, std::set<std::int64_t>>
+        unread_;                        ///< handles on lines that are not read, by module
     std::set<const Given*> notServed_;  ///< media modes that have been told not to be served
 };
 

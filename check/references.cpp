@@ -32,6 +32,11 @@ bool IsTrue(const Given* given) {
            std::string_view("1yYtT").find(given->text[0]) != std::string_view::npos;
 }
 
+/// Whether a rule is about targets with the same parent as its own section.
+bool IsSibling(const HandleRule& rule) {
+    return rule.parent != nullptr && std::string_view(rule.parent) == ".";
+}
+
 /// A key's name with the last character of another in place of a '?' at its end.
 std::string Numbered(const char* key, std::string_view like) {
     std::string name(key);
@@ -181,11 +186,15 @@ const std::vector<Target>& References::Targets(TargetKind kind, const char* modu
     return targets;
 }
 
+const Given* References::ParentOf(const HandleRule& rule, const Given& given) const {
+    return rule.parent == nullptr || IsSibling(rule)
+               ? nullptr
+               : Beside(given, Numbered(rule.parent, given.key));
+}
+
 std::vector<const Target*> References::TargetsOf(const HandleRule& rule, const Given& given) const {
-    const bool isSibling = rule.parent != nullptr && std::string_view(rule.parent) == ".";
-    const Given* parent = rule.parent == nullptr || isSibling
-                              ? nullptr
-                              : Beside(given, Numbered(rule.parent, given.key));
+    const bool isSibling = IsSibling(rule);
+    const Given* parent = ParentOf(rule, given);
     const std::optional<std::int64_t> wanted = parent == nullptr ? std::nullopt : NumberOf(*parent);
     std::vector<const Target*> targets;
     for (const Target& target : Targets(rule.target, rule.targetModule)) {

@@ -46,6 +46,10 @@ public:
     /// The key of the same section; null when it is not there.
     const Given* Beside(const Given& given, std::string_view key) const;
 
+    /// The key of the same section that names the parent of what a key names; null when the rule
+    /// has none, and when it is not there.
+    const Given* ParentOf(const HandleRule& rule, const Given& given) const;
+
     /// Whether a rule applies to its key: the part is enabled, and bound to the right module.
     bool Counts(const HandleRule& rule, const Given& given) const;
 

@@ -5,6 +5,7 @@
 
 #include "check/inspection.h"
 #include "check/known_keys.h"
+#include "check/lost_module.h"
 #include "check/unread_reason.h"
 #include "diagnostics/places.h"
 
@@ -197,7 +198,7 @@ private:
             const std::vector<std::string> keys = KeysOfAllLines();
             const bool isMistyped = IsMistyped(module, keys);
             isRead = isRead || isMistyped;
-            if (!isMistyped && !file_.isDirectory) {
+            if (!isMistyped && !file_.isDirectory && !IsUtf16(ini_.bytes())) {
                 TellEmpty(module, keys);
             }
         }
@@ -322,8 +323,18 @@ private:
                              "from here on, sections are those of " + Quoted(foreign_) +
                                  ", and not read for " + Quoted(modules_.front()) +
                                  "; are two files swapped?");
+            MarkForeign();
         }
         isForeignTold_ = true;
+    }
+
+    /// The other module's sections are told: what they say is not this module's, either.
+    void MarkForeign() {
+        for (const Line& line : ini_.lines()) {
+            if (line.kind == LineKind::kValue && KnowsSection(foreign_, ini_.SectionOf(line))) {
+                inspection_.MarkBad(line);
+            }
+        }
     }
 
     void TellUnreadSection(const Block& block, Fate fate) {

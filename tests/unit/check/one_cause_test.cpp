@@ -1,0 +1,106 @@
+// Mistakes in a whole product: what follows from one is not told as well.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "check/check.h"
+#include "diagnostics/report.h"
+#include "unit/check/small_product.h"
+
+namespace paramgen::check {
+namespace {
+
+using paramgen::testing::TempDir;
+using testing::Files;
+
+Files Example() {
+    const std::filesystem::path tree = std::filesystem::path(PARAMGEN_EXAMPLES) / "dashcam";
+    Files files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(tree)) {
+        if (entry.path().extension() == ".ini") {
+            std::ostringstream text;
+            text << std::ifstream(entry.path()).rdbuf();
+            files[std::filesystem::relative(entry.path(), tree).string()] = text.str();
+        }
+    }
+    return files;
+}
+
+/// "file:line id" of everything that is found in the example when it is changed like this.
+std::vector<std::string> FoundIn(const std::function<void(Files&)>& change) {
+    Files files = Example();
+    change(files);
+    const TempDir directory;
+    testing::Write(files, directory);
+    const paramgen::testing::WorkingDirectory inside(directory.path());
+    std::vector<std::string> found;
+    for (const diagnostics::Finding& finding : Check(".", {}).findings) {
+        found.push_back(finding.place.file + ":" + std::to_string(finding.place.line) + " " +
+                        std::string(RuleOf(finding.id).name));
+    }
+    return found;
+}
+
+using Found = std::vector<std::string>;
+
+/// Replaces the first `from`.
+void Replace(std::string* text, const std::string& from, const std::string& to) {
+    const std::size_t at = text->find(from);
+    ASSERT_NE(at, std::string::npos) << from;
+    text->replace(at, from.size(), to);
+}
+
+TEST(OneCause, TwoFilesOfNearlyTheSameSectionsSwapped) {
+    const auto swap = [](Files& files) {
+        files["workmode/photo.ini"].swap(files["workmode/record.ini"]);
+    };
+    EXPECT_EQ(FoundIn(swap), (Found{"workmode/photo.ini:10 unknown-section",
+                                    "workmode/record.ini:23 unknown-section"}));
+}
+
+TEST(OneCause, ASectionWithAnotherOnesNumber) {
+    // The fourth encoder replaces the third, whose handle is 2; [venc.4] is not read then.
+    const auto renumber = [](Files& files) {
+        std::string& pipeline = files["camera/cam0_comm_record.ini"];
+        Replace(&pipeline, "[venc.3]", "[venc.2]");
+        Replace(&pipeline, "[venc.3.intraRefresh]", "[venc.2.intraRefresh]");
+    };
+    EXPECT_EQ(FoundIn(renumber), (Found{"camera/cam0_comm_record.ini:288 duplicate-key",
+                                        "camera/cam0_comm_record.ini:300 duplicate-key",
+                                        "camera/cam0_comm_record.ini:306 unread-key",
+                                        "camera/cam0_comm_record.ini:318 unread-key"}));
+}
+
+TEST(OneCause, AHandleThatNobodyHasIsToldWhenItIsWrittenNowhere) {
+    const auto remove = [](Files& files) {
+        Replace(&files["workmode/record.ini"], "thumbnail_hdl = 3", "thumbnail_hdl = 7");
+    };
+    EXPECT_EQ(FoundIn(remove), Found{"workmode/record.ini:23 handle-unknown"});
+}
+
+TEST(OneCause, AnUnknownParentOfAHandle) {
+    const auto change = [](Files& files) {
+        Replace(&files["workmode/record.ini"], "vpsshdl       = 0", "vpsshdl       = 7");
+    };
+    EXPECT_EQ(FoundIn(change), Found{"workmode/record.ini:20 handle-unknown"});
+}
+
+TEST(OneCause, AWideFileWithoutAMark) {
+    const auto widen = [](Files& files) {
+        std::string wide;
+        for (const char c : files["devmng.ini"]) {
+            wide += {c, '\0'};
+        }
+        files["devmng.ini"] = wide;
+    };
+    EXPECT_EQ(FoundIn(widen), Found{"devmng.ini:1 encoding"});
+}
+
+}  // namespace
+}  // namespace paramgen::check
