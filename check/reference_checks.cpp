@@ -298,6 +298,12 @@ private:
             return;  // told already
         }
         const std::vector<const Given*> values = ValuesOf(menu.c_str());
+        const bool isNumber = References::NumberOf(given).has_value();
+        if (std::any_of(values.begin(), values.end(), [&](const Given* value) {
+                return References::NumberOf(*value).has_value() != isNumber;
+            })) {
+            return;  // one of them should be a number and is none, which is told
+        }
         const bool isOffered = std::any_of(values.begin(), values.end(), [&](const Given* value) {
             return IsSame(given, *value);
         });

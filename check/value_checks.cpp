@@ -1,5 +1,8 @@
 // Values that are stored differently from how they are written.
 
+#include <algorithm>
+#include <limits>
+
 #include "check/inspection.h"
 #include "check/known_names.h"
 #include "check/number_text.h"
@@ -104,8 +107,10 @@ private:
 
     void TellSuffix(const ReadValue& value, const NumberText& number) {
         Finding* finding = TellTrailing(value, number.end);
+        const std::size_t suffix =
+            std::min(value.text.find_first_not_of(" \t", number.end), value.text.size());
         const std::optional<std::int64_t> meant =
-            ScaledNumber(number.value, value.text.substr(number.end), value.Unit());
+            ScaledNumber(number.value, value.text.substr(suffix), value.Unit());
         if (finding != nullptr && meant.has_value()) {
             finding->suggestion = std::to_string(*meant);
         }
@@ -132,8 +137,12 @@ private:
         }
     }
 
+    /// A hexadecimal number as decimal; empty when it would not be read.
     static std::string AsDecimal(const std::string& text) {
-        return std::to_string(std::strtoll(text.c_str(), nullptr, 16));
+        const std::int64_t number = std::strtoll(text.c_str(), nullptr, 16);
+        const bool fits = number <= std::numeric_limits<std::int32_t>::max() &&
+                          number >= std::numeric_limits<std::int32_t>::min();
+        return fits ? std::to_string(number) : "";
     }
 
     void CheckWidth(const ReadValue& value, std::int64_t number) {

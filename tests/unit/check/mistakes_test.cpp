@@ -126,6 +126,10 @@ TEST(Mistakes, NumbersWithLettersBehindThem) {
         {"12M", "'M' behind the number is dropped; 12 is left; did you mean '12000'?"},
         {"12Mbit/s", "'Mbit/s' behind the number is dropped; 12 is left; did you mean '12000'?"},
         {"800k", "'k' behind the number is dropped; 800 is left; did you mean '800'?"},
+        {"12 Mbit/s", "' Mbit/s' behind the number is dropped; 12 is left; did you mean '12000'?"},
+        {"'12 '", "' ' behind the number is dropped; 12 is left"},
+        {"0x7fffffff", "'0x7fffffff' is read as decimal, that is 0; did you mean '2147483647'?"},
+        {"0xffffffff", "'0xffffffff' is read as decimal, that is 0"},
         {"12m", "'m' behind the number is dropped; 12 is left"},
         {"9000G", "'G' behind the number is dropped; 9000 is left"},
     };

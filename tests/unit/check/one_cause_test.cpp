@@ -91,6 +91,23 @@ TEST(OneCause, AnUnknownParentOfAHandle) {
     EXPECT_EQ(FoundIn(change), Found{"workmode/record.ini:20 handle-unknown"});
 }
 
+TEST(OneCause, AChoiceOfAMenuThatIsNoNumber) {
+    const auto set = [](const std::string& value) {
+        return FoundIn([&](Files& files) {
+            Replace(&files["devmng.ini"], "sensitivity = 2", "sensitivity = " + value);
+        });
+    };
+    EXPECT_EQ(set("two"), Found{"devmng.ini:19 not-a-number"});
+    EXPECT_EQ(set(""), Found{"devmng.ini:19 not-a-number"});
+    EXPECT_EQ(set("7"), Found{"devmng.ini:19 not-offered"});
+    const auto spoil = [](Files& files) {
+        std::string& menus = files["valueset.ini"];
+        const std::size_t menu = menus.find("[drive_sensitivity]");
+        menus.replace(menus.find("2\n", menus.find("value2", menu)), 1, "two");
+    };
+    EXPECT_EQ(FoundIn(spoil), Found{"valueset.ini:138 not-a-number"});
+}
+
 TEST(OneCause, AWideFileWithoutAMark) {
     const auto widen = [](Files& files) {
         std::string wide;
