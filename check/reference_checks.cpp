@@ -293,16 +293,34 @@ private:
         });
     }
 
+    /// Whether a menu has a value on a line that is not read.
+    bool IsOnUnreadLine(const Given& given, const std::string& menu) const {
+        const tree::Module* module = inspection_.product().FindModule(kMenuModule);
+        if (module == nullptr) {
+            return false;
+        }
+        const tree::IniFile& ini = *module->file->ini;
+        return std::any_of(ini.lines().begin(), ini.lines().end(), [&](const tree::Line& line) {
+            return line.kind == tree::LineKind::kValue && ini.TextOf(line.value) == given.text &&
+                   layout::MatchesWildcards("value*", ini.TextOf(line.name)) &&
+                   tree::LowerCase(ini.SectionOf(line)) == tree::LowerCase(menu) &&
+                   IsToldAsUnread(*module, line);
+        });
+    }
+
     void CheckOffered(const Given& given, const std::string& menu) {
         if (notServed_.contains(&given)) {
             return;  // told already
         }
         const std::vector<const Given*> values = ValuesOf(menu.c_str());
-        const bool isNumber = References::NumberOf(given).has_value();
-        if (std::any_of(values.begin(), values.end(), [&](const Given* value) {
-                return References::NumberOf(*value).has_value() != isNumber;
-            })) {
-            return;  // one of them should be a number and is none, which is told
+        const NumberText number = ReadNumber(given.text);
+        const bool isMixed = std::any_of(values.begin(), values.end(), [&](const Given* value) {
+            return References::NumberOf(*value).has_value() != number.isNumber;
+        });
+        const bool isCut = number.isNumber && number.end != given.text.size();
+        if (isMixed || (isCut && inspection_.IsOn(RuleId::kTrailingText)) ||
+            IsOnUnreadLine(given, menu)) {
+            return;  // that is told
         }
         const bool isOffered = std::any_of(values.begin(), values.end(), [&](const Given* value) {
             return IsSame(given, *value);

@@ -258,8 +258,14 @@ private:
             return;
         }
         std::vector<Fate> fates = block.fates;
-        if (pastedOver_.contains(block.keys.front()->section)) {
-            std::replace(fates.begin(), fates.end(), Fate::kUnread, Fate::kSilent);
+        const bool isReplaced = pastedOver_.contains(block.keys.front()->section);
+        for (std::size_t i = 0; i < fates.size(); ++i) {
+            const Line& line = *block.keys[i];
+            const bool isTold =
+                fates[i] == Fate::kUnread &&
+                (isReplaced || HasWrongCount(inspection_, modules_, ini_.SectionOf(line),
+                                             ini_.TextOf(line.name)));
+            fates[i] = isTold ? Fate::kSilent : fates[i];
         }
         const auto areAll = [&](Fate fate) {
             return std::all_of(fates.begin(), fates.end(), [=](Fate each) { return each == fate; });

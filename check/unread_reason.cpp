@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "check/number_text.h"
+
 namespace paramgen::check {
 namespace {
 
@@ -23,6 +25,23 @@ bool Holds(const Inspection& inspection, const std::string& module, const Condit
     return true;
 }
 
+/// The first condition of a known key that is not met; null when there is none.
+const Condition* FirstUnmet(const Inspection& inspection, const std::vector<std::string>& modules,
+                            std::string_view section, std::string_view key) {
+    for (const std::string& module : modules) {
+        const layout::Key* known = layout::FindKey(module, section, key);
+        if (known == nullptr || known->values.empty()) {
+            continue;
+        }
+        for (const Condition& condition : known->values.front()->conditions) {
+            if (!Holds(inspection, module, condition)) {
+                return &condition;
+            }
+        }
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 std::uint32_t WordAt(const Inspection& inspection, std::uint32_t offset) {
@@ -36,22 +55,34 @@ std::uint32_t WordAt(const Inspection& inspection, std::uint32_t offset) {
 
 std::string UnreadReason(const Inspection& inspection, const std::vector<std::string>& modules,
                          std::string_view section, std::string_view key) {
-    for (const std::string& module : modules) {
-        const layout::Key* known = layout::FindKey(module, section, key);
-        if (known == nullptr || known->values.empty()) {
-            continue;
-        }
-        for (const Condition& condition : known->values.front()->conditions) {
-            if (!Holds(inspection, module, condition)) {
-                const std::string words = layout::Words(condition);
-                const bool isCounted = condition.kind == ConditionKind::kCounted;
-                return "only " + words +
-                       (isCounted ? "; it is " + std::to_string(WordAt(inspection, condition.count))
-                                  : "");
-            }
-        }
+    const Condition* condition = FirstUnmet(inspection, modules, section, key);
+    if (condition == nullptr) {
+        return "nothing in this tree asks for it";
     }
-    return "nothing in this tree asks for it";
+    const bool isCounted = condition->kind == ConditionKind::kCounted;
+    return "only " + layout::Words(*condition) +
+           (isCounted ? "; it is " + std::to_string(WordAt(inspection, condition->count)) : "");
+}
+
+bool HasWrongCount(const Inspection& inspection, const std::vector<std::string>& modules,
+                   std::string_view section, std::string_view key) {
+    const Condition* condition = FirstUnmet(inspection, modules, section, key);
+    const layout::Value* count = condition == nullptr || condition->kind != ConditionKind::kCounted
+                                     ? nullptr
+                                     : layout::ValueAt(condition->count);
+    if (count == nullptr || !count->HasKey()) {
+        return false;
+    }
+    return std::any_of(count->modules.begin(), count->modules.end(), [&](layout::Name name) {
+        const tree::Module* module = inspection.product().FindModule(name);
+        const tree::Line* line = module == nullptr
+                                     ? nullptr
+                                     : module->file->ini->Find(count->section + ":" + count->key);
+        return line != nullptr && line->kind == tree::LineKind::kValue &&
+               (inspection.IsBad(*line) ||
+                (inspection.IsOn(diagnostics::RuleId::kNotANumber) &&
+                 !ReadNumber(module->file->ini->TextOf(line->value)).isNumber));
+    });
 }
 
 }  // namespace paramgen::check

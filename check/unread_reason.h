@@ -13,6 +13,10 @@ namespace paramgen::check {
 std::string UnreadReason(const Inspection& inspection, const std::vector<std::string>& modules,
                          std::string_view section, std::string_view key);
 
+/// Whether a known key is not read only because of a count that is wrong itself, which is told.
+bool HasWrongCount(const Inspection& inspection, const std::vector<std::string>& modules,
+                   std::string_view section, std::string_view key);
+
 /// The number at `offset` of the image that the last run made, as it is stored.
 std::uint32_t WordAt(const Inspection& inspection, std::uint32_t offset);
 

@@ -108,6 +108,29 @@ TEST(OneCause, AChoiceOfAMenuThatIsNoNumber) {
     EXPECT_EQ(FoundIn(spoil), Found{"valueset.ini:138 not-a-number"});
 }
 
+TEST(OneCause, ACountThatIsWrong) {
+    const auto set = [](const std::string& file, const std::string& from, const std::string& to) {
+        return FoundIn([&](Files& files) { Replace(&files[file], from, to); });
+    };
+    EXPECT_EQ(set("workmode/record.ini", "osdcnt      = 4", "osdcnt = 99999999999"),
+              Found{"workmode/record.ini:76 number-out-of-range"});
+    EXPECT_EQ(set("workmode/record.ini", "osdcnt      = 4", "osdcnt = four"),
+              Found{"workmode/record.ini:76 not-a-number"});
+    EXPECT_EQ(set("valueset.ini", "[drive_sensitivity]\nnum = 4", "[drive_sensitivity]\nnum = -1"),
+              Found{"valueset.ini:132 count-too-large"});
+    EXPECT_EQ(set("valueset.ini", "[drive_sensitivity]\nnum = 4", "[drive_sensitivity]\nnum = 2"),
+              (Found{"valueset.ini:137 unread-key", "valueset.ini:138 unread-key",
+                     "valueset.ini:139 unread-key", "valueset.ini:140 unread-key"}))
+        << "the menu does not offer 2, which is written there";
+}
+
+TEST(OneCause, AChoiceOfAMenuWithAUnit) {
+    const auto set = [](Files& files) {
+        Replace(&files["workmode/record.ini"], "split_time      = 180", "split_time = 3 min");
+    };
+    EXPECT_EQ(FoundIn(set), Found{"workmode/record.ini:29 trailing-text"});
+}
+
 TEST(OneCause, AWideFileWithoutAMark) {
     const auto widen = [](Files& files) {
         std::string wide;

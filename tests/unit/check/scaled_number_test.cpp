@@ -29,6 +29,16 @@ TEST(ScaledNumber, InTheUnitOfTheValue) {
     EXPECT_EQ(ScaledNumber(50, "%", "%"), 50);
 }
 
+TEST(ScaledNumber, OfTimes) {
+    EXPECT_EQ(ScaledNumber(3, "min", "s"), 180);
+    EXPECT_EQ(ScaledNumber(2, "s", "ms"), 2000);
+    EXPECT_EQ(ScaledNumber(1, "h", "ms"), 3'600'000);
+    EXPECT_EQ(ScaledNumber(5, "ms", "ms"), 5);
+    EXPECT_EQ(ScaledNumber(500, "ms", "s"), std::nullopt) << "less than one";
+    EXPECT_EQ(ScaledNumber(3, "min", "fps"), std::nullopt);
+    EXPECT_EQ(ScaledNumber(600, "h", "ms"), std::nullopt) << "beyond 32 bits";
+}
+
 TEST(ScaledNumber, NothingElseIsGuessed) {
     EXPECT_EQ(ScaledNumber(12, "", "kbit/s"), std::nullopt);
     EXPECT_EQ(ScaledNumber(12, "m", ""), std::nullopt);
