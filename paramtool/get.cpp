@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -17,46 +19,119 @@ struct GetOptions {
     std::string input;
 };
 
-/// Whether all values are those of one key.
-bool IsOneKey(const std::vector<const layout::Value*>& values) {
-    for (const layout::Value* value : values) {
-        if (NameOf(*value) != NameOf(*values.front())) {
-            return false;
-        }
+using ValueList = std::vector<const layout::Value*>;
+
+/// A key that names too much: exit status 2.
+[[noreturn]] void RefuseSeveral(const std::string& text, const std::set<std::string>& names) {
+    std::string list;
+    for (const std::string& name : names) {
+        list += "\n  " + name;
     }
-    return true;
+    throw output::UserError(text + list);
 }
 
-int TellSeveral(const std::string& key, const std::vector<const layout::Value*>& values) {
+/// The text that gives a value. What no key gives is shown all the same.
+std::string TextOf(const image::Image& bytes, const layout::Value& value) {
+    return image::KeyText(value, image::BytesOf(bytes, value))
+        .value_or(image::EntryOf(bytes, value).text);
+}
+
+/// The values whose key, or offset, `pattern` is. Those beyond their arrays have no bytes of their
+/// own, and count only where the image reaches them.
+ValueList ValuesInImage(const layout::KeyPattern& pattern, const image::Image& bytes) {
+    ValueList values = layout::Find(pattern);
+    if (values.empty() && !pattern.Offset()) {
+        for (const layout::Value& value : layout::SpilledValues()) {
+            if (pattern.Matches(value.module, value.section, value.key) &&
+                image::IsRead(bytes, value)) {
+                values.push_back(&value);
+            }
+        }
+    }
+    return values;
+}
+
+void RequireOneKey(const std::string& argument, const ValueList& values) {
     std::set<std::string> names;
     for (const layout::Value* value : values) {
         names.insert(NameOf(*value));
     }
-    Tell("paramtool: " + output::Shown(key) + " names " + std::to_string(names.size()) +
-         " keys, and one is needed:");
-    for (const std::string& name : names) {
-        Tell("  " + name);
+    if (names.size() > 1) {
+        RefuseSeveral(output::Shown(argument) + " names " + std::to_string(names.size()) +
+                          " keys, and one is needed:",
+                      names);
     }
-    return kWrongUse;
+}
+
+/// The text of a key in an image. A key that has several places, and not the same in all that are
+/// read, is refused: nothing can tell which is meant.
+std::string TextInImage(const std::string& argument, const layout::KeyPattern& pattern,
+                        const image::Image& bytes) {
+    ValueList values = ValuesInImage(pattern, bytes);
+    if (values.empty()) {
+        throw UnknownKey("there is no key " + output::Shown(argument));
+    }
+    RequireOneKey(argument, values);
+    const std::string first = TextOf(bytes, *values.front());
+    std::erase_if(values,
+                  [&](const layout::Value* value) { return !image::IsRead(bytes, *value); });
+    std::map<std::string, const layout::Value*> texts;
+    for (const layout::Value* value : values) {
+        texts.emplace(TextOf(bytes, *value), value);
+    }
+    if (texts.size() > 1) {
+        std::set<std::string> list;
+        for (const auto& [text, value] : texts) {
+            list.insert("@" + std::to_string(value->offset) + ": " + output::Shown(text));
+        }
+        RefuseSeveral(output::Shown(argument) + " has places that differ, and one is needed:",
+                      list);
+    }
+    return texts.empty() ? first : texts.begin()->first;
+}
+
+/// The text of a key in a tree, as the image has it where the key has a place there.
+std::string TextInTree(const std::string& argument, const compile::Compilation& compilation) {
+    const layout::KeyName name = OneKey(argument);
+    const layout::Key& key = *layout::FindKey(name.module, name.section, name.key);
+    std::optional<std::string> withoutPlace;
+    for (const compile::Answer& answer : compilation.answers) {
+        if (answer.module != name.module || answer.key != name.section + ":" + name.key) {
+            continue;
+        }
+        const auto value =
+            std::find_if(key.values.begin(), key.values.end(), [&](const layout::Value* each) {
+                return answer.place && answer.place->offset == each->offset;
+            });
+        if (value != key.values.end()) {
+            return TextOf(compilation.image, **value);
+        }
+        withoutPlace = withoutPlace ? withoutPlace : answer.text;
+    }
+    if (withoutPlace) {
+        return *withoutPlace;
+    }
+    const bool hasBytes =
+        !key.values.empty() && layout::ValueAt(key.values.front()->offset) == key.values.front();
+    if (!hasBytes) {
+        throw UnknownKey(layout::Text(name) + " is not there, or not read with this tree's counts");
+    }
+    return TextOf(compilation.image, *key.values.front());
 }
 
 int RunGet(const GetOptions& options) {
-    const std::vector<const layout::Value*> values = layout::Find(ParseKey(options.key));
-    if (values.empty()) {
-        Tell("paramtool: there is no key " + output::Shown(options.key));
+    const layout::KeyPattern pattern = ParseKey(options.key);
+    const image::Input input = ReadInputAndTell(options.input);
+    try {
+        const std::string text = input.isTree && !pattern.Offset()
+                                     ? TextInTree(options.key, *input.compilation)
+                                     : TextInImage(options.key, pattern, input.image);
+        output::WriteResult(options.file, text + "\n");
+        return kAllWell;
+    } catch (const UnknownKey& unknown) {
+        Tell(std::string("paramtool: ") + unknown.what());
         return kFound;
     }
-    if (!IsOneKey(values)) {
-        return TellSeveral(options.key, values);
-    }
-    const image::Input input = ReadInputAndTell(options.input);
-    const layout::Value& value = *values.front();
-    // What no key gives is shown all the same.
-    const std::optional<std::string> text =
-        image::KeyText(value, image::BytesOf(input.image, value));
-    output::WriteResult(options.file,
-                        text.value_or(image::EntryOf(input.image, value).text) + "\n");
-    return kAllWell;
 }
 
 }  // namespace

@@ -102,6 +102,19 @@ void TellErrors(const std::string& tree) {
     Tell(text);
 }
 
+/// The module that a tree has a value from, of those that it may come from.
+std::string ModuleThatGives(const image::Input& input, const layout::Value& value) {
+    if (value.modules.size() > 1) {
+        for (const compile::Answer& answer : input.compilation->answers) {
+            if (answer.place && answer.place->offset == value.offset &&
+                answer.key == value.section + ":" + value.key) {
+                return answer.module;
+            }
+        }
+    }
+    return value.module;
+}
+
 }  // namespace
 
 image::Input ReadInputAndTell(const std::string& argument) {
@@ -123,21 +136,14 @@ image::PlaceOfKey PlacesIn(const image::Input& input) {
         return nullptr;
     }
     const auto read = std::make_shared<std::optional<tree::Product>>();
-    return [read, tree = input.argument](const layout::Value& value) -> std::string {
+    return [read, &input](const layout::Value& value) -> std::string {
         if (!read->has_value()) {
-            read->emplace(tree);  // only when there is something to place
+            read->emplace(input.argument);  // only when there is something to place
         }
-        const std::optional<tree::Product>& product = *read;
-        for (const layout::Name name : value.modules) {
-            const tree::Module* module = product->FindModule(name);
-            const tree::Line* line = module == nullptr
-                                         ? nullptr
-                                         : module->file->ini->Find(value.section + ":" + value.key);
-            if (line != nullptr) {
-                return module->file->shown + ":" + std::to_string(line->number);
-            }
-        }
-        return "";
+        const tree::Module* module = (*read)->FindModule(ModuleThatGives(input, value));
+        const tree::Line* line =
+            module == nullptr ? nullptr : module->file->ini->Find(value.section + ":" + value.key);
+        return line == nullptr ? "" : module->file->shown + ":" + std::to_string(line->number);
     };
 }
 

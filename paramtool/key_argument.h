@@ -47,7 +47,7 @@ layout::KeyName OneKey(const std::string& argument);
 /// `image::ReadInput` does.
 image::Input ReadInputAndTell(const std::string& argument);
 
-/// Tells where keys stand in a tree; null for an image.
+/// Tells where keys stand in a tree; null for an image. `input` has to live as long.
 image::PlaceOfKey PlacesIn(const image::Input& input);
 
 }  // namespace paramgen::paramtool

@@ -77,7 +77,8 @@ std::optional<std::string> AddKey(const IniFile& file, std::string_view key,
     const auto size = static_cast<std::uint32_t>(bytes.size());
     const std::size_t lastLine = bytes.rfind('\n');
     const auto beforeLast = static_cast<std::uint32_t>(lastLine == bytes.npos ? 0 : lastLine + 1);
-    const std::string end = file.lines().empty() ? "\n" : LineEnd(bytes, file.lines().back().text);
+    const std::string end =
+        LineEnd(bytes, file.lines().empty() ? Span{size, size} : file.lines().back().text);
     for (const std::string& spelling : Spellings(value)) {
         std::string alone = "[";
         alone.append(key.substr(0, colon)).append("]").append(end);

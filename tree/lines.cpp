@@ -77,7 +77,10 @@ std::optional<ChangedPart> ChangedValue(const IniFile& file, const Line& line,
 }
 
 std::string LineEnd(const std::string& bytes, Span text) {
-    const bool isWindows = text.end > text.begin && bytes[text.end - 1] == '\r';
+    const std::size_t next = bytes.find('\n', text.end);
+    const std::size_t newline = next == std::string::npos ? bytes.rfind('\n') : next;
+    const bool isWindows =
+        newline != std::string::npos && newline > 0 && bytes[newline - 1] == '\r';
     return isWindows ? "\r\n" : "\n";
 }
 

@@ -24,7 +24,8 @@ struct ChangedPart {
 std::optional<ChangedPart> ChangedValue(const IniFile& file, const Line& line,
                                         std::string_view value);
 
-/// What ends the line of `text`: "\r\n" or "\n".
+/// What ends the line of `text`: "\r\n" or "\n". A last line without an end gets that of the line
+/// before.
 std::string LineEnd(const std::string& bytes, Span text);
 
 /// One past the newline of the line of `text`; the end of the file when it has none.

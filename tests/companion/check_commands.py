@@ -108,6 +108,36 @@ def check_set_beside_linked_entry():
     require(" beside/../behind/devmng.ini " in out, out)
 
 
+def check_keys_of_several_places():
+    """A calibration's key has places in each media mode, which two modules give."""
+    shutil.copytree(EXAMPLE, "lens")
+    image_of("lens")
+    for number, value in (("0", "86"), ("1", "77")):
+        key = f"cam0_ldccfg_{number}/LDCV1Attr:xratio"
+        require(run("get", key, "lens")[0] == value + "\n", "the module's own value: " + key)
+    _, err = run("get", "LDCV1Attr:xratio", "lens", expect=2)
+    require("names 2 keys" in err and "cam0_ldccfg_1/LDCV1Attr:xratio" in err, err)
+    _, err = run("get", "LDCV1Attr:xratio", "lens/param.bin", expect=2)
+    require(err == "paramtool: LDCV1Attr:xratio has places that differ, and one is needed:\n"
+            "  @13488: 86\n  @20944: 77\n", err)
+    require(run("get", "@20944", "lens/param.bin")[0] == "77\n", "an offset names one place")
+    name = "QX_PARAM_MEDIAMODE_PHOTO_2160P"
+    require(run("get", "cam0_ldccfg_1/common:mediamode", "lens")[0] == name + "\n", "a key without a place")
+    run("get", "cam0_ldccfg_1/common:mediamode", "lens/param.bin", expect=1)
+    run("set", "lens", "cam0_ldccfg_1/LDCV1Attr:xratio=78")
+    out, _ = run("diff", "lens/param.bin", "lens", expect=1)
+    require(out == "cam0_ldccfg_*/LDCV1Attr:xratio: 77 -> 78 (lens/camera/ldc/ldc1_photo_2160p.ini:10) (5 places)\n", out)
+
+
+def check_key_beyond_its_array():
+    shutil.copytree(EXAMPLE, "beyond")
+    run("get", "cam.0.burst.type1:value31", "beyond", expect=1)
+    run("set", "beyond", "cam.0.burst.type1:num=32", "cam.0.burst.type1:value31=7")
+    require(run("get", "cam.0.burst.type1:value31", "beyond")[0] == "7\n", "get reads what was set")
+    image_of("beyond")
+    require(run("get", "cam.0.burst.type1:value31", "beyond/param.bin")[0] == "7\n", "also from its image")
+
+
 def check_decompile():
     image = image_of("product")
     run("decompile", "product/param.bin", "-o", "back")
@@ -163,7 +193,7 @@ def check_wrong_use():
     with open("short.bin", "wb") as file:
         file.write(b"x" * 29927)
     run("dump", "short.bin", expect=2)
-    run("get", "gsensor:sensitivty", "product", expect=1)
+    run("get", "gsensor:sensitivty", EXAMPLE, expect=1)
 
 
 with tempfile.TemporaryDirectory() as home:
@@ -173,6 +203,8 @@ with tempfile.TemporaryDirectory() as home:
     check_set()
     check_set_in_shared_file()
     check_set_beside_linked_entry()
+    check_keys_of_several_places()
+    check_key_beyond_its_array()
     check_decompile()
     nearest = run("identify", "product/param.bin", "fresh", "product")[0].splitlines()[3]
     require(nearest.split() == ["equal", "product"], "the nearest tree comes first: " + nearest)

@@ -59,6 +59,12 @@ TEST(Edit, AMissingSectionGoesToTheEndOfTheFile) {
     EXPECT_EQ(With("", "c.0:x", "2"), "[c.0]\nx = 2\n");
 }
 
+TEST(Edit, ALastLineWithoutAnEndGetsThatOfTheLineBefore) {
+    EXPECT_EQ(With("[a]\r\nb = 1", "a:x", "2"), "[a]\r\nb = 1\r\nx = 2\r\n");
+    EXPECT_EQ(With("[a]\r\nb = 1", "c:x", "2"), "[a]\r\nb = 1\r\n\r\n[c]\r\nx = 2\r\n");
+    EXPECT_EQ(With("; only this\r\n", "c:x", "2"), "; only this\r\n\r\n[c]\r\nx = 2\r\n");
+}
+
 TEST(Edit, ALastLineThatIsPassedOverStaysSo) {
     const std::string bytes = "[a]\nb = 1\nc = 2\\";
     const Bytes changed = With(bytes, "d:x", "3");
