@@ -62,20 +62,20 @@ public:
             SetIn(entry_, "module:module_num", number);
         }
         GiveFile(name, "");
+        // Two modules of one name that are both there end a run.
+        std::int32_t more = NumberOf(name, NumberOf(name, 1) + 1);
+        while (more != 0) {
+            Unlist(more);
+            more = NumberOf(name, more);
+        }
     }
 
     /// Takes a module out of the list, and its file out of the tree unless another module has it.
     void RemoveModule(const std::string& name) {
-        std::int32_t number = 1;
-        while (file(entry_).TextOf(file(entry_).Find(NumberKey(number))->value) != name) {
-            ++number;
+        const std::int32_t number = NumberOf(name, 1);
+        if (number != 0) {
+            Unlist(number);
         }
-        Replace(entry_, tree::WithoutKey(file(entry_), NumberKey(number)));
-        for (; number < moduleCount(); ++number) {
-            const std::string item = "module" + std::to_string(number);
-            Replace(entry_, tree::WithRenamedKey(file(entry_), NumberKey(number + 1), item));
-        }
-        SetIn(entry_, "module:module_num", std::to_string(--moduleCount()));
         Replace(entry_, tree::WithoutSection(file(entry_), name));
         const std::string path = paths_.at(name);
         paths_.erase(name);
@@ -122,6 +122,7 @@ public:
             Replace(path, tree::WithChanges(file(path), changes));
         }
         changes_.clear();
+        MendPaths();
         std::vector<TreeFile> files = {{.path = entry_, .bytes = file(entry_).bytes()}};
         for (const auto& [path, ini] : files_) {
             if (path != entry_) {
@@ -142,13 +143,75 @@ private:
 
     void GiveFile(const std::string& name, const std::string& bytes) {
         std::string path = name + ".ini";
-        while (files_.count(path) != 0) {
+        while (files_.count(path) != 0 || IsOfOther(name, path)) {
             path = "_" + path;
         }
         SetIn(entry_, name + ":path", "./");
         SetIn(entry_, name + ":cfg_filename", path);
         Replace(path, bytes);
         paths_[name] = path;
+    }
+
+    /// Whether the file of another module than `name` would lie at `path`, if it was there.
+    bool IsOfOther(const std::string& name, const std::string& path) const {
+        const auto isThis = [&](const tree::Module& module) {
+            return module.name != name && module.file != nullptr &&
+                   fs::path(module.file->inTree).lexically_normal() == path;
+        };
+        return std::any_of(product_.modules().begin(), product_.modules().end(), isThis);
+    }
+
+    /// The first number from `from` on under which a module is listed; 0 when there is none.
+    std::int32_t NumberOf(const std::string& name, std::int32_t from) {
+        for (std::int32_t number = from; number <= moduleCount(); ++number) {
+            const tree::Line* line = file(entry_).Find(NumberKey(number));
+            if (line != nullptr && file(entry_).TextOf(line->value) == name) {
+                return number;
+            }
+        }
+        return 0;
+    }
+
+    /// Takes a number out of the list; those behind it move up.
+    void Unlist(std::int32_t number) {
+        Replace(entry_, tree::WithoutKey(file(entry_), NumberKey(number)));
+        for (; number < moduleCount(); ++number) {
+            const std::string item = "module" + std::to_string(number);
+            Replace(entry_, tree::WithRenamedKey(file(entry_), NumberKey(number + 1), item));
+        }
+        SetIn(entry_, "module:module_num", std::to_string(--moduleCount()));
+    }
+
+    /// Whether a module's path in the entry file goes through a directory that the new tree lacks,
+    /// such as "./empty/../media".
+    bool IsBroken(const std::string& module, const std::set<std::string>& directories) const {
+        const tree::Line* line = file(entry_).Find(module + ":path");
+        if (line == nullptr || file(entry_).TextOf(line->value).find('/') == std::string::npos) {
+            return false;
+        }
+        fs::path path;
+        for (const fs::path& part : fs::path(file(entry_).TextOf(line->value))) {
+            path /= part;
+            const bool isName = !part.empty() && part != "." && part != "..";
+            if (isName && directories.count(path.lexically_normal().string()) == 0) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    void MendPaths() {
+        std::set<std::string> directories;
+        for (const auto& [path, ini] : files_) {
+            for (fs::path at = fs::path(path).parent_path(); !at.empty(); at = at.parent_path()) {
+                directories.insert(at.string());
+            }
+        }
+        for (const auto& [module, path] : paths_) {
+            if (IsBroken(module, directories)) {
+                SetIn(entry_, module + ":path", "./" + fs::path(path).parent_path().string());
+            }
+        }
     }
 
     /// The key that names a module in the entry file.

@@ -46,6 +46,9 @@ void Check(const fs::path& directory, Old old) {
 /// The directory by an absolute path, which a change of the working directory does not concern.
 /// Links are resolved when it is there, so that what they lead to is replaced.
 fs::path Absolute(const fs::path& directory) {
+    if (directory.empty()) {
+        throw output::UserError("the name of a directory cannot be empty");
+    }
     std::error_code error;
     const fs::path resolved = fs::canonical(directory, error);
     return error ? fs::absolute(directory) : resolved;

@@ -15,7 +15,7 @@ namespace {
 struct DecompileOptions {
     std::string input;
     std::string directory;
-    std::string like;
+    std::optional<std::string> like;
     bool all = false;
     bool minimal = false;
     bool lossy = false;
@@ -44,9 +44,7 @@ void TellLosses(const std::vector<decompile::Lost>& lost) {
 
 int RunDecompile(const DecompileOptions& options) {
     const image::Input input = ReadInputAndTell(options.input);
-    const decompile::Options wish = {
-        .all = options.all,
-        .like = options.like.empty() ? std::nullopt : std::optional(options.like)};
+    const decompile::Options wish = {.all = options.all, .like = options.like};
     const decompile::Decompiled result = decompile::Decompile(input.image, wish);
     decompile::WrittenTree tree(
         result.files, options.directory,

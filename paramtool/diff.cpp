@@ -74,9 +74,26 @@ std::string Result(const DiffOptions& options, const image::Input& before,
                                                : image::TextDiff(differences, style);
 }
 
+/// Whether there is something that `argument` names; says so when not.
+bool NamesSomething(const std::string& argument) {
+    const KeyFilter filter({argument});
+    const std::span<const layout::Value> values = layout::Values();
+    const bool names = std::any_of(values.begin(), values.end(), [&](const layout::Value& value) {
+        return filter.Matches(value);
+    });
+    if (!names) {
+        Tell("paramtool: no value matches " + filter.Shown());
+    }
+    return names;
+}
+
 int RunDiff(const DiffOptions& options) {
     const image::Input before = ReadInputAndTell(options.before);
     const image::Input after = ReadInputAndTell(options.after);
+    // A comparison of nothing would find no differences.
+    if (!std::all_of(options.only.begin(), options.only.end(), NamesSomething)) {
+        return kFound;
+    }
     std::vector<image::Difference> differences = image::Differences(before, after);
     const std::size_t ignored = Filter(options, &differences);
     options.result.Write(Result(options, before, after, differences));

@@ -185,6 +185,21 @@ def check_explain():
     require(f"referred to by  {key} (" in out, out)
 
 
+def check_empty_names():
+    """As from a variable of a shell that is not set."""
+    for command in (["init", ""], ["decompile", EXAMPLE, "-o", ""]):
+        _, err = run(*command, expect=2)
+        require(err == "paramtool: the name of a directory cannot be empty\n", err)
+    run("decompile", EXAMPLE, "--like", "", "-o", "unlike", expect=2)
+    require(not os.path.exists("unlike"), "there is no tree of no name to be like")
+
+
+def check_diff_of_nothing():
+    """A misspelled key must not make a comparison pass."""
+    _, err = run("diff", EXAMPLE, "fresh", "--only", "gsensor:sensitivity", "--only", "gsensor:sensitivty", expect=1)
+    require(err == "paramtool: no value matches gsensor:sensitivty\n", err)
+
+
 def check_wrong_use():
     _, err = run("chekc", "product", expect=2)
     require("no command 'chekc'; did you mean 'check'?" in err, err)
@@ -211,4 +226,6 @@ with tempfile.TemporaryDirectory() as home:
     require(run("diff", "product/param.bin", "product")[0] == "", "a tree makes its image")
     check_deps()
     check_explain()
+    check_empty_names()
+    check_diff_of_nothing()
     check_wrong_use()

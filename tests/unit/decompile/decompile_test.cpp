@@ -239,6 +239,58 @@ TEST(Decompile, LikeATreeThatListsAModuleWithoutAFileListsItOnce) {
     EXPECT_EQ(FileOf(result, "cam0_mediamode1"), "[vpss.0]\nmax_width = 1920\n");
 }
 
+/// The image of a product that has a media mode.
+image::Image ImageWithAMode() {
+    ProductTree wanted = SmallestProduct();
+    wanted.Set("cam0_mediamode1", "vpss.0:max_width", "1920");
+    return Compiled(wanted);
+}
+
+/// Writes a tree whose entry file ends in `lines`, which may count and list further modules.
+void WriteWithEntry(const ProductTree& tree, const TempDir& directory, const std::string& lines) {
+    tree.WriteTo(directory);
+    const std::string name = "config_cfgaccess_entry.ini";
+    const std::string entry = paramgen::testing::ReadFile((directory.path() / name).string());
+    directory.Write(name, entry + lines);
+}
+
+TEST(Decompile, LikeATreeThatListsAModuleTwiceWithoutAFileListsItOnce) {
+    const TempDir directory;
+    WriteWithEntry(SmallestProduct(), directory,
+                   "[module]\nmodule_num = 12\nmodule11 = cam0_mediamode1\n"
+                   "module12 = cam0_mediamode1\n[cam0_mediamode1]\ncfg_filename = gone.ini\n");
+    const Decompiled result =
+        Back(ImageWithAMode(), {.all = false, .like = directory.path().string()});
+    EXPECT_THAT(result.files.front().bytes, HasSubstr("module_num = 11\n"));
+    EXPECT_THAT(result.files.front().bytes, Not(HasSubstr("module12")));
+}
+
+TEST(Decompile, LikeATreeTheFileOfANewModuleIsNotThatOfAnother) {
+    const TempDir directory;
+    WriteWithEntry(
+        SmallestProduct(), directory,
+        "[module]\nmodule_num = 11\nmodule11 = cam0_mediamode2\n"
+        "[cam0_mediamode2]\ncfg_filename = cam0_mediamode1.ini\n");  // which is not there
+    const Decompiled result =
+        Back(ImageWithAMode(), {.all = false, .like = directory.path().string()});
+    EXPECT_TRUE(HasFile(result, "_cam0_mediamode1.ini"));
+}
+
+TEST(Decompile, LikeATreeWithAPathThroughADirectoryThatHoldsNoFile) {
+    const TempDir directory;
+    std::filesystem::create_directory(directory.path() / "empty");
+    std::filesystem::create_directory(directory.path() / "media");
+    ProductTree tree = SmallestProduct();
+    tree.AddModule("cam0_mediamode1");
+    WriteWithEntry(tree, directory, "[cam0_mediamode1]\npath = ./empty/../media ; here\n");
+    std::filesystem::rename(directory.path() / "cam0_mediamode1.ini",
+                            directory.path() / "media/cam0_mediamode1.ini");
+    const Decompiled result =
+        Back(ImageWithAMode(), {.all = false, .like = directory.path().string()});
+    EXPECT_TRUE(HasFile(result, "media/cam0_mediamode1.ini"));
+    EXPECT_THAT(result.files.front().bytes, HasSubstr("path = ./media ; here\n"));
+}
+
 TEST(Decompile, LikeATreeWithTwoCalibrationsForOneModeMakesTwoForTwo) {
     ProductTree wanted = SmallestProduct();
     wanted.Set("cam0_mediamode0", "common:mediamode", "QX_PARAM_MEDIAMODE_1080P_30");
