@@ -78,14 +78,14 @@ output::Json JsonOf(const Self& self, const std::vector<Distance>& distances) {
 int RunIdentify(const IdentifyOptions& options) {
     const image::Input input = ReadInputAndTell(options.image);
     std::vector<Distance> distances;
-    bool isRefused = false;
+    bool isLeftOut = false;
     for (const std::string& tree : options.trees) {
         try {
             distances.push_back(
                 {.tree = tree, .keys = image::Differences(input, image::ReadInput(tree)).size()});
-        } catch (const image::RefusedTree& refused) {
-            Tell(std::string("paramtool: ") + refused.what());
-            isRefused = true;
+        } catch (const std::runtime_error& error) {  // refused, or no tree at all
+            Tell(std::string("paramtool: ") + error.what());
+            isLeftOut = true;
         }
     }
     std::stable_sort(distances.begin(), distances.end(),
@@ -93,7 +93,7 @@ int RunIdentify(const IdentifyOptions& options) {
     const Self self = SelfOf(input.image);
     options.result.Write(options.result.format == "json" ? output::Dumped(JsonOf(self, distances))
                                                          : TextOf(self, distances));
-    if (isRefused) {
+    if (isLeftOut) {
         return kWrongUse;
     }
     return !distances.empty() && distances.front().keys == 0 ? kAllWell : kFound;

@@ -223,6 +223,8 @@ with tempfile.TemporaryDirectory() as home:
     check_decompile()
     nearest = run("identify", "product/param.bin", "fresh", "product")[0].splitlines()[3]
     require(nearest.split() == ["equal", "product"], "the nearest tree comes first: " + nearest)
+    out, err = run("identify", "product/param.bin", "no-tree", "product", expect=2)
+    require("equal  product" in out and "no-tree: No such file" in err, "what cannot be compared is left out: " + out)
     require(run("diff", "product/param.bin", "product")[0] == "", "a tree makes its image")
     check_deps()
     check_explain()
