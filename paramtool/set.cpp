@@ -67,6 +67,7 @@ public:
             throw Refused("the tree has no module " + output::Shown(name.module));
         }
         const std::string key = name.section + ":" + name.key;
+        RefuseOtherValue(assignment, key);
         const tree::IniFile& file = FileOf(*module);
         const std::optional<std::string> bytes = tree::WithKey(file, key, assignment.value);
         if (!bytes) {
@@ -137,6 +138,15 @@ private:
         const tree::FoundFile* file = nullptr;
         std::unique_ptr<tree::IniFile> ini;
     };
+
+    /// Of two values for one line, that of a file shared by modules too, only one can be set.
+    void RefuseOtherValue(const Assignment& assignment, const std::string& key) const {
+        const auto earlier = pretence_.texts.find({assignment.name.module, key});
+        if (earlier != pretence_.texts.end() && earlier->second != assignment.value) {
+            throw Refused(layout::Text(assignment.name) + " cannot be '" +
+                          output::Shown(assignment.value) + "': its line is set to something else");
+        }
+    }
 
     const tree::IniFile& FileOf(const tree::Module& module) const {
         const auto changed = files_.find(RealPath(*module.file));

@@ -108,6 +108,21 @@ def check_set_beside_linked_entry():
     require(" beside/../behind/devmng.ini " in out, out)
 
 
+def check_set_to_two_values():
+    """All is done that is asked for, or nothing: a line cannot have two values."""
+    shutil.copytree(EXAMPLE, "two")
+    entry = text_of("two/config_cfgaccess_entry.ini").replace("mode1_1440p_30_wdr.ini", "mode0_2160p_30.ini")
+    with open("two/config_cfgaccess_entry.ini", "w", encoding="utf-8") as file:
+        file.write(entry)
+    before = text_of("two/camera/mediamode/mode0_2160p_30.ini")
+    for first, second in (("cam0_mediamode0", "cam0_mediamode0"), ("cam0_mediamode0", "cam0_mediamode1")):
+        _, err = run("set", "two", f"{first}/vpss.0:max_width=1000", f"{second}/vpss.0:max_width=1001", expect=1)
+        require(err == f"paramtool: {second}/vpss.0:max_width cannot be '1001': its line is set to something else; "
+                "nothing is changed\n", err)
+    require(text_of("two/camera/mediamode/mode0_2160p_30.ini") == before, "what is refused changes nothing")
+    run("set", "two", "cam0_mediamode0/vpss.0:max_width=1000", "cam0_mediamode1/vpss.0:max_width=1000")
+
+
 def check_keys_of_several_places():
     """A calibration's key has places in each media mode, which two modules give."""
     shutil.copytree(EXAMPLE, "lens")
@@ -218,6 +233,7 @@ with tempfile.TemporaryDirectory() as home:
     check_set()
     check_set_in_shared_file()
     check_set_beside_linked_entry()
+    check_set_to_two_values()
     check_keys_of_several_places()
     check_key_beyond_its_array()
     check_decompile()
