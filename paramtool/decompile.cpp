@@ -42,10 +42,20 @@ void TellLosses(const std::vector<decompile::Lost>& lost) {
          " that no tree makes");
 }
 
+/// The tree of an image. A tree behind --like that is refused is told with its errors.
+decompile::Decompiled TreeOf(const image::Image& image, const decompile::Options& wish) {
+    try {
+        return decompile::Decompile(image, wish);
+    } catch (const image::RefusedTree&) {
+        ReadInputAndTell(*wish.like);
+        throw;
+    }
+}
+
 int RunDecompile(const DecompileOptions& options) {
     const image::Input input = ReadInputAndTell(options.input);
     const decompile::Options wish = {.all = options.all, .like = options.like};
-    const decompile::Decompiled result = decompile::Decompile(input.image, wish);
+    const decompile::Decompiled result = TreeOf(input.image, wish);
     decompile::WrittenTree tree(
         result.files, options.directory,
         options.force ? decompile::Old::kReplaced : decompile::Old::kNoneUnlessForced);

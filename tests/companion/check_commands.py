@@ -176,8 +176,9 @@ def check_deps():
     os.remove("product/devmng.ini")
     out, _ = run("deps", "product")
     require("\n  product \\\n" in out and "devmng.ini" not in out, out)
-    _, err = run("dump", "product", expect=2)
-    require("error:" in err and "devmng" in err, err)
+    for command in (["dump", "product"], ["decompile", EXAMPLE, "--like", "product", "-o", "like"]):
+        _, err = run(*command, expect=2)
+        require("error:" in err and "devmng" in err and "paramgen refuses this tree" in err, err)
 
 
 def check_explain():
