@@ -186,7 +186,7 @@ void TellUnreadable(Inspection* inspection, const tree::Module& module, Severity
     finding.message = "the file of " + Quoted(module.name) + ", " + Quoted(module.file->shown) +
                       ", cannot be read";
     const std::string other = PathInOtherCase(module.file->shown);
-    if (!other.empty()) {
+    if (!other.empty() && std::filesystem::path(other) != module.file->shown) {
         finding.message += "; there is " + Quoted(other);
     }
     AddIgnoredPath(inspection, module, &finding);

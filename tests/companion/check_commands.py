@@ -6,6 +6,7 @@ Usage: check_commands.py PARAMTOOL PARAMGEN EXAMPLE.
 import json
 import os
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
@@ -181,6 +182,15 @@ def check_deps():
         require("error:" in err and "devmng" in err and "paramgen refuses this tree" in err, err)
 
 
+def check_file_that_cannot_be_read():
+    shutil.copytree(EXAMPLE, "locked")
+    os.remove("locked/valueset.ini")
+    with socket.socket(socket.AF_UNIX) as unreadable:
+        unreadable.bind("locked/valueset.ini")
+        out, _ = run("check", "locked", expect=1)
+    require("the file of 'valueset', 'locked/valueset.ini', cannot be read [module-unreadable]" in out, out)
+
+
 def check_explain():
     key = "workmode_record/photosource.0:venchdl"
     target = "cam0_comm_record/venc.2:venchdl"
@@ -244,6 +254,7 @@ with tempfile.TemporaryDirectory() as home:
     require("equal  product" in out and "no-tree: No such file" in err, "what cannot be compared is left out: " + out)
     require(run("diff", "product/param.bin", "product")[0] == "", "a tree makes its image")
     check_deps()
+    check_file_that_cannot_be_read()
     check_explain()
     check_empty_names()
     check_diff_of_nothing()
