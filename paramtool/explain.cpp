@@ -33,7 +33,8 @@ int TellNothing(const std::string& text) {
 }
 
 int RunExplain(const ExplainOptions& options) {
-    std::vector<Explanation> explanations = Explain(layout::Find(ParseKey(options.key)));
+    const layout::KeyPattern pattern = ParseKey(options.key);
+    std::vector<Explanation> explanations = Explain(layout::Find(pattern));
     if (explanations.empty()) {
         return TellNothing(options.key);
     }
@@ -42,7 +43,7 @@ int RunExplain(const ExplainOptions& options) {
         input = ReadInputAndTell(options.input);
         if (input->isTree) {
             const tree::Product product(options.input);
-            AddPlaces(product, &explanations);
+            AddPlaces(product, pattern, *input->compilation, &explanations);
             AddRelated(*input->compilation, &product, &explanations);
         } else {
             AddRelated(ReadBack(input->image), nullptr, &explanations);

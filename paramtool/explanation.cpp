@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "diagnostics/places.h"
 #include "image/entry.h"
@@ -165,6 +166,27 @@ std::optional<Setting> SettingOf(const tree::Product& product,
     return std::nullopt;
 }
 
+/// The modules of a value that the user means: those that are named, or the one that gives what
+/// lies at an offset.
+std::vector<layout::Name> ModulesMeant(const Value& value, const layout::KeyPattern& asked,
+                                       const compile::Compilation& run) {
+    const auto isMeant = [&](const layout::Name& module) {
+        if (!asked.Offset()) {
+            return asked.Matches(module, value.section, value.key);
+        }
+        const std::uint32_t start = layout::ValueAt(*asked.Offset())->offset;
+        const auto gives = [&](const compile::Answer& answer) {
+            return answer.place && answer.place->offset == start &&
+                   answer.module == std::string_view(module) &&
+                   answer.key == value.section + ":" + value.key;
+        };
+        return std::any_of(run.answers.begin(), run.answers.end(), gives);
+    };
+    std::vector<layout::Name> modules;
+    std::copy_if(value.modules.begin(), value.modules.end(), std::back_inserter(modules), isMeant);
+    return modules;
+}
+
 /// Whether a name is that of a key, in the spelling of loaders.
 bool IsKeyOf(const layout::KeyName& name, const Value& value) {
     return name.key == value.key && name.section == value.section &&
@@ -174,11 +196,13 @@ bool IsKeyOf(const layout::KeyName& name, const Value& value) {
 
 }  // namespace
 
-void AddPlaces(const tree::Product& product, std::vector<Explanation>* explanations) {
+void AddPlaces(const tree::Product& product, const layout::KeyPattern& asked,
+               const compile::Compilation& run, std::vector<Explanation>* explanations) {
     for (Explanation& explanation : *explanations) {
         const Value& value = *explanation.values.front();
+        const std::vector<layout::Name> modules = ModulesMeant(value, asked, run);
         const std::optional<Setting> setting =
-            SettingOf(product, value.modules, value.section, value.key);
+            SettingOf(product, modules, value.section, value.key);
         if (setting.has_value()) {
             explanation.place = setting->place;
             explanation.text = setting->text;

@@ -37,8 +37,10 @@ struct Explanation {
 /// Explains the values, key by key, in their order.
 std::vector<Explanation> Explain(const std::vector<const layout::Value*>& values);
 
-/// Adds where the tree sets each key.
-void AddPlaces(const tree::Product& product, std::vector<Explanation>* explanations);
+/// Adds where the tree sets each key that was asked for. `run` is that of the tree: of several
+/// modules it tells which one gives what lies at an offset.
+void AddPlaces(const tree::Product& product, const layout::KeyPattern& asked,
+               const compile::Compilation& run, std::vector<Explanation>* explanations);
 
 /// Adds the keys that each key refers to, and that refer to it, where `run` has read them.
 /// `product` is its tree; null when it has none.

@@ -209,6 +209,10 @@ def check_explain():
         require(("line" in found[0]) == (argument == "explained"), out)
     out, _ = run("explain", target, EXAMPLE)
     require(f"referred to by  {key} (" in out, out)
+    for lens in ("cam0_ldccfg_1/LDCV1Attr:xratio", "@20944"):
+        out, _ = run("explain", lens, EXAMPLE)
+        require(f"set      {EXAMPLE}/camera/ldc/ldc1_photo_2160p.ini:10:8 to '77'" in out, "the module's own: " + out)
+    require("set      nowhere" in run("explain", "@15352", EXAMPLE)[0], "no module gives this mode's")
 
 
 def check_empty_names():
