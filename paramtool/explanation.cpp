@@ -130,6 +130,7 @@ std::vector<Explanation> Explain(const std::vector<const Value*>& values) {
                             : nullptr;
         Explanation explanation;
         explanation.values = {value};
+        explanation.chosen = value;
         if (key != nullptr && !key->values.empty()) {
             explanation.values.assign(key->values.begin(), key->values.end());
         }
@@ -187,6 +188,21 @@ std::vector<layout::Name> ModulesMeant(const Value& value, const layout::KeyPatt
     return modules;
 }
 
+/// The first value of a key that one of `modules` gives in a run; null when none does.
+const Value* GivenBy(const std::vector<layout::Name>& modules, const Explanation& explanation,
+                     const compile::Compilation& run) {
+    const auto isGiven = [&](const Value* value) {
+        const auto gives = [&](const compile::Answer& answer) {
+            return answer.place && answer.place->offset == value->offset &&
+                   answer.key == value->section + ":" + value->key &&
+                   std::find(modules.begin(), modules.end(), answer.module) != modules.end();
+        };
+        return std::any_of(run.answers.begin(), run.answers.end(), gives);
+    };
+    const auto found = std::find_if(explanation.values.begin(), explanation.values.end(), isGiven);
+    return found == explanation.values.end() ? nullptr : *found;
+}
+
 /// Whether a name is that of a key, in the spelling of loaders.
 bool IsKeyOf(const layout::KeyName& name, const Value& value) {
     return name.key == value.key && name.section == value.section &&
@@ -201,6 +217,9 @@ void AddPlaces(const tree::Product& product, const layout::KeyPattern& asked,
     for (Explanation& explanation : *explanations) {
         const Value& value = *explanation.values.front();
         const std::vector<layout::Name> modules = ModulesMeant(value, asked, run);
+        const bool isSearched = value.modules.size() > 1 && !asked.Offset();
+        const Value* given = isSearched ? GivenBy(modules, explanation, run) : nullptr;
+        explanation.chosen = given == nullptr ? explanation.chosen : given;
         const std::optional<Setting> setting =
             SettingOf(product, modules, value.section, value.key);
         if (setting.has_value()) {
@@ -354,9 +373,9 @@ Json ExplanationJson(const Explanation& explanation, const image::Input* input) 
         AddTreeJson(explanation, &json);
     }
     if (input != nullptr) {
-        json["isRead"] = image::IsRead(input->image, value);
-        json["value"] = image::ValueJson(input->image, value);
-        json["raw"] = image::EntryOf(input->image, value).raw;
+        json["isRead"] = image::IsRead(input->image, *explanation.chosen);
+        json["value"] = image::ValueJson(input->image, *explanation.chosen);
+        json["raw"] = image::EntryOf(input->image, *explanation.chosen).raw;
     }
     return json;
 }

@@ -26,6 +26,7 @@ struct RelatedKey {
 /// A key, or a member of the image without one.
 struct Explanation {
     std::vector<const layout::Value*> values;  ///< all that it gives, by offset; at least one
+    const layout::Value* chosen;               ///< the one of them that was asked for, or the first
     std::vector<check::Relation> relations;    ///< by the rules, in any product
     std::vector<RelatedKey> related;           ///< in the given product
 

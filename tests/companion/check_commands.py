@@ -212,6 +212,8 @@ def check_explain():
     for lens in ("cam0_ldccfg_1/LDCV1Attr:xratio", "@20944"):
         out, _ = run("explain", lens, EXAMPLE)
         require(f"set      {EXAMPLE}/camera/ldc/ldc1_photo_2160p.ini:10:8 to '77'" in out, "the module's own: " + out)
+        found = json.loads(run("explain", "--format=json", lens, EXAMPLE)[0])["values"][0]
+        require((found["text"], found["value"]) == ("77", 77), "the value that the module gives: " + str(found))
     require("set      nowhere" in run("explain", "@15352", EXAMPLE)[0], "no module gives this mode's")
 
 
