@@ -318,14 +318,13 @@ private:
             return References::NumberOf(*value).has_value() != number.isNumber;
         });
         const bool isCut = number.isNumber && number.end != given.text.size();
-        if (isMixed || (isCut && inspection_.IsOn(RuleId::kTrailingText)) ||
-            IsOnUnreadLine(given, menu)) {
+        if (isMixed || (isCut && inspection_.IsOn(RuleId::kTrailingText))) {
             return;  // that is told
         }
         const bool isOffered = std::any_of(values.begin(), values.end(), [&](const Given* value) {
             return IsSame(given, *value);
         });
-        if (values.empty() || isOffered || HasBadValue(menu)) {
+        if (values.empty() || isOffered || HasBadValue(menu) || IsOnUnreadLine(given, menu)) {
             return;
         }
         std::string texts;
