@@ -42,13 +42,6 @@ Assignment ParseAssignment(const std::string& argument) {
     return {.name = OneKey(argument.substr(0, equals)), .value = argument.substr(equals + 1)};
 }
 
-/// Where a file lies, links resolved: several modules may have it under different names.
-std::string RealPath(const tree::FoundFile& file) {
-    std::error_code error;
-    const std::filesystem::path real = std::filesystem::canonical(file.shown, error);
-    return error ? file.shown : real.string();
-}
-
 /// The files of a tree while they are changed.
 class Change {
 public:
@@ -76,7 +69,8 @@ public:
         }
         files_[RealPath(*module->file)] = {module->file, std::make_unique<tree::IniFile>(*bytes)};
         for (const tree::Module& other : product_.modules()) {
-            if (other.file != nullptr && RealPath(*other.file) == RealPath(*module->file)) {
+            if (other.file != nullptr && other.file->ini != nullptr &&
+                RealPath(*other.file) == RealPath(*module->file)) {
                 pretence_.texts[{other.name, key}] = assignment.value;
             }
         }
@@ -148,7 +142,22 @@ private:
         }
     }
 
-    const tree::IniFile& FileOf(const tree::Module& module) const {
+    /// Where a file lies, links resolved: several modules may have it under different names. It is
+    /// found out once, so that a failure cannot make two files of one.
+    const std::string& RealPath(const tree::FoundFile& file) {
+        const auto [known, isNew] = realPaths_.try_emplace(&file, file.shown);
+        if (isNew) {
+            std::error_code error;
+            const std::filesystem::path real = std::filesystem::canonical(file.shown, error);
+            if (error && error != std::errc::no_such_file_or_directory) {  // (a pipe has no path)
+                throw output::UserError(output::Shown(file.shown) + ": " + error.message());
+            }
+            known->second = error ? file.shown : real.string();
+        }
+        return known->second;
+    }
+
+    const tree::IniFile& FileOf(const tree::Module& module) {
         const auto changed = files_.find(RealPath(*module.file));
         return changed == files_.end() ? *module.file->ini : *changed->second.ini;
     }
@@ -159,6 +168,7 @@ private:
     compile::Compilation before_ = {};
     compile::Pretence pretence_;
     std::map<std::string, Changed> files_;  ///< by their real paths
+    std::map<const tree::FoundFile*, std::string> realPaths_;
     std::vector<layout::KeyName> keys_;
 };
 
