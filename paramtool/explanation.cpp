@@ -154,10 +154,10 @@ struct Setting {
 std::optional<Setting> SettingOf(const tree::Product& product,
                                  std::span<const layout::Name> modules, const std::string& section,
                                  const std::string& key) {
+    const std::string full = section + ":" + key;
     for (const layout::Name name : modules) {
         const tree::Module* module = product.FindModule(name);
-        const tree::Line* line =
-            module == nullptr ? nullptr : module->file->ini->Find(section + ":" + key);
+        const tree::Line* line = module == nullptr ? nullptr : module->file->ini->Find(full);
         if (line != nullptr && line->kind == tree::LineKind::kValue) {
             const tree::Span part = line->value.Size() == 0 ? line->name : line->value;
             return Setting{.place = diagnostics::PlaceOf(*module->file, *line, part),

@@ -82,7 +82,7 @@ public:
         for (const compile::Stop& stop : compile::FindStops(&session_, pretence_)) {
             const bool isOld = std::any_of(stops_.begin(), stops_.end(), [&](const auto& old) {
                 return old.at == stop.at && old.module == stop.module && old.key == stop.key &&
-                       pretence_.texts.count({stop.module, stop.key}) == 0;
+                       !pretence_.texts.contains({stop.module, stop.key});
             });
             if (!isOld) {
                 throw Refused(stop.at == compile::Stop::At::kKey
