@@ -82,7 +82,9 @@ std::string TextInImage(const std::string& argument, const layout::KeyPattern& p
     if (texts.size() > 1) {
         std::set<std::string> list;
         for (const auto& [text, value] : texts) {
-            list.insert("@" + std::to_string(value->offset) + ": " + output::Shown(text));
+            std::string place = "@";
+            place.append(std::to_string(value->offset)).append(": ").append(output::Shown(text));
+            list.insert(place);
         }
         RefuseSeveral(output::Shown(argument) + " has places that differ, and one is needed:",
                       list);
