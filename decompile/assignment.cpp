@@ -90,7 +90,8 @@ void Assignment::AssignOne(KeyId id, const compile::Answer& answer) {
     if (IsCount(id, offset) && !IsWhole(target)) {
         overwritten_.push_back(offset);
     }
-    if (!text && absent_.count(id) == 0 && (isOnlyOneLeft || !IsSilent(target))) {
+    // A place that cannot be made leaves the key to its other places.
+    if (!text && absent_.count(id) == 0 && (isOnlyOneLeft || CanBeMade(target))) {
         text = Choose(target);
         if (text) {
             texts_[id] = *text;
@@ -164,17 +165,8 @@ bool Assignment::KeptServes(const Target& target) const {
     return true;
 }
 
-/// Whether another place of its key is to decide about the key: this one is overwritten, or no
-/// value makes it what is wanted.
-bool Assignment::IsSilent(const Target& target) const {
-    if (IsCount(target.id, target.offset)) {
-        return false;
-    }
-    return IsFree(target) || (!KeptServes(target) && !DefaultServes(target) && !CanBeWhole(target));
-}
-
-/// Whether some value gives all of the wanted bytes, or leaves them to earlier values.
-bool Assignment::CanBeWhole(const Target& target) const {
+/// Whether some value of its key gives all of the wanted bytes.
+bool Assignment::CanBeMade(const Target& target) const {
     if (!IsText(*target.value)) {
         return ChooseNumber(target).has_value();
     }
@@ -183,8 +175,7 @@ bool Assignment::CanBeWhole(const Target& target) const {
         return false;
     }
     for (std::size_t i = StoredSize(*text); i < target.size; ++i) {
-        const std::size_t at = target.offset + i;
-        if (!claimed_[at] && image_[at] != std::byte{0} && writers_[at] == 0) {
+        if (image_[target.offset + i] != std::byte{0}) {
             return false;
         }
     }

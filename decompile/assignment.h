@@ -46,8 +46,7 @@ private:
     std::optional<std::string> ChooseText(const Target& target) const;
     std::optional<std::string> ChooseNumber(const Target& target) const;
     bool KeptServes(const Target& target) const;
-    bool IsSilent(const Target& target) const;
-    bool CanBeWhole(const Target& target) const;
+    bool CanBeMade(const Target& target) const;
     bool IsWanted(std::uint32_t offset) const { return !claimed_[offset]; }
     bool IsFree(const Target& target) const;
     bool IsWhole(const Target& target) const;

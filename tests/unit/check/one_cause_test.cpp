@@ -33,14 +33,15 @@ Files Example() {
 }
 
 /// "file:line id" of everything that is found in the example when it is changed like this.
-std::vector<std::string> FoundIn(const std::function<void(Files&)>& change) {
+std::vector<std::string> FoundIn(const std::function<void(Files&)>& change,
+                                 const Choice& choice = {}) {
     Files files = Example();
     change(files);
     const TempDir directory;
     testing::Write(files, directory);
     const paramgen::testing::WorkingDirectory inside(directory.path());
     std::vector<std::string> found;
-    for (const diagnostics::Finding& finding : Check(".", {}).findings) {
+    for (const diagnostics::Finding& finding : Check(".", choice).findings) {
         found.push_back(finding.place.file + ":" + std::to_string(finding.place.line) + " " +
                         std::string(RuleOf(finding.id).name));
     }
@@ -129,6 +130,20 @@ TEST(OneCause, AChoiceOfAMenuWithAUnit) {
         Replace(&files["workmode/record.ini"], "split_time      = 180", "split_time = 3 min");
     };
     EXPECT_EQ(FoundIn(set), Found{"workmode/record.ini:29 trailing-text"});
+}
+
+TEST(OneCause, WhatIsNotToldHidesNothing) {
+    const auto without = [](const std::string& id, const std::string& file, const std::string& from,
+                            const std::string& to) {
+        return FoundIn([&](Files& files) { Replace(&files[file], from, to); },
+                       {.enabled = {}, .disabled = {id}});
+    };
+    EXPECT_EQ(without("trailing-text", "workmode/record.ini", "split_time      = 180",
+                      "split_time = 3 min"),
+              Found{"workmode/record.ini:29 not-offered"});
+    EXPECT_EQ(without("unread-key", "valueset.ini", "[drive_sensitivity]\nnum = 4",
+                      "[drive_sensitivity]\nnum = 2"),
+              Found{"devmng.ini:19 not-offered"});
 }
 
 TEST(OneCause, AWideFileWithoutAMark) {
